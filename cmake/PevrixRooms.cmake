@@ -1,0 +1,52 @@
+# How a room, a test and the compiler flags of all of them are declared.
+
+# Flags of everything that is ours: C++20, warnings as errors, the sanitizer.
+add_library(pevrix_flags INTERFACE)
+target_compile_features(pevrix_flags INTERFACE cxx_std_20)
+target_include_directories(pevrix_flags INTERFACE ${PROJECT_SOURCE_DIR})
+if(MSVC)
+    target_compile_options(pevrix_flags INTERFACE /W4 /WX /permissive- /utf-8)
+else()
+    target_compile_options(pevrix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+        -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Werror)
+endif()
+target_compile_definitions(pevrix_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_CONTEXTLESS_CONNECT
+    QT_NO_FOREACH QT_DISABLE_DEPRECATED_UP_TO=0x060800)
+if(PEVRIX_SANITIZER)
+    target_compile_options(pevrix_flags INTERFACE -fsanitize=${PEVRIX_SANITIZER}
+        -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(pevrix_flags INTERFACE -fsanitize=${PEVRIX_SANITIZER})
+endif()
+if(PEVRIX_FUZZ)
+    target_compile_options(pevrix_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# pevrix_room(NAME [QT] SOURCES file... LINKS target...)
+# One static library pevrix_NAME. QT: the room has QObjects (moc runs over it).
+function(pevrix_room name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "QT" "" "SOURCES;LINKS")
+    add_library(pevrix_${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(pevrix_${name} PUBLIC ${ARG_LINKS} PRIVATE pevrix_flags)
+    target_include_directories(pevrix_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    set_target_properties(pevrix_${name} PROPERTIES AUTOMOC ${ARG_QT})
+endfunction()
+
+# pevrix_executable(NAME SOURCES file... LINKS target...)
+function(pevrix_executable name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINKS")
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE ${ARG_LINKS} pevrix_flags)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+endfunction()
+
+# pevrix_test(NAME SOURCES file... LINKS target...)
+# A GoogleTest program; every test in it is a ctest test. Qt's own display is never needed.
+function(pevrix_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINKS")
+    pevrix_executable(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} pevrix_test_main)
+    gtest_discover_tests(${name}
+        TEST_PREFIX "${name}."
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 300 ENVIRONMENT "${PEVRIX_TEST_ENVIRONMENT}")
+endfunction()
