@@ -1,0 +1,45 @@
+#include "pairing/Pairing.h"
+
+#include "pairing/LanEndpoints.h"
+#include "pairing/PairingToken.h"
+#include "pairing/PairingUri.h"
+#include "pairing/QrImage.h"
+
+#include <QHostInfo>
+
+namespace pevrix {
+namespace {
+
+constexpr quint16 kDefaultPort = 8788; // what the server would listen on if nobody else did
+
+} // namespace
+
+PairingInfo describePairing(const QString& token, const QString& hostName,
+                            const QStringList& endpoints, quint16 port, bool captureMode)
+{
+    PairingInfo info{.token = token,
+                     .shownToken = token,
+                     .pcName = hostName,
+                     .addressText = endpoints.value(0, QStringLiteral("No LAN address found")),
+                     .uri = {},
+                     .qrDataUrl = {}};
+    if (captureMode) {
+        info.pcName = QStringLiteral("DESKTOP-PEVRIX");
+        info.addressText = QStringLiteral("192.168.1.42:") + QString::number(port);
+        info.shownToken = QStringLiteral("Bm4Rt8Wq2Zx6Hn3K");
+    }
+    info.uri = writePairingUri({info.pcName, info.shownToken, endpoints});
+    info.qrDataUrl = makeQrDataUrl(info.uri);
+    return info;
+}
+
+PairingInfo refreshPairing(const QString& tokenFolder, quint16 boundPort, bool captureMode)
+{
+    const QString token = makePairingToken();
+    writeTokenFile(tokenFolder, token);
+    const quint16 port = boundPort != 0 ? boundPort : kDefaultPort;
+    return describePairing(token, QHostInfo::localHostName(), findLanEndpoints(port), port,
+                           captureMode);
+}
+
+} // namespace pevrix

@@ -1,0 +1,98 @@
+#include "pairing/PhoneRoster.h"
+
+#include <QVariantMap>
+
+#include <algorithm>
+
+namespace pevrix {
+
+std::vector<PhoneRoster::Phone>::iterator PhoneRoster::iteratorOf(int id)
+{
+    return std::find_if(m_phones.begin(), m_phones.end(),
+                        [id](const Phone& phone) { return phone.id == id; });
+}
+
+const PhoneRoster::Phone* PhoneRoster::find(int id) const
+{
+    const auto found = std::find_if(m_phones.begin(), m_phones.end(),
+                                    [id](const Phone& phone) { return phone.id == id; });
+    return found == m_phones.end() ? nullptr : &*found;
+}
+
+QString PhoneRoster::displayName(const Phone& phone) const
+{
+    return m_names.value(phone.deviceId, phone.phoneName);
+}
+
+bool PhoneRoster::add(Phone phone)
+{
+    phone.name = displayName(phone);
+    const int id = phone.id;
+    if (const auto known = iteratorOf(id); known != m_phones.end()) {
+        *known = std::move(phone);
+    } else {
+        m_phones.push_back(std::move(phone));
+    }
+    if (m_activeId >= 0) {
+        return false;
+    }
+    m_activeId = id;
+    return true;
+}
+
+bool PhoneRoster::remove(int id)
+{
+    const auto phone = iteratorOf(id);
+    if (phone == m_phones.end()) {
+        return false;
+    }
+    m_phones.erase(phone);
+    if (id != m_activeId) {
+        return false;
+    }
+    m_activeId = m_phones.empty() ? kNoPhone : m_phones.front().id;
+    return true;
+}
+
+bool PhoneRoster::setActive(int id)
+{
+    if (id == m_activeId || !find(id)) {
+        return false;
+    }
+    m_activeId = id;
+    return true;
+}
+
+std::optional<PhoneRoster::NameChange> PhoneRoster::rename(int id, const QString& newName)
+{
+    const auto phone = iteratorOf(id);
+    if (phone == m_phones.end()) {
+        return std::nullopt;
+    }
+    const QString name = newName.trimmed();
+    if (name.isEmpty()) {
+        m_names.remove(phone->deviceId);
+    } else {
+        m_names.insert(phone->deviceId, name);
+    }
+    phone->name = displayName(*phone);
+    return NameChange{phone->deviceId, name};
+}
+
+QVariantList PhoneRoster::toVariantList() const
+{
+    QVariantList list;
+    list.reserve(static_cast<qsizetype>(m_phones.size()));
+    for (const Phone& phone : m_phones) {
+        list.append(QVariantMap{{QStringLiteral("id"), phone.id},
+                                {QStringLiteral("deviceId"), phone.deviceId},
+                                {QStringLiteral("name"), phone.name},
+                                {QStringLiteral("phoneName"), phone.phoneName},
+                                {QStringLiteral("model"), phone.model},
+                                {QStringLiteral("os"), phone.os},
+                                {QStringLiteral("usb"), phone.usb}});
+    }
+    return list;
+}
+
+} // namespace pevrix
