@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace pevrix {
+
+// Turns the phone's H.264 stream into packed BGR pictures. No thread, timer or queue of its own:
+// every call runs on the caller's thread, and pictures are handed out before the call returns.
+// One caller at a time. Nothing is logged and nothing thrown: data that cannot be decoded is
+// dropped, and the stream goes on with the next clean keyframe.
+class H264Decoder
+{
+public:
+    // Packed 3-byte pixels in the order blue, green, red, top row first, rows of exactly
+    // width * 3 bytes. The pointer is valid only during the call; the callback must not call
+    // back into the decoder.
+    using FrameCallback =
+        std::function<void(const std::uint8_t* bgr, int width, int height, std::int64_t ptsUsec)>;
+
+    explicit H264Decoder(FrameCallback onFrame = {});
+    ~H264Decoder();
+    H264Decoder(const H264Decoder&) = delete;
+    H264Decoder& operator=(const H264Decoder&) = delete;
+
+    void setFrameCallback(FrameCallback onFrame);
+
+    // Makes a decoder for a stream of the announced size, in pixels, tearing down the one that
+    // exists. The size is only a hint: pictures come with the size that the stream itself
+    // declares. False leaves the decoder uninitialised.
+    [[nodiscard]] bool initialize(std::uint32_t width, std::uint32_t height);
+
+    // Whether feed() does anything, that is, whether the last initialize() succeeded and no
+    // reset() followed.
+    [[nodiscard]] bool initialized() const;
+
+    // Submits one Annex-B access unit, or a blob of parameter sets (with time 0), and delivers
+    // every picture that is ready. A picture carries the time of its access unit.
+    void feed(std::span<const std::uint8_t> data, std::int64_t timestampUs);
+
+    // Delivers what is ready without new input.
+    void drain();
+
+    // Drops the decoder with its parameter sets and reference pictures; the callback stays.
+    void reset();
+
+private:
+    struct Transform;
+
+    FrameCallback m_onFrame;
+    std::vector<std::uint8_t> m_rgb;
+    std::unique_ptr<Transform> m_transform;
+};
+
+} // namespace pevrix
