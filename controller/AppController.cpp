@@ -1,0 +1,193 @@
+#include "controller/AppController.h"
+
+#include "phone/Protocol.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QStyleHints>
+
+using namespace Qt::StringLiterals;
+
+namespace pevrix {
+
+AppController::AppController(QObject* parent)
+    : QObject(parent)
+    , m_status(u"Idle"_s)
+    , m_serverInfo(u"Not listening"_s)
+    , m_themeMode(m_settings.themeMode())
+{
+    m_server.setTrusted(m_settings.trusted());
+    m_roster.setNames(m_settings.names());
+    connect(QGuiApplication::styleHints(), &QStyleHints::colorSchemeChanged, this,
+            &AppController::osDarkChanged);
+    connect(&m_pipeline, &LivePipeline::frameReady, this, &AppController::frameReady);
+    connectServer();
+}
+
+AppController::~AppController()
+{
+    stop();
+    // The sockets close while members go; nothing of that concerns us any more.
+    m_server.disconnect(this);
+}
+
+void AppController::connectServer()
+{
+    connect(&m_server, &PhoneServer::phoneConnected, this,
+            [this](int id, const QString& deviceId, const QString& name, const QString& model,
+                   const QString& os, bool usb) {
+                onPhoneConnected({id, deviceId, {}, name, model, os, usb});
+            });
+    connect(&m_server, &PhoneServer::phoneDisconnected, this, &AppController::onPhoneDisconnected);
+    connect(&m_server, &PhoneServer::devicePaired, this,
+            [this](const QString& deviceId, const QString& token) {
+                m_settings.trust(deviceId, token);
+            });
+    connect(&m_server, &PhoneServer::streamInfo, this,
+            [this](int id, int width, int height) { onStreamInfo(id, width, height); });
+    connect(&m_server, &PhoneServer::videoConfig, this,
+            [this](int id, const QByteArray& parameterSets) {
+                if (id == m_roster.activeId()) {
+                    m_pipeline.feed(parameterSets, 0);
+                }
+            });
+    connect(&m_server, &PhoneServer::videoFrame, this,
+            [this](int id, const QByteArray& accessUnit, qint64 ptsUsec) {
+                if (id == m_roster.activeId()) {
+                    m_pipeline.feed(accessUnit, ptsUsec);
+                }
+            });
+}
+
+QString AppController::phoneName() const
+{
+    const PhoneRoster::Phone* phone = m_roster.find(m_roster.activeId());
+    return phone ? phone->name : QString();
+}
+
+bool AppController::osDark() const
+{
+    // An unknown scheme counts as dark.
+    return QGuiApplication::styleHints()->colorScheme() != Qt::ColorScheme::Light;
+}
+
+void AppController::start()
+{
+    if (m_started) {
+        return;
+    }
+    m_started = true;
+    listen();
+    refreshPairingInfo();
+    m_status = u"Idle (ready to pair)"_s;
+    Q_EMIT changed();
+}
+
+// Another program, or another Pevrix, may hold the usual port: any other serves as well, since
+// the code tells the phone which one.
+void AppController::listen()
+{
+    if (!m_server.listen(kDefaultPort) && !m_server.listen(0)) {
+        m_serverInfo = u"Failed to listen"_s;
+        qWarning("Pevrix: no port to listen on");
+        return;
+    }
+    m_serverInfo = u"Listening on "_s + QString::number(m_server.port());
+    qInfo("Pevrix: listening on port %d", m_server.port());
+}
+
+void AppController::refreshPairingInfo()
+{
+    m_pairing = refreshPairing(QCoreApplication::applicationDirPath(), m_server.port(), false);
+    m_server.setToken(m_pairing.token);
+    m_server.setPcName(m_pairing.pcName);
+}
+
+void AppController::stop()
+{
+    if (!m_started) {
+        return;
+    }
+    m_started = false;
+    m_pipeline.goIdle();
+    m_status = u"Stopped"_s;
+    qInfo("Pevrix: stopped after %lld access units received, %lld pictures decoded",
+          static_cast<long long>(framesReceived()), static_cast<long long>(framesDecoded()));
+    Q_EMIT changed();
+}
+
+void AppController::setActive(int id)
+{
+    const int previous = m_roster.activeId();
+    if (!m_roster.setActive(id)) {
+        return;
+    }
+    if (previous >= 0) {
+        m_server.setActive(previous, false);
+    }
+    activate(id);
+    Q_EMIT changed();
+}
+
+// Asks the phone for its video; what it announced about that earlier is still true.
+void AppController::activate(int id)
+{
+    m_server.setActive(id, true);
+    if (const auto size = m_streamSizes.constFind(id); size != m_streamSizes.constEnd()) {
+        startStream(*size);
+    }
+}
+
+void AppController::onPhoneConnected(PhoneRoster::Phone phone)
+{
+    const int id = phone.id;
+    qInfo("Pevrix: phone %d connected over %s", id, phone.usb ? "USB" : "Wi-Fi");
+    if (m_roster.add(std::move(phone))) {
+        m_server.setActive(id, true);
+    }
+    Q_EMIT changed();
+}
+
+void AppController::onPhoneDisconnected(int id)
+{
+    qInfo("Pevrix: phone %d disconnected", id);
+    m_streamSizes.remove(id);
+    if (m_roster.remove(id)) {
+        if (m_roster.isEmpty()) {
+            m_pipeline.goIdle();
+            m_status = u"Idle (ready to pair)"_s;
+        } else {
+            activate(m_roster.activeId());
+        }
+    }
+    Q_EMIT changed();
+}
+
+void AppController::onStreamInfo(int id, int width, int height)
+{
+    m_streamSizes.insert(id, QSize(width, height));
+    if (id == m_roster.activeId()) {
+        startStream(QSize(width, height));
+    }
+}
+
+void AppController::startStream(QSize size)
+{
+    m_pipeline.startStream(size.width(), size.height());
+    if (m_pipeline.isLive()) {
+        m_status = u"Live (decoding phone stream)"_s;
+    }
+    Q_EMIT changed();
+}
+
+void AppController::setThemeMode(int mode)
+{
+    if (!Settings::isThemeMode(mode) || mode == m_themeMode) {
+        return;
+    }
+    m_themeMode = mode;
+    m_settings.setThemeMode(mode);
+    Q_EMIT themeModeChanged();
+}
+
+} // namespace pevrix

@@ -1,0 +1,167 @@
+#include "controller/Settings.h"
+
+#include <QFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace pevrix {
+
+namespace {
+
+constexpr auto kThemeMode = "theme/mode"_L1;
+constexpr auto kRecordingFolder = "recording/folder"_L1;
+constexpr auto kMinimizeToTray = "options/minimizeToTray"_L1;
+constexpr auto kLanguage = "language"_L1;
+constexpr auto kTrusted = "trusted"_L1;
+constexpr auto kNames = "names"_L1;
+
+// A settings file holds a few kilobytes; far larger ones are not read to be looked at.
+constexpr qint64 kMaxInspectedBytes = 16 * 1024 * 1024;
+
+bool isIntactLine(QByteArrayView line)
+{
+    line = line.trimmed();
+    return line.isEmpty() || line.startsWith(';') || line.contains('=') ||
+           (line.startsWith('[') && line.endsWith(']'));
+}
+
+// The store itself takes any bytes for an INI file and silently drops what it cannot read.
+bool looksDamaged(const QByteArray& bytes)
+{
+    if (bytes.isEmpty()) {
+        return false;
+    }
+    if (bytes.contains('\0') || !bytes.endsWith('\n')) {
+        return true;
+    }
+    const auto lines = bytes.split('\n');
+    return !std::all_of(lines.begin(), lines.end(),
+                        [](const QByteArray& line) { return isIntactLine(line); });
+}
+
+} // namespace
+
+Settings::Settings()
+    : m_store(QSettings::IniFormat, QSettings::UserScope, u"Pevrix"_s, u"Pevrix"_s)
+{
+    keepDamagedFile();
+}
+
+Settings::Settings(const QString& file)
+    : m_store(file, QSettings::IniFormat)
+{
+    keepDamagedFile();
+}
+
+// The next write would replace the damaged file and lose what a person could still save from it.
+void Settings::keepDamagedFile() const
+{
+    QFile file(m_store.fileName());
+    if (!file.exists()) {
+        return;
+    }
+    const bool readable = file.open(QIODevice::ReadOnly);
+    if (readable && file.size() <= kMaxInspectedBytes && !looksDamaged(file.readAll())) {
+        return;
+    }
+    const QString copy = m_store.fileName() + u".damaged"_s;
+    QFile::remove(copy);
+    const bool kept = file.copy(copy);
+    qWarning("Pevrix: the settings file cannot be read whole, defaults are used for the rest (%s)",
+             kept ? qPrintable(u"a copy is kept as "_s + copy) : "it could not be copied");
+}
+
+int Settings::themeMode() const
+{
+    const int mode = m_store.value(kThemeMode, 0).toInt();
+    return isThemeMode(mode) ? mode : 0;
+}
+
+void Settings::setThemeMode(int mode)
+{
+    m_store.setValue(kThemeMode, mode);
+}
+
+QString Settings::recordingFolder() const
+{
+    const QString stored = m_store.value(kRecordingFolder).toString();
+    return stored.isEmpty()
+               ? QStandardPaths::writableLocation(QStandardPaths::MoviesLocation) + u"/Pevrix"_s
+               : stored;
+}
+
+void Settings::setRecordingFolder(const QString& folder)
+{
+    m_store.setValue(kRecordingFolder, folder);
+}
+
+bool Settings::minimizeToTray() const
+{
+    return m_store.value(kMinimizeToTray, true).toBool();
+}
+
+void Settings::setMinimizeToTray(bool on)
+{
+    m_store.setValue(kMinimizeToTray, on);
+}
+
+QString Settings::language() const
+{
+    const QString code = m_store.value(kLanguage).toString();
+    return code.isEmpty() ? u"auto"_s : code;
+}
+
+void Settings::setLanguage(const QString& code)
+{
+    m_store.setValue(kLanguage, code);
+}
+
+void Settings::trust(const QString& deviceId, const QString& token)
+{
+    writeDevice(kTrusted, deviceId, token);
+}
+
+void Settings::forgetTrusted()
+{
+    m_store.remove(kTrusted);
+    m_store.sync();
+}
+
+void Settings::setName(const QString& deviceId, const QString& name)
+{
+    writeDevice(kNames, deviceId, name);
+}
+
+// All keys below the group, not its children only: an id with a slash in it is a deeper key.
+Settings::DeviceMap Settings::group(QLatin1StringView name) const
+{
+    DeviceMap map;
+    const QString prefix = name + u'/';
+    const QStringList keys = m_store.allKeys();
+    for (const QString& key : keys) {
+        if (key.startsWith(prefix)) {
+            map.insert(key.sliced(prefix.size()), m_store.value(key).toString());
+        }
+    }
+    return map;
+}
+
+void Settings::writeDevice(QLatin1StringView group, const QString& deviceId, const QString& value)
+{
+    if (deviceId.isEmpty() || deviceId.size() > kMaxDeviceIdLength) {
+        return;
+    }
+    const QString key = group + u'/' + deviceId;
+    if (value.isEmpty()) {
+        m_store.remove(key);
+    } else {
+        m_store.setValue(key, value);
+    }
+    // At once: a pairing must not be lost with a crash a moment later.
+    m_store.sync();
+}
+
+} // namespace pevrix

@@ -1,0 +1,169 @@
+#include "controller/Settings.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+using pevrix::Settings;
+
+namespace {
+
+class SettingsTest : public testing::Test
+{
+protected:
+    SettingsTest() { EXPECT_TRUE(m_folder.isValid()); }
+
+    [[nodiscard]] QString file() const { return m_folder.filePath(u"Pevrix.ini"_s); }
+
+    void write(const QByteArray& bytes) const
+    {
+        QFile out(file());
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        out.write(bytes);
+    }
+
+    [[nodiscard]] static QByteArray read(const QString& name)
+    {
+        QFile in(name);
+        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+    }
+
+    // Whatever the file holds, what is read from it can be used.
+    void expectUsableValues() const
+    {
+        const Settings settings(file());
+        EXPECT_TRUE(Settings::isThemeMode(settings.themeMode()));
+        EXPECT_FALSE(settings.recordingFolder().isEmpty());
+        EXPECT_FALSE(settings.language().isEmpty());
+        settings.minimizeToTray();
+        settings.trusted();
+        settings.names();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+TEST_F(SettingsTest, HasDefaultsForEverythingThatWasNeverStored)
+{
+    const Settings settings(file());
+    EXPECT_EQ(settings.themeMode(), 0);
+    EXPECT_TRUE(settings.recordingFolder().endsWith("/Pevrix"_L1));
+    EXPECT_TRUE(settings.minimizeToTray());
+    EXPECT_EQ(settings.language(), u"auto"_s);
+    EXPECT_TRUE(settings.trusted().isEmpty());
+    EXPECT_TRUE(settings.names().isEmpty());
+}
+
+TEST_F(SettingsTest, KeepsWhatWasStoredUnderTheKeysThatUsersKnow)
+{
+    {
+        Settings settings(file());
+        settings.setThemeMode(2);
+        settings.setRecordingFolder(u"/videos/ü"_s);
+        settings.setMinimizeToTray(false);
+        settings.setLanguage(u"zh_CN"_s);
+        settings.trust(u"phone-1"_s, u"token-1"_s);
+        settings.trust(u"a/b\\c=d [e]"_s, u"token-2"_s); // ids are foreign text
+        settings.setName(u"phone-1"_s, u"Küche"_s);
+    }
+    const QByteArray stored = read(file());
+    for (const char* line : {"[theme]\nmode=2", "[options]\nminimizeToTray=false",
+                             "language=zh_CN", "[trusted]\n", "phone-1=token-1"}) {
+        EXPECT_TRUE(stored.contains(line)) << line << "\n" << stored.constData();
+    }
+    const Settings again(file());
+    EXPECT_EQ(again.themeMode(), 2);
+    EXPECT_EQ(again.recordingFolder(), u"/videos/ü"_s);
+    EXPECT_FALSE(again.minimizeToTray());
+    EXPECT_EQ(again.language(), u"zh_CN"_s);
+    EXPECT_EQ(again.trusted().value(u"phone-1"_s), u"token-1"_s);
+    EXPECT_EQ(again.trusted().size(), 2);
+    EXPECT_EQ(again.names().value(u"phone-1"_s), u"Küche"_s);
+}
+
+TEST_F(SettingsTest, ForgetsTrustButNotNames)
+{
+    Settings settings(file());
+    settings.trust(u"phone-1"_s, u"token-1"_s);
+    settings.setName(u"phone-1"_s, u"Kitchen"_s);
+    settings.setName(u"phone-2"_s, u"Hall"_s);
+    settings.forgetTrusted();
+    settings.setName(u"phone-2"_s, QString());
+    const Settings again(file());
+    EXPECT_TRUE(again.trusted().isEmpty());
+    EXPECT_EQ(again.names(), (Settings::DeviceMap{{u"phone-1"_s, u"Kitchen"_s}}));
+}
+
+TEST_F(SettingsTest, DoesNotStoreIdsWithoutBound)
+{
+    Settings settings(file());
+    settings.trust(QString(), u"token"_s);
+    settings.trust(QString(Settings::kMaxDeviceIdLength, u'x'), u"token"_s);
+    settings.trust(QString(Settings::kMaxDeviceIdLength + 1, u'x'), u"token"_s);
+    EXPECT_EQ(settings.trusted().size(), 1);
+}
+
+TEST_F(SettingsTest, ReadsValuesOutOfRangeAsDefaults)
+{
+    for (const char* mode : {"3", "-1", "banana", "99999999999", "@Invalid()"}) {
+        write(QByteArray("[theme]\nmode=") + mode + "\n[recording]\nfolder=\n");
+        EXPECT_EQ(Settings(file()).themeMode(), 0) << mode;
+        expectUsableValues();
+    }
+}
+
+TEST_F(SettingsTest, KeepsACopyOfADamagedFileBeforeItIsReplaced)
+{
+    const QByteArray damaged = "[trusted]\nphone-1=token-1\nphone-2=tok"; // cut in a line
+    write(damaged);
+    Settings settings(file());
+    EXPECT_EQ(settings.trusted().value(u"phone-1"_s), u"token-1"_s); // what is whole is used
+    settings.setThemeMode(1);
+    EXPECT_EQ(read(file() + u".damaged"_s), damaged);
+
+    write("[theme]\nmode=1\n");
+    QFile::remove(file() + u".damaged"_s);
+    Settings intact(file());
+    EXPECT_FALSE(QFile::exists(file() + u".damaged"_s));
+}
+
+TEST_F(SettingsTest, SurvivesAnyContent)
+{
+    {
+        Settings settings(file());
+        settings.setThemeMode(1);
+        settings.trust(u"phone-1"_s, u"token-1"_s);
+        settings.setName(u"phone-1"_s, u"ein Name; mit = allem"_s);
+    }
+    const QByteArray whole = read(file());
+    for (qsizetype length = 0; length <= whole.size(); ++length) {
+        write(whole.first(length));
+        expectUsableValues();
+    }
+    write(QByteArray(4096, '\0'));
+    expectUsableValues();
+    QRandomGenerator random(1);
+    for (int round = 0; round < 200; ++round) {
+        QByteArray noise(round * 7, '\0');
+        for (char& byte : noise) {
+            byte = static_cast<char>(random.bounded(256));
+        }
+        write(noise);
+        expectUsableValues();
+    }
+}
+
+TEST_F(SettingsTest, WorksWithoutAFileThatCanBeReadOrWritten)
+{
+    ASSERT_TRUE(QDir().mkdir(file())); // a folder where the file should be
+    Settings settings(file());
+    EXPECT_EQ(settings.themeMode(), 0);
+    settings.trust(u"phone-1"_s, u"token-1"_s);
+    expectUsableValues();
+}

@@ -1,0 +1,144 @@
+#include "pairing/Pairing.h"
+
+#include "pairing/PairingToken.h"
+#include "pairing/PairingUri.h"
+#include "pairing/QrImage.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QFile>
+#include <QHostInfo>
+#include <QTemporaryDir>
+
+#include <array>
+#include <set>
+
+using namespace pevrix;
+
+namespace {
+
+QString tokenFile(const QTemporaryDir& folder)
+{
+    return folder.filePath(QStringLiteral("pairing-token.txt"));
+}
+
+std::string contentOf(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll().toStdString();
+}
+
+} // namespace
+
+TEST(PairingToken, isTwentyTwoUriCharactersOfWhichEachIsDrawnAnew)
+{
+    std::set<std::string> tokens;
+    std::array<std::set<char>, 22> seen;
+    for (int i = 0; i < 300; ++i) {
+        const std::string token = makePairingToken().toStdString();
+        ASSERT_THAT(token, testing::MatchesRegex("[A-Za-z0-9_-]{22}"));
+        tokens.insert(token);
+        for (std::size_t position = 0; position < seen.size(); ++position) {
+            seen[position].insert(token[position]);
+        }
+    }
+    EXPECT_EQ(tokens.size(), 300u);
+    for (std::size_t position = 0; position < 21; ++position) {
+        EXPECT_GT(seen[position].size(), 48u) << position; // of 64
+    }
+    // The last character carries two bits of the 128.
+    EXPECT_THAT(seen[21], testing::ElementsAre('A', 'Q', 'g', 'w'));
+}
+
+TEST(PairingToken, isKeptInASideFileThatOnlyItsOwnerReads)
+{
+    const QTemporaryDir folder;
+    QFile older(tokenFile(folder));
+    ASSERT_TRUE(older.open(QIODevice::WriteOnly));
+    older.write("a longer text that was here before the token");
+    older.close();
+    older.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
+                         QFile::ReadOther);
+
+    writeTokenFile(folder.path(), QStringLiteral("AbC-_9"));
+    EXPECT_EQ(contentOf(tokenFile(folder)), "AbC-_9");
+    const QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    EXPECT_FALSE(QFile::permissions(tokenFile(folder)) & others);
+
+    ASSERT_TRUE(QFile::remove(tokenFile(folder)));
+    writeTokenFile(folder.path(), QStringLiteral("new"));
+    EXPECT_FALSE(QFile::permissions(tokenFile(folder)) & others);
+}
+
+TEST(Pairing, refreshMakesANewTokenAndReplacesTheFile)
+{
+    const QTemporaryDir folder;
+    const PairingInfo first = refreshPairing(folder.path(), 5000, false);
+    EXPECT_EQ(contentOf(tokenFile(folder)), first.token.toStdString());
+    const PairingInfo second = refreshPairing(folder.path(), 5000, false);
+    EXPECT_NE(first.token, second.token);
+    EXPECT_EQ(contentOf(tokenFile(folder)), second.token.toStdString());
+    EXPECT_EQ(second.pcName, QHostInfo::localHostName());
+
+    const auto uri = parsePairingUri(second.uri);
+    ASSERT_TRUE(uri) << second.uri.toStdString();
+    EXPECT_EQ(uri->token, second.token);
+    EXPECT_EQ(uri->pcName, second.pcName);
+    EXPECT_EQ(uri->endpoints.value(0, QStringLiteral("No LAN address found")), second.addressText);
+    for (const QString& endpoint : uri->endpoints) {
+        EXPECT_EQ(parsePairingEndpoint(endpoint)->port, 5000);
+    }
+}
+
+TEST(Pairing, refreshWorksWhereTheFileCannotBeWritten)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("pairing-token.txt"))); // in its place
+    for (const QString& path : {folder.path(), folder.filePath(QStringLiteral("missing"))}) {
+        const PairingInfo info = refreshPairing(path, 5000, false);
+        EXPECT_EQ(info.token.size(), 22);
+        EXPECT_FALSE(info.qrDataUrl.isEmpty());
+    }
+}
+
+TEST(Pairing, refreshInCaptureModeShowsDemoValuesButKeepsTheRealToken)
+{
+    const QTemporaryDir folder;
+    const PairingInfo info = refreshPairing(folder.path(), 0, true);
+    EXPECT_EQ(contentOf(tokenFile(folder)), info.token.toStdString());
+    EXPECT_EQ(info.token.size(), 22);
+    EXPECT_EQ(info.addressText, QStringLiteral("192.168.1.42:8788")); // not listening: the default
+    EXPECT_TRUE(info.uri.startsWith(
+        QStringLiteral("pevrix://pair?v=1&pc=DESKTOP-PEVRIX&t=Bm4Rt8Wq2Zx6Hn3K")));
+}
+
+TEST(Pairing, isDescribedFromTheTokenTheNameAndTheEndpoints)
+{
+    const QString token = QStringLiteral("T");
+    const QStringList two{QStringLiteral("10.0.0.5:81"), QStringLiteral("172.16.0.1:81")};
+
+    const PairingInfo real = describePairing(token, QStringLiteral("My PC"), two, 81, false);
+    EXPECT_EQ(real.addressText, two[0]);
+    EXPECT_EQ(real.shownToken, token);
+    EXPECT_EQ(real.uri,
+              QStringLiteral("pevrix://pair?v=1&pc=My%20PC&t=T&h=10.0.0.5:81,172.16.0.1:81"));
+    EXPECT_EQ(real.qrDataUrl, makeQrDataUrl(real.uri));
+
+    const PairingInfo alone = describePairing(token, QStringLiteral("PC"), {}, 81, false);
+    EXPECT_EQ(alone.addressText, QStringLiteral("No LAN address found"));
+    EXPECT_EQ(alone.uri, QStringLiteral("pevrix://pair?v=1&pc=PC&t=T"));
+    EXPECT_FALSE(alone.qrDataUrl.isEmpty());
+
+    const PairingInfo demo = describePairing(token, QStringLiteral("My PC"), two, 81, true);
+    EXPECT_EQ(demo.token, token);
+    EXPECT_EQ(demo.shownToken, QStringLiteral("Bm4Rt8Wq2Zx6Hn3K"));
+    EXPECT_EQ(demo.addressText, QStringLiteral("192.168.1.42:81"));
+    EXPECT_EQ(demo.uri, QStringLiteral("pevrix://pair?v=1&pc=DESKTOP-PEVRIX&t=Bm4Rt8Wq2Zx6Hn3K"
+                                       "&h=10.0.0.5:81,172.16.0.1:81"));
+
+    const PairingInfo tooLong = describePairing(token, QString(2400, u'x'), two, 81, false);
+    EXPECT_EQ(tooLong.qrDataUrl, QString());
+}

@@ -1,0 +1,84 @@
+# The demo's session, run inside the environment: starts a virtual display, the program and a
+# simulated phone, waits for decoded pictures, photographs the window twice and ends all of them.
+# Settings and log live in out/demo, so that the user's own are neither read nor changed.
+set -euo pipefail
+
+bin=build/native/bin
+work=out/demo
+log=$work/Pevrix/pevrix.log
+seconds_to_wait=20
+
+fail() {
+    printf 'demo: %s; the logs are in %s.\n' "$1" "$work" >&2
+    exit 1
+}
+
+pids=()
+end_all() {
+    for pid in "${pids[@]}"; do
+        kill "$pid" 2>/dev/null || true
+    done
+    wait 2>/dev/null || true
+}
+trap end_all EXIT
+
+# wait_for FILE TEXT WHAT: until the text stands in the file.
+wait_for() {
+    local deadline=$((SECONDS + seconds_to_wait))
+    until grep -q "$2" "$1" 2>/dev/null; do
+        [ $SECONDS -lt $deadline ] || fail "$3"
+        sleep 0.1
+    done
+}
+
+photograph() {
+    ffmpeg -loglevel error -y -f x11grab -draw_mouse 0 -i "$DISPLAY" -frames:v 1 "$1" \
+        2>"$work/photograph.log" || fail "the window could not be photographed"
+}
+
+start_display() {
+    Xvfb -displayfd 7 -screen 0 540x640x24 -nolisten tcp 7>"$work/display" 2>"$work/xvfb.log" &
+    pids+=($!)
+    wait_for "$work/display" . "the virtual display did not start"
+    export DISPLAY=:$(cat "$work/display")
+}
+
+start_program() {
+    LOCALAPPDATA=$PWD/$work XDG_CONFIG_HOME=$PWD/$work/config QT_QPA_PLATFORM=xcb \
+        "$bin/pevrix" 2>"$work/pevrix.err" &
+    program=$!
+    pids+=($program)
+    wait_for "$log" 'listening on port' "the program did not start to listen"
+    port=$(sed -n 's/.*listening on port //p' "$log")
+}
+
+start_phone() {
+    "$bin/phonesim" --host 127.0.0.1 --port "$port" --token-file "$bin/pairing-token.txt" \
+        --name "Demo phone" --size 1280x720 --fps 30 >"$work/phonesim.log" 2>&1 &
+    phone=$!
+    pids+=($phone)
+    wait_for "$log" 'phone .* connected' "the simulated phone did not pair"
+    wait_for "$log" 'first picture of the stream' "no picture of the phone's video came"
+}
+
+end_gently() {
+    kill -TERM "$1"
+    local status=0
+    wait "$1" || status=$?
+    [ "$status" = 0 ] || fail "$2 ended with status $status"
+}
+
+start_display
+start_program
+start_phone
+sleep 2
+photograph out/demo.png
+sleep 0.5
+photograph "$work/later.png"
+cmp -s out/demo.png "$work/later.png" && fail "the picture in the window does not move"
+end_gently "$phone" "the simulated phone"
+end_gently "$program" "the program"
+
+grep -hE 'phone .* connected|first picture|stopped after' "$log"
+tail -n 1 "$work/phonesim.log"
+echo "demo: the window with the live picture is in out/demo.png"

@@ -1,0 +1,12 @@
+# ./dev lint: clang-tidy over the program's sources, qmllint over the interface.
+
+command_lint() {
+    build_preset asan # the generated headers and the compilation database
+    say "clang-tidy"
+    git ls-files -z --cached --others --exclude-standard '*.cpp' | grep -zvE '_win\.cpp$|^(tests|fuzz|bench)/' |
+        in_environment xargs -0 -n1 -P"$(nproc)" clang-tidy -p build/asan --quiet ||
+        fail "clang-tidy found something" "mend the lines named above"
+    say "qmllint"
+    in_environment /usr/lib/qt6/bin/qmllint -W 0 -I qml/lint qml/*.qml ||
+        fail "qmllint found something" "mend the lines named above"
+}
