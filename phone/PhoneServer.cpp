@@ -1,0 +1,398 @@
+#include "phone/PhoneServer.h"
+
+#include "phone/Handshake.h"
+
+#include <utility>
+
+namespace pevrix {
+
+namespace {
+
+// What a socket may hold of a peer's bytes before we read them; TCP slows the peer down beyond
+// it. Below 1 MiB the throughput suffers from the many small turns.
+constexpr qint64 kReadBufferSize = 1024 * 1024;
+
+// How long one connection may keep the event loop busy before the others get their turn.
+constexpr qint64 kTurnMs = 8;
+
+// A peer that leaves more than this unread is owed no further answers: its messages wait until
+// it has taken what was sent.
+constexpr qint64 kMaxBacklog = 1024 * 1024;
+
+} // namespace
+
+PhoneServer::PhoneServer(const PhoneServerTimings& timings, QObject* parent)
+    : QObject(parent)
+    , m_timings(timings)
+{
+    m_clock.start();
+    m_pingTimer.setInterval(timings.pingInterval);
+    connect(&m_pingTimer, &QTimer::timeout, this, &PhoneServer::keepAlive);
+    connect(&m_server, &QTcpServer::newConnection, this, &PhoneServer::onNewConnection);
+}
+
+PhoneServer::~PhoneServer()
+{
+    // A socket reports its end while it is deleted; nobody is left to hear it then.
+    const auto sessions = std::exchange(m_sessions, {});
+    for (auto it = sessions.keyBegin(); it != sessions.keyEnd(); ++it) {
+        disconnect(*it, nullptr, this, nullptr);
+        delete *it;
+    }
+}
+
+bool PhoneServer::listen(quint16 port)
+{
+    if (!m_server.listen(QHostAddress::Any, port)) {
+        return false;
+    }
+    m_port = m_server.serverPort();
+    m_pingTimer.start();
+    return true;
+}
+
+void PhoneServer::addUsbSocket(QTcpSocket* socket)
+{
+    socket->setParent(this);
+    adopt(socket, true);
+    send(socket, MessageType::UsbHello, usbHelloPayload(m_token, m_pcName));
+}
+
+void PhoneServer::setActive(int id, bool active)
+{
+    QTcpSocket* const socket = findPhone(id);
+    if (socket == nullptr) {
+        return;
+    }
+    send(socket, MessageType::Active, activePayload(active));
+    if (active) {
+        send(socket, MessageType::StartRequest, "{}");
+    }
+}
+
+void PhoneServer::onNewConnection()
+{
+    while (QTcpSocket* const socket = m_server.nextPendingConnection()) {
+        adopt(socket, false);
+        dropOldestStranger();
+    }
+}
+
+void PhoneServer::adopt(QTcpSocket* socket, bool usb)
+{
+    if (socket->state() != QAbstractSocket::ConnectedState) {
+        // Its end has been reported already and would never be heard of again.
+        socket->deleteLater();
+        return;
+    }
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    socket->setReadBufferSize(kReadBufferSize);
+
+    PhoneSession session;
+    session.id = m_nextId++;
+    session.usb = usb;
+    session.lastRxMs = m_clock.elapsed();
+    const auto it = m_sessions.insert(socket, std::move(session));
+
+    connect(socket, &QTcpSocket::readyRead, this, [this, socket] { readTurn(socket); });
+    connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] { onBytesWritten(socket); });
+    connect(socket, &QTcpSocket::disconnected, this, [this, socket] { onDisconnected(socket); });
+    if (socket->bytesAvailable() > 0) {
+        // readyRead comes with fresh bytes only, and these have been announced before.
+        queueTurn(socket, *it);
+    }
+}
+
+void PhoneServer::dropOldestStranger()
+{
+    int strangers = 0;
+    QTcpSocket* oldest = nullptr;
+    int oldestId = m_nextId;
+    for (const auto& [socket, session] : std::as_const(m_sessions).asKeyValueRange()) {
+        if (session.usb || session.handshaken) {
+            continue;
+        }
+        ++strangers;
+        if (session.id < oldestId) {
+            oldestId = session.id;
+            oldest = socket;
+        }
+    }
+    if (strangers > kMaxStrangers) {
+        m_sessions[oldest].closing = true;
+        oldest->abort();
+    }
+}
+
+void PhoneServer::onDisconnected(QTcpSocket* socket)
+{
+    socket->deleteLater();
+    const auto it = m_sessions.find(socket);
+    if (it == m_sessions.end()) {
+        return;
+    }
+    if (!it->closing && !it->reading) {
+        // The peer ended the connection: what it sent before still counts.
+        it->reading = true;
+        readMessages(socket, it->id, true);
+    }
+    const PhoneSession session = m_sessions.take(socket);
+    if (session.handshaken) {
+        Q_EMIT phoneDisconnected(session.id);
+    }
+}
+
+void PhoneServer::readTurn(QTcpSocket* socket)
+{
+    PhoneSession* session = findOpen(socket);
+    if (session == nullptr || session->reading) {
+        return;
+    }
+    session->reading = true;
+    readMessages(socket, session->id, false);
+    session = findOpen(socket);
+    if (session != nullptr) {
+        session->reading = false;
+    }
+}
+
+void PhoneServer::readMessages(QTcpSocket* socket, int id, bool untilEmpty)
+{
+    const qint64 endMs = m_clock.elapsed() + kTurnMs;
+    for (;;) {
+        // Looked up each time: a receiver of our signals may have ended this or any connection.
+        PhoneSession* const session = findOpen(socket);
+        if (session == nullptr || session->id != id || session->backlogged) {
+            return;
+        }
+        if (!untilEmpty && m_clock.elapsed() > endMs) {
+            queueTurn(socket, *session);
+            return;
+        }
+        const std::span<char> target = session->splitter.writable();
+        const qint64 count = socket->read(target.data(), std::ssize(target));
+        if (count <= 0) {
+            return;
+        }
+        session->lastRxMs = m_clock.elapsed();
+        switch (session->splitter.commit(count)) {
+        case MessageSplitter::Result::NeedMore:
+            break;
+        case MessageSplitter::Result::Message:
+            dispatch(socket, session->splitter.take());
+            break;
+        case MessageSplitter::Result::Oversized:
+            close(socket);
+            return;
+        }
+    }
+}
+
+void PhoneServer::queueTurn(QTcpSocket* socket, PhoneSession& session)
+{
+    if (session.turnQueued) {
+        return;
+    }
+    session.turnQueued = true;
+    // The socket is the context, so that a turn never outlives it.
+    QMetaObject::invokeMethod(
+        socket,
+        [this, socket] {
+            if (PhoneSession* const waiting = findOpen(socket)) {
+                waiting->turnQueued = false;
+                readTurn(socket);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void PhoneServer::onBytesWritten(QTcpSocket* socket)
+{
+    PhoneSession* const session = findOpen(socket);
+    if (session == nullptr || !session->backlogged) {
+        return;
+    }
+    // While its messages wait, taking what we sent is the peer's only sign of life.
+    session->lastRxMs = m_clock.elapsed();
+    if (socket->bytesToWrite() <= kMaxBacklog) {
+        session->backlogged = false;
+        queueTurn(socket, *session);
+    }
+}
+
+void PhoneServer::dispatch(QTcpSocket* socket, const Message& message)
+{
+    const PhoneSession& session = m_sessions[socket];
+    const int id = session.id;
+    switch (message.type) {
+    case MessageType::Bye:
+        if (session.usb) {
+            Q_EMIT usbByeReceived(socket);
+        }
+        close(socket);
+        break;
+    case MessageType::Hello:
+        handleHello(socket, message.payload);
+        break;
+    case MessageType::VideoConfig:
+        Q_EMIT videoConfig(id, message.payload);
+        break;
+    case MessageType::VideoFrame:
+        dispatchVideoFrame(id, message);
+        break;
+    case MessageType::StreamInfo: {
+        const StreamDescription stream = parseStreamInfo(message.payload);
+        Q_EMIT streamInfo(id, stream.width, stream.height, stream.fps);
+        break;
+    }
+    case MessageType::Thumbnail:
+        Q_EMIT thumbnail(id, message.payload);
+        break;
+    case MessageType::Ping:
+        send(socket, MessageType::Pong, message.payload);
+        break;
+    default:
+        break;
+    }
+}
+
+void PhoneServer::dispatchVideoFrame(int id, const Message& message)
+{
+    ++m_framesReceived;
+    if (message.timestampUsec) {
+        Q_EMIT videoFrame(id, message.payload, *message.timestampUsec,
+                          (message.flags & kKeyframeFlag) != 0);
+    }
+}
+
+void PhoneServer::handleHello(QTcpSocket* socket, const QByteArray& payload)
+{
+    const Hello hello = parseHello(payload);
+    if (!admit(socket, hello)) {
+        return;
+    }
+    // Looked up only now: admitting the phone told others about it and about its rivals.
+    PhoneSession* const session = findOpen(socket);
+    if (session == nullptr) {
+        return;
+    }
+    session->deviceId = hello.deviceId;
+    session->name = hello.name;
+    session->handshaken = true;
+    const int id = session->id;
+    const bool usb = session->usb;
+    send(socket, MessageType::HelloReply, helloReplyPayload());
+    Q_EMIT phoneConnected(id, hello.deviceId, hello.name, hello.model, hello.os, usb);
+}
+
+bool PhoneServer::admit(QTcpSocket* socket, const Hello& hello)
+{
+    const HelloVerdict verdict = judgeHello(hello, m_token, m_trusted);
+    if (verdict.refusal) {
+        refuse(socket, *verdict.refusal);
+        return false;
+    }
+    if (verdict.newlyTrusted) {
+        m_trusted.insert(hello.deviceId, hello.token);
+        Q_EMIT devicePaired(hello.deviceId, hello.token);
+    }
+    return hello.deviceId.isEmpty() || settleDuplicates(socket, hello.deviceId);
+}
+
+bool PhoneServer::settleDuplicates(QTcpSocket* socket, const QString& deviceId)
+{
+    const PhoneSession* const newcomer = findOpen(socket);
+    if (newcomer == nullptr) {
+        return false;
+    }
+    QList<RivalSession> rivals;
+    for (const PhoneSession& session : std::as_const(m_sessions)) {
+        if (session.live() && session.id != newcomer->id && session.deviceId == deviceId) {
+            rivals.append({.id = session.id, .usb = session.usb});
+        }
+    }
+    const DuplicateVerdict verdict = judgeDuplicates(newcomer->usb, rivals);
+    if (verdict.refusal) {
+        refuse(socket, *verdict.refusal);
+        return false;
+    }
+    for (const int id : verdict.replaced) {
+        close(findPhone(id));
+    }
+    return true;
+}
+
+void PhoneServer::refuse(QTcpSocket* socket, Refusal refusal)
+{
+    send(socket, MessageType::Error, refusalPayload(refusal));
+    close(socket);
+}
+
+void PhoneServer::keepAlive()
+{
+    // After a failed accept (no descriptor was left, say) QTcpServer rests until told otherwise.
+    m_server.resumeAccepting();
+
+    const qint64 now = m_clock.elapsed();
+    QList<QTcpSocket*> silent;
+    for (const auto& [socket, session] : std::as_const(m_sessions).asKeyValueRange()) {
+        if (session.closing || (!session.handshaken && !session.backlogged)) {
+            continue;
+        }
+        if (now - session.lastRxMs > m_timings.silenceLimit.count()) {
+            silent.append(socket);
+        } else if (session.handshaken) {
+            send(socket, MessageType::Ping, pingPayload(now));
+        }
+    }
+    for (QTcpSocket* const socket : std::as_const(silent)) {
+        close(socket);
+    }
+}
+
+void PhoneServer::send(QTcpSocket* socket, MessageType type, const QByteArray& payload)
+{
+    PhoneSession* const session = findOpen(socket);
+    if (session == nullptr || socket->state() != QAbstractSocket::ConnectedState) {
+        return;
+    }
+    const auto header =
+        encodeHeader({.type = type, .flags = 0, .length = static_cast<quint32>(payload.size())});
+    socket->write(header.data(), kHeaderSize);
+    socket->write(payload.constData(), payload.size());
+    session->backlogged = session->backlogged || socket->bytesToWrite() > kMaxBacklog;
+}
+
+void PhoneServer::close(QTcpSocket* socket)
+{
+    PhoneSession* const session = findOpen(socket);
+    if (session == nullptr) {
+        return;
+    }
+    session->closing = true;
+    socket->disconnectFromHost();
+    if (socket->state() != QAbstractSocket::UnconnectedState) {
+        // It first delivers what was sent before, and waits as long as the peer does not read.
+        QTimer::singleShot(m_timings.closeGrace, socket, [socket] { socket->abort(); });
+    }
+}
+
+// The session of socket, unless it is gone or being closed. Compares the pointer only, so socket
+// may be null or point to what is deleted already. Valid until the next signal.
+PhoneSession* PhoneServer::findOpen(QTcpSocket* socket)
+{
+    const auto it = m_sessions.find(socket);
+    return it == m_sessions.end() || it->closing ? nullptr : &*it;
+}
+
+QTcpSocket* PhoneServer::findPhone(int id) const
+{
+    for (const auto& [socket, session] : m_sessions.asKeyValueRange()) {
+        if (session.live() && session.id == id) {
+            return socket;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace pevrix

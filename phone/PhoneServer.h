@@ -1,0 +1,126 @@
+#pragma once
+
+#include "phone/PhoneSession.h"
+#include "phone/Protocol.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <chrono>
+
+namespace pevrix {
+
+enum class Refusal;
+
+// How a PhoneServer keeps its connections alive; tests shorten these.
+struct PhoneServerTimings
+{
+    std::chrono::milliseconds pingInterval{1500};
+    // A handshaken phone that sends nothing for longer is dropped at the next ping.
+    std::chrono::milliseconds silenceLimit{4000};
+    // How long a connection that we close may take to accept what it was sent before.
+    std::chrono::milliseconds closeGrace{4000};
+};
+
+// The PC's end of the phone link: listens on the network, adopts USB tunnels, runs the hello
+// handshake, keeps connections alive and turns the phones' messages into signals. It decodes
+// nothing and stores nothing on disk.
+//
+// Lives on one thread with an event loop, and emits there. Owns every socket it serves. What a
+// peer can make it hold is bounded: per connection about two largest payloads, and at most
+// kMaxStrangers network connections that have not said a valid hello.
+class PhoneServer : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Beyond this many network connections without an accepted hello the oldest one is dropped,
+    // so that a flood of them never keeps a phone out. Far above what phones cause.
+    static constexpr int kMaxStrangers = 128;
+
+    explicit PhoneServer(const PhoneServerTimings& timings = {}, QObject* parent = nullptr);
+    ~PhoneServer() override;
+
+    // Listens on all interfaces, IPv4 and IPv6; port 0 takes any free one. False, and nothing
+    // changes, when that is not possible.
+    [[nodiscard]] bool listen(quint16 port);
+
+    // The port bound, 0 before a successful listen().
+    [[nodiscard]] quint16 port() const { return m_port; }
+
+    // Adopts a connected tunnel to a phone on USB and greets the phone. Takes ownership.
+    void addUsbSocket(QTcpSocket* socket);
+
+    // Tells the handshaken phone of that session to stream or to hold; no such phone: nothing.
+    void setActive(int id, bool active);
+
+    // The token that unknown phones must present; empty means that none is required.
+    void setToken(const QString& token) { m_token = token; }
+    // The name that USB phones are told.
+    void setPcName(const QString& name) { m_pcName = name; }
+    // The phones trusted so far: deviceId to the token it was trusted with.
+    void setTrusted(const QHash<QString, QString>& trusted) { m_trusted = trusted; }
+    void clearTrusted() { m_trusted.clear(); }
+
+    // Video frame messages received, all phones together, the ones too short to use included.
+    [[nodiscard]] qint64 framesReceived() const { return m_framesReceived; }
+
+Q_SIGNALS:
+    // A hello was accepted and answered. A phone may say hello again with the same id.
+    void phoneConnected(int id, const QString& deviceId, const QString& name, const QString& model,
+                        const QString& os, bool usb);
+    // A phone that had been connected is gone.
+    void phoneDisconnected(int id);
+    void thumbnail(int id, const QByteArray& jpeg);
+    // A phone proved the current pairing token and is trusted with it from now on.
+    void devicePaired(const QString& deviceId, const QString& token);
+    // The phone at the end of a USB tunnel says goodbye; its connection is closed after this.
+    void usbByeReceived(QTcpSocket* socket);
+    // Media is passed on from any connection, also before its hello.
+    void streamInfo(int id, int width, int height, int fps);
+    void videoConfig(int id, const QByteArray& annexbSpsPps);
+    void videoFrame(int id, const QByteArray& annexbAccessUnit, qint64 ptsUsec, bool keyframe);
+
+private:
+    void onNewConnection();
+    void adopt(QTcpSocket* socket, bool usb);
+    void dropOldestStranger();
+    void onDisconnected(QTcpSocket* socket);
+
+    void readTurn(QTcpSocket* socket);
+    void readMessages(QTcpSocket* socket, int id, bool untilEmpty);
+    void queueTurn(QTcpSocket* socket, PhoneSession& session);
+    void onBytesWritten(QTcpSocket* socket);
+
+    void dispatch(QTcpSocket* socket, const Message& message);
+    void dispatchVideoFrame(int id, const Message& message);
+    void handleHello(QTcpSocket* socket, const QByteArray& payload);
+    [[nodiscard]] bool admit(QTcpSocket* socket, const Hello& hello);
+    [[nodiscard]] bool settleDuplicates(QTcpSocket* socket, const QString& deviceId);
+    void refuse(QTcpSocket* socket, Refusal refusal);
+
+    void keepAlive();
+    void send(QTcpSocket* socket, MessageType type, const QByteArray& payload);
+    void close(QTcpSocket* socket);
+    [[nodiscard]] PhoneSession* findOpen(QTcpSocket* socket);
+    [[nodiscard]] QTcpSocket* findPhone(int id) const;
+
+    PhoneServerTimings m_timings;
+    QTcpServer m_server;
+    QHash<QTcpSocket*, PhoneSession> m_sessions;
+    quint16 m_port = 0;
+    qint64 m_framesReceived = 0;
+    int m_nextId = 1;
+    QString m_token;
+    QString m_pcName;
+    QHash<QString, QString> m_trusted; // deviceId to token
+    QTimer m_pingTimer;
+    QElapsedTimer m_clock;
+};
+
+} // namespace pevrix
