@@ -156,7 +156,7 @@ unpack_root() {
         mkdir -p "$2" &&
             mmdebstrap --mode=unshare --format=tar "${options[@]}" "$debian_release" - "$1" |
             tar -x -C "$2" --exclude='./dev/*' --no-same-owner
-    fi 2>&1 | tee "$3" | { grep --line-buffered '^I: ' || true; } >&2
+    fi 2>&1 | tee "$3" | { grep --line-buffered '^I: ' || true; } >&2 || return 1
     # A mount point for the machine's own file, which bubblewrap cannot make in a read-only tree.
     touch "$2/etc/resolv.conf"
 }
