@@ -1,6 +1,7 @@
 #include "pairing/PairingUri.h"
 
 #include <QHash>
+#include <QStringDecoder>
 #include <QUrl>
 
 #include <algorithm>
@@ -55,11 +56,14 @@ std::optional<QString> decodeName(QStringView encoded)
     if (!isPercentEncoded(encoded)) {
         return std::nullopt;
     }
-    const QByteArray bytes = QByteArray::fromPercentEncoding(encoded.toLatin1());
-    if (!bytes.isValidUtf8()) {
+    // Stateless, so that a sequence cut off at the end counts as an error.
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless |
+                                                       QStringConverter::Flag::ConvertInitialBom);
+    const QString name = decoder(QByteArray::fromPercentEncoding(encoded.toLatin1()));
+    if (decoder.hasError()) {
         return std::nullopt;
     }
-    return QString::fromUtf8(bytes);
+    return name;
 }
 
 std::optional<QStringList> decodeEndpoints(QStringView joined)

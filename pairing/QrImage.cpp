@@ -50,6 +50,7 @@ QImage makeQrImage(const QString& text)
             }
         }
     }
+    painter.end();
     return image;
 }
 

@@ -52,19 +52,14 @@ TEST(DefaultRoute, isTheInterfaceThatTheRoutingTableNamesOrZeroWithoutARoute)
 TEST(LanInterfaces, areReadWithTheFlagsAndNumbersOfTheSystem)
 {
     const QList<LanInterface> interfaces = readLanInterfaces();
-    const auto find = [&](auto member, const auto& value) {
-        const auto found = std::ranges::find(interfaces, value, member);
-        return found == interfaces.end() ? nullptr : &*found;
-    };
-    const LanInterface* loopback = find(&LanInterface::name, QStringLiteral("lo"));
-    ASSERT_NE(loopback, nullptr);
-    EXPECT_TRUE(loopback->loopback);
+    const auto loopback = std::ranges::find(interfaces, true, &LanInterface::loopback);
+    ASSERT_NE(loopback, interfaces.end());
+    EXPECT_EQ(loopback->name, QStringLiteral("lo"));
     EXPECT_EQ(loopback->index, static_cast<int>(if_nametoindex("lo")));
 
     if (const int index = defaultRouteInterfaceIndex(); index != 0) {
-        const LanInterface* best = find(&LanInterface::index, index);
-        ASSERT_NE(best, nullptr);
-        EXPECT_TRUE(best->up && best->running);
-        EXPECT_FALSE(best->addresses.isEmpty());
+        const auto best = std::ranges::find(interfaces, index, &LanInterface::index);
+        ASSERT_NE(best, interfaces.end());
+        EXPECT_TRUE(best->up && best->running && !best->addresses.isEmpty());
     }
 }

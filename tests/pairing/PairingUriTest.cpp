@@ -25,9 +25,10 @@ TEST(PairingUri, isWrittenExactlyAndReadBack)
          "pevrix://pair?v=1&pc=DESK-7&t=AbCdEfGhIjKlMnOpQrSt-_"
          "&h=192.168.1.7:8788,10.0.0.5:8788,172.16.0.1:65535"},
         {QStringLiteral("My PC"), {}, "pevrix://pair?v=1&pc=My%20PC&t=AbCdEfGhIjKlMnOpQrSt-_"},
-        {QStringLiteral("Büro\u00a0水😀"),
+        {QStringLiteral("\ufeffBüro\u00a0水😀"),
          {QStringLiteral("10.0.0.5:1")},
-         "pevrix://pair?v=1&pc=B%C3%BCro%C2%A0%E6%B0%B4%F0%9F%98%80&t=AbCdEfGhIjKlMnOpQrSt-_"
+         "pevrix://"
+         "pair?v=1&pc=%EF%BB%BFB%C3%BCro%C2%A0%E6%B0%B4%F0%9F%98%80&t=AbCdEfGhIjKlMnOpQrSt-_"
          "&h=10.0.0.5:1"},
         {QStringLiteral("a&t=x%2,+/?#=~._"),
          {},
