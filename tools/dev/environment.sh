@@ -19,10 +19,14 @@ package_names() {
     done | xargs -n1
 }
 
-package_lists=(native)
-environment_packages=$(package_names "${package_lists[@]}")
-environment_root=$cache_dir/root-$(printf '%s\n' "$debian_release" $environment_packages |
-    sha256sum | cut -c1-12)
+# use_packages LIST...: which lists the environment holds. The native one alone is the default; the
+# Windows commands add theirs, so that nobody else downloads Wine.
+use_packages() {
+    environment_packages=$(package_names "$@")
+    environment_root=$cache_dir/root-$(printf '%s\n' "$debian_release" $environment_packages |
+        sha256sum | cut -c1-12)
+}
+use_packages native
 
 ensure_environment() {
     [ -z "${PEVRIX_INSIDE:-}" ] || return 0
