@@ -1,0 +1,164 @@
+#include "usb/Plist.h"
+
+#include "usb/MuxPacket.h"
+
+#include <gmock/gmock.h>
+
+#include <QProcess>
+#include <QTemporaryFile>
+
+using namespace Qt::StringLiterals;
+
+namespace pevrix {
+namespace {
+
+const QByteArray kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                         "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                         "<plist version=\"1.0\">";
+
+QVariantMap parseDict(const QByteArray& entries)
+{
+    return parsePlist(kHead + "<dict>" + entries + "</dict></plist>");
+}
+
+// Runs the property-list tool of another project over a document.
+QByteArray converted(const QByteArray& document, const QString& format)
+{
+    QTemporaryFile file;
+    EXPECT_TRUE(file.open() && file.write(document) == document.size() && file.flush());
+    QProcess tool;
+    tool.start(u"plistutil"_s, {u"-i"_s, file.fileName(), u"-f"_s, format, u"-o"_s, u"-"_s});
+    EXPECT_TRUE(tool.waitForFinished()) << qPrintable(tool.errorString());
+    EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().constData();
+    return tool.readAllStandardOutput();
+}
+
+TEST(PlistWriter, writesTheRequestsToTheByte)
+{
+    EXPECT_EQ(buildPlist(listenRequest()),
+              kHead + "<dict><key>ClientVersionString</key><string>Pevrix</string>"
+                      "<key>MessageType</key><string>Listen</string>"
+                      "<key>ProgName</key><string>Pevrix</string>"
+                      "<key>kLibUSBMuxVersion</key><integer>3</integer></dict></plist>");
+    EXPECT_EQ(buildPlist(connectRequest(7)),
+              kHead + "<dict><key>ClientVersionString</key><string>Pevrix</string>"
+                      "<key>DeviceID</key><integer>7</integer>"
+                      "<key>MessageType</key><string>Connect</string>"
+                      "<key>PortNumber</key><integer>42782</integer>"
+                      "<key>ProgName</key><string>Pevrix</string></dict></plist>");
+}
+
+TEST(PlistWriter, escapesMarkupOnceAndNothingElse)
+{
+    EXPECT_EQ(
+        buildPlist({{u"a&b<c>"_s, u"&lt; \"é\" '%1'"_s}, {u"b"_s, -9223372036854775807LL - 1}}),
+        kHead + "<dict><key>a&amp;b&lt;c&gt;</key><string>&amp;lt; \"é\" '%1'</string>"
+                "<key>b</key><integer>-9223372036854775808</integer></dict></plist>");
+}
+
+TEST(PlistReader, readsEveryKindOfValue)
+{
+    const struct
+    {
+        QByteArray entries;
+        QVariantMap expected;
+    } cases[] = {
+        {"", {}},
+        {"<key>a</key><string>x &amp; <![CDATA[<y>]]><!-- no --> &#233;</string>",
+         {{u"a"_s, u"x & <y> é"_s}}},
+        {" <key>a</key>\n\t<integer>-12</integer> ", {{u"a"_s, -12LL}}},
+        {"<key>a</key><true/><key>b</key><false></false>", {{u"a"_s, true}, {u"b"_s, false}}},
+        {"<key>a</key><dict><key>b</key><integer>1</integer></dict><key>c</key><string/>",
+         {{u"a"_s, QVariantMap{{u"b"_s, 1LL}}}, {u"c"_s, u""_s}}},
+        // Kinds that are skipped, with keys inside them that must not come out.
+        {"<key>a</key><array><dict><key>x</key><integer>1</integer></dict></array>"
+         "<key>b</key><data>AAAA</data><key>c</key><real>1.5</real><key>d</key><date/>",
+         {{u"a"_s, {}}, {u"b"_s, {}}, {u"c"_s, {}}, {u"d"_s, {}}}},
+        {"<key>a</key><integer>99999999999999999999</integer><key>b</key><integer>x</integer>",
+         {{u"a"_s, {}}, {u"b"_s, {}}}},
+        {"<string>no key</string><key>a</key><integer>1</integer><integer>2</integer>"
+         "<key>b</key><key>c</key><true/><key>a</key><integer>3</integer>",
+         {{u"a"_s, 3LL}, {u"c"_s, true}}},
+    };
+    for (const auto& [entries, expected] : cases) {
+        EXPECT_EQ(parseDict(entries), expected) << entries.constData();
+    }
+}
+
+TEST(PlistReader, keepsWhatCameBeforeTheDamage)
+{
+    const QVariantMap first{{u"a"_s, 1LL}};
+    const QByteArray dict = "<dict><key>a</key><integer>1</integer>";
+    for (const QByteArray& damage :
+         {QByteArray(), QByteArray("<key>b"), QByteArray("<key>b</key><integer>12"),
+          QByteArray("</plist>"), QByteArray("<key>b</key><string>&unknown"), QByteArray(1, '\0'),
+          "<key>b</key>" + QByteArray("<array>").repeated(kPlistMaxDepth)}) {
+        EXPECT_EQ(parsePlist(dict + damage), first) << damage.constData();
+    }
+    EXPECT_EQ(parsePlist(dict + "</dict><dict>trailing"), first);
+    EXPECT_EQ(parsePlist("\xFF\xFE<dict/>"), QVariantMap());
+    EXPECT_EQ(parsePlist(" \t"), QVariantMap());
+}
+
+// Each of these is four megabytes at most and would cost a trusting reader gigabytes or minutes.
+TEST(PlistReader, survivesBombs)
+{
+    const QByteArray dict = "<dict><key>a</key><string>&e;</string></dict>";
+    const auto large = [](const QByteArray& part) {
+        return part.repeated(4'000'000 / part.size());
+    };
+    QByteArray attributes = "<dict><key ";
+    for (int i = 0; i < 300'000; ++i) {
+        attributes += 'a' + QByteArray::number(i) + "='>' ";
+    }
+    const QByteArray bombs[] = {
+        "<!DOCTYPE plist [<!ENTITY e 'text'>]>" + dict,
+        "<?xml version='1.0' encoding='UTF-7'?><!DOCTYPE p [+ADwAIQ-ENTITY e 'text'>]>" + dict,
+        "<!DOCTYPE plist [<!ATTLIST key b CDATA 'c'>]>" + dict,
+        large("<dict><key>a</key>"),
+        "<dict>" + large("<array>"),
+        attributes + "/></dict>",
+        large("<!--"),
+        large("<!DOCTYPE"),
+        "<!DOCTYPE a [" + large("<!-- -->"),
+    };
+    for (const QByteArray& bomb : bombs) {
+        const QVariantMap map = parsePlist(bomb);
+        EXPECT_NE(map.value(u"a"_s).toString(), u"text") << bomb.left(80).constData();
+    }
+}
+
+TEST(PlistInterop, anotherReaderUnderstandsTheWriter)
+{
+    const QByteArray json =
+        converted(buildPlist({{u"a&b<c>"_s, u"1 < 2 & \"3\" é"_s}, {u"DeviceID"_s, 4294967296LL}}),
+                  u"json"_s);
+    EXPECT_THAT(json.toStdString(), testing::HasSubstr("\"a&b<c>\": \"1 < 2 & \\\"3\\\" é\""));
+    EXPECT_THAT(json.toStdString(), testing::HasSubstr("\"DeviceID\": 4294967296"));
+}
+
+TEST(PlistInterop, theReaderUnderstandsAnotherWriter)
+{
+    const QByteArray source = kHead + R"(<!-- a phone --><dict>
+        <key>MessageType</key><string>Attached &lt;&amp;&gt; é</string>
+        <key>Properties</key><dict><key>ConnectionType</key><string>USB</string>
+            <key>Inner</key><dict><key>DeviceID</key><integer>9</integer></dict></dict>
+        <key>Bytes</key><data>AAECAwQ=</data><key>When</key><date>2024-02-29T12:00:00Z</date>
+        <key>Ratio</key><real>0.5</real><key>Yes</key><true/>
+        <key>List</key><array><string>a</string><array><dict/></array></array></dict></plist>)";
+    // Through the binary format, so that the text is the other writer's own.
+    const QVariantMap map = parsePlist(converted(converted(source, u"bin"_s), u"xml"_s));
+    const QVariantMap inner{{u"DeviceID"_s, 9LL}};
+    EXPECT_EQ(map, (QVariantMap{{u"MessageType"_s, u"Attached <&> é"_s},
+                                {u"Properties"_s,
+                                 QVariantMap{{u"ConnectionType"_s, u"USB"_s}, {u"Inner"_s, inner}}},
+                                {u"Bytes"_s, {}},
+                                {u"When"_s, {}},
+                                {u"Ratio"_s, {}},
+                                {u"Yes"_s, true},
+                                {u"List"_s, {}}}));
+}
+
+} // namespace
+} // namespace pevrix

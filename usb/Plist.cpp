@@ -1,0 +1,182 @@
+#include "usb/Plist.h"
+
+#include <QString>
+#include <QXmlStreamReader>
+
+#include <optional>
+
+namespace pevrix {
+namespace {
+
+constexpr QByteArrayView kDocumentHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                         "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                                         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                                         "<plist version=\"1.0\"><dict>";
+constexpr QByteArrayView kDocumentTail = "</dict></plist>";
+
+// The ampersand goes first, so that the entities written after it stay whole.
+QByteArray escaped(const QString& text)
+{
+    return text.toUtf8().replace('&', "&amp;").replace('<', "&lt;").replace('>', "&gt;");
+}
+
+// Real tags are a name, or the document's element with its version.
+constexpr qsizetype kMaxTagSize = 256;
+
+// The size of the tag at the start of `markup`, the text between two opening brackets.
+qsizetype tagSize(QByteArrayView markup)
+{
+    char quote = 0;
+    for (qsizetype i = 0; i < markup.size(); ++i) {
+        if (quote != 0) {
+            quote = markup[i] == quote ? char(0) : quote;
+        } else if (markup[i] == '>') {
+            return i;
+        } else if (markup[i] == '"' || markup[i] == '\'') {
+            quote = markup[i];
+        }
+    }
+    return markup.size();
+}
+
+// Whether the XML reader's work stays in proportion to the document. It does not when the document
+// declares entities or attributes itself (they expand, or are added to every element), nor with
+// tags of many attributes (each is compared with every other). No daemon writes such things. Every
+// bracket is looked at, in comments and quotes too, so that nothing can be hidden from this.
+bool isHarmless(QByteArrayView bytes)
+{
+    for (qsizetype at = bytes.indexOf('<'); at >= 0;) {
+        const qsizetype next = bytes.indexOf('<', at + 1);
+        const QByteArrayView markup = bytes.first(next < 0 ? bytes.size() : next).sliced(at + 1);
+        const bool known = markup.startsWith("!--") || markup.startsWith("!DOCTYPE") ||
+                           markup.startsWith("![CDATA[");
+        if (markup.startsWith('!') ? !known : tagSize(markup) > kMaxTagSize) {
+            return false;
+        }
+        at = next;
+    }
+    return true;
+}
+
+class PlistReader
+{
+public:
+    // The bytes are decoded here: the XML reader would follow whatever encoding the document names,
+    // and so could read markup that isHarmless() did not see.
+    explicit PlistReader(QByteArrayView bytes)
+        : m_xml(QString::fromUtf8(bytes))
+    {
+        m_xml.setNamespaceProcessing(false);
+    }
+
+    QVariantMap firstDictionary()
+    {
+        while (advance()) {
+            if (m_xml.isStartElement() && m_xml.name() == u"dict") {
+                return dictionary();
+            }
+        }
+        return {};
+    }
+
+private:
+    // Moves to the next token; false at the end of the document and at the first error.
+    bool advance()
+    {
+        if (m_xml.hasError()) {
+            return false;
+        }
+        m_xml.readNext();
+        if (m_xml.isStartElement() && ++m_depth > kPlistMaxDepth) {
+            m_xml.raiseError();
+        } else if (m_xml.isEndElement()) {
+            --m_depth;
+        }
+        return !m_xml.hasError() && !m_xml.isEndDocument();
+    }
+
+    // Every function below starts at a start element and ends at its end element, or at an error.
+    QVariantMap dictionary()
+    {
+        QVariantMap map;
+        std::optional<QString> key;
+        while (advance() && !m_xml.isEndElement()) {
+            if (!m_xml.isStartElement()) {
+                continue;
+            }
+            if (m_xml.name() == u"key") {
+                key = text();
+                continue;
+            }
+            const QVariant entry = value();
+            const bool cutShort = m_xml.hasError() && entry.typeId() != QMetaType::QVariantMap;
+            if (key && !cutShort) {
+                map.insert(*key, entry);
+            }
+            key.reset();
+        }
+        return map;
+    }
+
+    QVariant value()
+    {
+        if (m_xml.name() == u"dict") {
+            return dictionary();
+        }
+        if (m_xml.name() == u"string") {
+            return text();
+        }
+        if (m_xml.name() == u"integer") {
+            bool fits = false;
+            const qlonglong number = text().toLongLong(&fits);
+            return fits ? QVariant(number) : QVariant();
+        }
+        const bool isTrue = m_xml.name() == u"true";
+        const bool isBoolean = isTrue || m_xml.name() == u"false";
+        text();
+        return isBoolean ? QVariant(isTrue) : QVariant();
+    }
+
+    // The element's own text; elements inside it are stepped over.
+    QString text()
+    {
+        QString text;
+        const int depth = m_depth;
+        while (advance() && m_depth >= depth) {
+            if (m_xml.isCharacters() && m_depth == depth) {
+                text += m_xml.text();
+            }
+        }
+        return text;
+    }
+
+    QXmlStreamReader m_xml;
+    int m_depth = 0;
+};
+
+} // namespace
+
+QByteArray buildPlist(const QVariantMap& map)
+{
+    QByteArray plist = kDocumentHead.toByteArray();
+    for (const auto& [key, value] : map.asKeyValueRange()) {
+        plist += "<key>" + escaped(key) + "</key>";
+        if (value.typeId() == QMetaType::QString) {
+            plist += "<string>" + escaped(value.toString()) + "</string>";
+        } else {
+            plist += "<integer>" + QByteArray::number(value.toLongLong()) + "</integer>";
+        }
+    }
+    return plist.append(kDocumentTail);
+}
+
+QVariantMap parsePlist(QByteArrayView bytes)
+{
+    // The first check is for speed: a flood of empty packets then costs no XML readers.
+    if (bytes.indexOf("<dict") < 0 || !isHarmless(bytes)) {
+        return {};
+    }
+    return PlistReader(bytes).firstDictionary();
+}
+
+} // namespace pevrix
