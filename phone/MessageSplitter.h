@@ -22,6 +22,8 @@ struct Message
     // other messages, and in a video frame that is too short to hold one.
     std::optional<qint64> timestampUsec;
     QByteArray payload; // of a video frame with a timestamp: the access unit alone
+
+    bool operator==(const Message&) const = default;
 };
 
 // Cuts a received byte stream into messages. The caller reads from its socket straight into the
