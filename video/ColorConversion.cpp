@@ -5,13 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace pevrix {
 
 namespace {
-
-// The largest block of any kernel.
-constexpr int kMaxBlockPixels = 32;
 
 std::uint8_t clampToByte(int value)
 {
@@ -28,20 +26,20 @@ void writePixel(std::uint8_t* bgr, int y, int u, int v)
     bgr[2] = clampToByte((c + 409 * e) >> 8);
 }
 
-void convertInterleaved(const ColorRowPair& rows, int width)
+void convertInterleaved(const ColorRowPair& rows, std::ptrdiff_t width)
 {
     for (int row = 0; row < 2; ++row) {
-        for (int x = 0; x < width; ++x) {
+        for (std::ptrdiff_t x = 0; x < width; ++x) {
             const std::uint8_t* uv = rows.chroma[0] + (x & ~1);
             writePixel(rows.bgr[row] + 3 * x, rows.y[row][x], uv[0], uv[1]);
         }
     }
 }
 
-void convertPlanar(const ColorRowPair& rows, int width)
+void convertPlanar(const ColorRowPair& rows, std::ptrdiff_t width)
 {
     for (int row = 0; row < 2; ++row) {
-        for (int x = 0; x < width; ++x) {
+        for (std::ptrdiff_t x = 0; x < width; ++x) {
             writePixel(rows.bgr[row] + 3 * x, rows.y[row][x], rows.chroma[0][x / 2],
                        rows.chroma[1][x / 2]);
         }
@@ -69,13 +67,14 @@ ColorKernel fastestKernel()
 
 // The last pixels of a row pair, fewer than a block, go through a padded copy: a kernel always
 // handles whole blocks, and nothing beyond the picture is read or written.
-void convertTail(ConvertRowPair convert, int block, const ColorRowPair& rows, int start, int pixels)
+void convertTail(ConvertRowPair convert, std::ptrdiff_t block, const ColorRowPair& rows,
+                 std::ptrdiff_t start, std::ptrdiff_t pixels)
 {
     struct
     {
-        std::array<std::uint8_t, kMaxBlockPixels> y[2]{};
-        std::array<std::uint8_t, kMaxBlockPixels> chroma[2]{};
-        std::array<std::uint8_t, kMaxBlockPixels * 3> bgr[2];
+        std::array<std::uint8_t, kMaxColorBlockPixels> y[2]{};
+        std::array<std::uint8_t, kMaxColorBlockPixels> chroma[2]{};
+        std::array<std::uint8_t, kMaxColorBlockPixels * 3> bgr[2];
     } tail;
 
     const auto length = static_cast<std::size_t>(pixels);
@@ -101,24 +100,25 @@ void convertTail(ConvertRowPair convert, int block, const ColorRowPair& rows, in
 
 // `chromaAt` gives the two chroma rows of a row number.
 template <typename Picture, typename ChromaAt>
-void convertPicture(const Picture& picture, std::uint8_t* bgr, ConvertRowPair convert, int block,
-                    ChromaAt chromaAt)
+void convertPicture(const Picture& picture, std::uint8_t* bgr, ConvertRowPair convert,
+                    std::ptrdiff_t block, ChromaAt chromaAt)
 {
     if (picture.width < 1) {
         return;
     }
-    const int rest = picture.width % block;
+    const std::ptrdiff_t width = picture.width;
+    const std::ptrdiff_t rest = width % block;
+    const std::ptrdiff_t bgrStride = 3 * width;
     for (int upper = 0; upper < picture.height; upper += 2) {
         const int lower = std::min(upper + 1, picture.height - 1);
         const auto [u, v] = chromaAt(upper / 2);
-        const std::ptrdiff_t bgrStride = std::ptrdiff_t{picture.width} * 3;
         const ColorRowPair rows = {
             {picture.y + upper * picture.yStride, picture.y + lower * picture.yStride},
             {u, v},
             {bgr + upper * bgrStride, bgr + lower * bgrStride}};
-        convert(rows, picture.width);
+        convert(rows, width);
         if (rest != 0) {
-            convertTail(convert, block, rows, picture.width - rest, rest);
+            convertTail(convert, block, rows, width - rest, rest);
         }
     }
 }

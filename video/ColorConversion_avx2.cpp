@@ -11,7 +11,7 @@ namespace {
 struct Avx2
 {
     using Vec = __m256i;
-    static constexpr int kPixels = 32;
+    static constexpr std::ptrdiff_t kPixels = 32;
 
     static Vec load(const std::uint8_t* p)
     {

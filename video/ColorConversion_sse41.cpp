@@ -10,7 +10,7 @@ namespace {
 struct Sse41
 {
     using Vec = __m128i;
-    static constexpr int kPixels = 16;
+    static constexpr std::ptrdiff_t kPixels = 16;
 
     static Vec load(const std::uint8_t* p)
     {

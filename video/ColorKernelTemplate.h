@@ -115,9 +115,9 @@ struct ColorKernel16
                   V::blend8(V::blend8(r, b, second), g, third));
     }
 
-    static void interleaved(const ColorRowPair& rows, int width)
+    static void interleaved(const ColorRowPair& rows, std::ptrdiff_t width)
     {
-        for (int x = 0; x + V::kPixels <= width; x += V::kPixels) {
+        for (std::ptrdiff_t x = 0; x + V::kPixels <= width; x += V::kPixels) {
             const Vec uv = V::load(rows.chroma[0] + x);
             const auto chroma = chromaTerms(V::evenBytes(uv), V::oddBytes(uv));
             convertBlock(rows.y[0] + x, chroma, rows.bgr[0] + 3 * x);
@@ -125,9 +125,9 @@ struct ColorKernel16
         }
     }
 
-    static void planar(const ColorRowPair& rows, int width)
+    static void planar(const ColorRowPair& rows, std::ptrdiff_t width)
     {
-        for (int x = 0; x + V::kPixels <= width; x += V::kPixels) {
+        for (std::ptrdiff_t x = 0; x + V::kPixels <= width; x += V::kPixels) {
             const auto chroma = chromaTerms(V::loadWidened(rows.chroma[0] + x / 2),
                                             V::loadWidened(rows.chroma[1] + x / 2));
             convertBlock(rows.y[0] + x, chroma, rows.bgr[0] + 3 * x);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace pevrix {
@@ -15,11 +16,13 @@ struct ColorRowPair
 
 // Converts the first pixels of a row pair, as many whole blocks as `width` holds; the caller takes
 // care of the rest. Reads and writes nothing beyond those blocks.
-using ConvertRowPair = void (*)(const ColorRowPair& rows, int width);
+using ConvertRowPair = void (*)(const ColorRowPair& rows, std::ptrdiff_t width);
+
+inline constexpr std::size_t kMaxColorBlockPixels = 32;
 
 struct ColorRowKernels
 {
-    int blockPixels;
+    std::ptrdiff_t blockPixels; // at most kMaxColorBlockPixels
     ConvertRowPair interleaved;
     ConvertRowPair planar;
 };

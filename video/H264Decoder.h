@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -12,7 +11,9 @@ namespace pevrix {
 // Turns the phone's H.264 stream into packed BGR pictures. No thread, timer or queue of its own:
 // every call runs on the caller's thread, and pictures are handed out before the call returns.
 // One caller at a time. Nothing is logged and nothing thrown: data that cannot be decoded is
-// dropped, and the stream goes on with the next clean keyframe.
+// dropped. Nothing is shown before the first keyframe. Later a damaged picture is shown as far as
+// it could be restored, for a short blemish disturbs less than a frozen picture; the next clean
+// keyframe ends it. Only 8-bit 4:2:0 pictures up to 4096 x 4096 pixels are delivered.
 class H264Decoder
 {
 public:
@@ -21,6 +22,10 @@ public:
     // back into the decoder.
     using FrameCallback =
         std::function<void(const std::uint8_t* bgr, int width, int height, std::int64_t ptsUsec)>;
+
+    // Larger pictures are dropped. A stream may declare 16384 x 16384 in a few bytes, and each
+    // reference picture of that costs 400 MB. What phones send fits: 4K, upright or lying.
+    static constexpr std::int64_t kMaxPicturePixels = std::int64_t{4096} * 4096;
 
     explicit H264Decoder(FrameCallback onFrame = {});
     ~H264Decoder();
@@ -39,7 +44,8 @@ public:
     [[nodiscard]] bool initialized() const;
 
     // Submits one Annex-B access unit, or a blob of parameter sets (with time 0), and delivers
-    // every picture that is ready. A picture carries the time of its access unit.
+    // every picture that is ready. A picture carries the time of its access unit. Of several
+    // access units in one call pictures may be lost.
     void feed(std::span<const std::uint8_t> data, std::int64_t timestampUs);
 
     // Delivers what is ready without new input.

@@ -13,11 +13,7 @@ namespace pevrix {
 
 namespace {
 
-// A stream may declare 16384 x 16384 in a few bytes, and each reference picture of that costs
-// 400 MB. What phones send fits: 4K, upright or lying.
-constexpr std::int64_t kMaxPicturePixels = 4096 * 4096;
-
-// Phones send one slice a picture as a rule; more threads than this never help.
+// Phones send one slice a picture as a rule and a few at most; further threads would only idle.
 constexpr unsigned kMaxSliceThreads = 4;
 
 // False when there is no memory for the picture, or its samples are not 8-bit 4:2:0. Full-range
