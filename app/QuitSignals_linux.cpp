@@ -28,8 +28,7 @@ void quitOnSystemSignals(QCoreApplication& application)
         return;
     }
     auto* notifier = new QSocketNotifier(g_wakeUp[0], QSocketNotifier::Read, &application);
-    QObject::connect(notifier, &QSocketNotifier::activated, &application,
-                     &QCoreApplication::quit);
+    QObject::connect(notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
     struct sigaction action = {};
     action.sa_handler = onSignal;
     action.sa_flags = SA_RESTART;

@@ -5,16 +5,22 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QStyleHints>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
-AppController::AppController(QObject* parent)
+AppController::AppController(const ControllerOptions& options, QObject* parent)
     : QObject(parent)
+    , m_options(options)
+    , m_usb(options.usb)
+    , m_settings(options.settingsFile)
     , m_status(u"Idle"_s)
     , m_serverInfo(u"Not listening"_s)
     , m_themeMode(m_settings.themeMode())
+    , m_recordingFolder(m_settings.recordingFolder())
+    , m_minimizeToTray(m_settings.minimizeToTray())
 {
     m_server.setTrusted(m_settings.trusted());
     m_roster.setNames(m_settings.names());
@@ -22,6 +28,8 @@ AppController::AppController(QObject* parent)
             &AppController::osDarkChanged);
     connect(&m_pipeline, &LivePipeline::frameReady, this, &AppController::frameReady);
     connectServer();
+    connectUsb();
+    m_usb.start();
 }
 
 AppController::~AppController()
@@ -29,15 +37,15 @@ AppController::~AppController()
     stop();
     // The sockets close while members go; nothing of that concerns us any more.
     m_server.disconnect(this);
+    m_usb.disconnect(this);
 }
 
 void AppController::connectServer()
 {
     connect(&m_server, &PhoneServer::phoneConnected, this,
             [this](int id, const QString& deviceId, const QString& name, const QString& model,
-                   const QString& os, bool usb) {
-                onPhoneConnected({id, deviceId, {}, name, model, os, usb});
-            });
+                   const QString& os,
+                   bool usb) { onPhoneConnected({id, deviceId, {}, name, model, os, usb}); });
     connect(&m_server, &PhoneServer::phoneDisconnected, this, &AppController::onPhoneDisconnected);
     connect(&m_server, &PhoneServer::devicePaired, this,
             [this](const QString& deviceId, const QString& token) {
@@ -57,6 +65,16 @@ void AppController::connectServer()
                     m_pipeline.feed(accessUnit, ptsUsec);
                 }
             });
+}
+
+void AppController::connectUsb()
+{
+    connect(&m_server, &PhoneServer::usbByeReceived, &m_usb, &UsbMuxClient::noteUsbBye);
+    connect(&m_usb, &UsbMuxClient::tunnelReady, &m_server, &PhoneServer::addUsbSocket);
+    connect(&m_usb, &UsbMuxClient::availabilityChanged, this, [this](bool available) {
+        qInfo("Pevrix: the USB service is %s", available ? "available" : "gone");
+        Q_EMIT changed();
+    });
 }
 
 QString AppController::phoneName() const
@@ -87,7 +105,7 @@ void AppController::start()
 // the code tells the phone which one.
 void AppController::listen()
 {
-    if (!m_server.listen(kDefaultPort) && !m_server.listen(0)) {
+    if (!m_server.listen(m_options.port) && !m_server.listen(0)) {
         m_serverInfo = u"Failed to listen"_s;
         qWarning("Pevrix: no port to listen on");
         return;
@@ -98,7 +116,10 @@ void AppController::listen()
 
 void AppController::refreshPairingInfo()
 {
-    m_pairing = refreshPairing(QCoreApplication::applicationDirPath(), m_server.port(), false);
+    const QString tokenFolder = m_options.tokenFolder.isEmpty()
+                                    ? QCoreApplication::applicationDirPath()
+                                    : m_options.tokenFolder;
+    m_pairing = refreshPairing(tokenFolder, m_server.port(), false);
     m_server.setToken(m_pairing.token);
     m_server.setPcName(m_pairing.pcName);
 }
@@ -188,6 +209,46 @@ void AppController::setThemeMode(int mode)
     m_themeMode = mode;
     m_settings.setThemeMode(mode);
     Q_EMIT themeModeChanged();
+}
+
+void AppController::setRecordingFolder(const QString& folder)
+{
+    QString path = folder.trimmed();
+    if (path.startsWith("file:"_L1)) {
+        path = QUrl(path).toLocalFile();
+    }
+    if (path.isEmpty() || path == m_recordingFolder) {
+        return;
+    }
+    m_recordingFolder = path;
+    m_settings.setRecordingFolder(path);
+    Q_EMIT changed();
+}
+
+void AppController::setMinimizeToTray(bool on)
+{
+    if (on == m_minimizeToTray) {
+        return;
+    }
+    m_minimizeToTray = on;
+    m_settings.setMinimizeToTray(on);
+    Q_EMIT changed();
+}
+
+void AppController::regeneratePairing()
+{
+    m_server.clearTrusted();
+    m_settings.forgetTrusted();
+    refreshPairingInfo();
+    Q_EMIT changed();
+}
+
+void AppController::renamePhone(int id, const QString& newName)
+{
+    if (const auto change = m_roster.rename(id, newName)) {
+        m_settings.setName(change->deviceId, change->name);
+        Q_EMIT changed();
+    }
 }
 
 } // namespace pevrix

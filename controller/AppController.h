@@ -5,6 +5,7 @@
 #include "pairing/Pairing.h"
 #include "pairing/PhoneRoster.h"
 #include "phone/PhoneServer.h"
+#include "usb/UsbMuxClient.h"
 
 #include <QHash>
 #include <QObject>
@@ -12,6 +13,15 @@
 #include <QVariantList>
 
 namespace pevrix {
+
+/// Where the controller finds what lies outside the program; tests choose other places.
+struct ControllerOptions
+{
+    quint16 port = kDefaultPort; // any free one is taken where this is not to be had
+    UsbMuxOptions usb;
+    QString settingsFile; // empty: the user's own
+    QString tokenFolder;  // empty: beside the executable
+};
 
 /// The one object that the QML interface sees: state as properties, actions as slots. Owns the
 /// rooms of the program and wires them; GUI thread.
@@ -33,9 +43,12 @@ class AppController final : public QObject
     Q_PROPERTY(int port READ port NOTIFY changed)
     Q_PROPERTY(bool osDark READ osDark NOTIFY osDarkChanged)
     Q_PROPERTY(int themeMode READ themeMode WRITE setThemeMode NOTIFY themeModeChanged)
+    Q_PROPERTY(QString recordingFolder READ recordingFolder WRITE setRecordingFolder NOTIFY changed)
+    Q_PROPERTY(bool minimizeToTray READ minimizeToTray WRITE setMinimizeToTray NOTIFY changed)
+    Q_PROPERTY(bool usbAvailable READ usbAvailable NOTIFY changed)
 
 public:
-    explicit AppController(QObject* parent = nullptr);
+    explicit AppController(const ControllerOptions& options = {}, QObject* parent = nullptr);
     ~AppController() override;
 
     [[nodiscard]] QString status() const { return m_status; }
@@ -53,6 +66,14 @@ public:
     [[nodiscard]] int port() const { return m_server.port(); }
     [[nodiscard]] bool osDark() const;
     [[nodiscard]] int themeMode() const { return m_themeMode; }
+    [[nodiscard]] QString recordingFolder() const { return m_recordingFolder; }
+    [[nodiscard]] bool minimizeToTray() const { return m_minimizeToTray; }
+    [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
+
+    /// Takes a path or a "file:" URL. An empty one is ignored.
+    void setRecordingFolder(const QString& folder);
+
+    void setMinimizeToTray(bool on);
 
 public Q_SLOTS:
     /// Listens for phones and makes the pairing code. Does nothing when already started.
@@ -67,6 +88,12 @@ public Q_SLOTS:
     /// 0 follows the platform, 1 light, 2 dark; other values are ignored.
     void setThemeMode(int mode);
 
+    /// Forgets every trusted phone and makes a new pairing code. Phones that are connected stay.
+    void regeneratePairing();
+
+    /// Gives a connected phone's device a name that lasts; an empty one takes it back.
+    void renamePhone(int id, const QString& newName);
+
 Q_SIGNALS:
     void changed();
     void frameReady(const QImage& image);
@@ -75,6 +102,7 @@ Q_SIGNALS:
 
 private:
     void connectServer();
+    void connectUsb();
     void listen();
     void refreshPairingInfo();
     void onPhoneConnected(PhoneRoster::Phone phone);
@@ -83,7 +111,9 @@ private:
     void activate(int id);
     void startStream(QSize size);
 
+    const ControllerOptions m_options;
     PhoneServer m_server;
+    UsbMuxClient m_usb;
     LivePipeline m_pipeline;
     PhoneRoster m_roster;
     Settings m_settings;
@@ -92,6 +122,8 @@ private:
     QString m_status;
     QString m_serverInfo;
     int m_themeMode;
+    QString m_recordingFolder;
+    bool m_minimizeToTray;
     bool m_started = false;
 };
 

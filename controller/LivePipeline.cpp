@@ -9,15 +9,14 @@ LivePipeline::LivePipeline(QObject* parent)
     , m_decoder([this](const std::uint8_t* pixels, int width, int height, std::int64_t) {
         onPicture(pixels, width, height);
     })
-{
-}
+{}
 
 void LivePipeline::startStream(int width, int height)
 {
     m_firstFrameSeen = false;
-    m_live = width > 0 && height > 0 &&
-             m_decoder.initialize(static_cast<std::uint32_t>(width),
-                                  static_cast<std::uint32_t>(height));
+    m_live =
+        width > 0 && height > 0 &&
+        m_decoder.initialize(static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height));
     if (!m_live) {
         qWarning("Pevrix: the decoder does not take a stream of %d x %d", width, height);
     }

@@ -42,16 +42,17 @@ bool looksDamaged(const QByteArray& bytes)
                         [](const QByteArray& line) { return isIntactLine(line); });
 }
 
-} // namespace
-
-Settings::Settings()
-    : m_store(QSettings::IniFormat, QSettings::UserScope, u"Pevrix"_s, u"Pevrix"_s)
+std::unique_ptr<QSettings> openStore(const QString& file)
 {
-    keepDamagedFile();
+    return file.isEmpty() ? std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                                        u"Pevrix"_s, u"Pevrix"_s)
+                          : std::make_unique<QSettings>(file, QSettings::IniFormat);
 }
 
+} // namespace
+
 Settings::Settings(const QString& file)
-    : m_store(file, QSettings::IniFormat)
+    : m_store(openStore(file))
 {
     keepDamagedFile();
 }
@@ -59,7 +60,7 @@ Settings::Settings(const QString& file)
 // The next write would replace the damaged file and lose what a person could still save from it.
 void Settings::keepDamagedFile() const
 {
-    QFile file(m_store.fileName());
+    QFile file(m_store->fileName());
     if (!file.exists()) {
         return;
     }
@@ -67,7 +68,7 @@ void Settings::keepDamagedFile() const
     if (readable && file.size() <= kMaxInspectedBytes && !looksDamaged(file.readAll())) {
         return;
     }
-    const QString copy = m_store.fileName() + u".damaged"_s;
+    const QString copy = m_store->fileName() + u".damaged"_s;
     QFile::remove(copy);
     const bool kept = file.copy(copy);
     qWarning("Pevrix: the settings file cannot be read whole, defaults are used for the rest (%s)",
@@ -76,18 +77,18 @@ void Settings::keepDamagedFile() const
 
 int Settings::themeMode() const
 {
-    const int mode = m_store.value(kThemeMode, 0).toInt();
+    const int mode = m_store->value(kThemeMode, 0).toInt();
     return isThemeMode(mode) ? mode : 0;
 }
 
 void Settings::setThemeMode(int mode)
 {
-    m_store.setValue(kThemeMode, mode);
+    m_store->setValue(kThemeMode, mode);
 }
 
 QString Settings::recordingFolder() const
 {
-    const QString stored = m_store.value(kRecordingFolder).toString();
+    const QString stored = m_store->value(kRecordingFolder).toString();
     return stored.isEmpty()
                ? QStandardPaths::writableLocation(QStandardPaths::MoviesLocation) + u"/Pevrix"_s
                : stored;
@@ -95,28 +96,28 @@ QString Settings::recordingFolder() const
 
 void Settings::setRecordingFolder(const QString& folder)
 {
-    m_store.setValue(kRecordingFolder, folder);
+    m_store->setValue(kRecordingFolder, folder);
 }
 
 bool Settings::minimizeToTray() const
 {
-    return m_store.value(kMinimizeToTray, true).toBool();
+    return m_store->value(kMinimizeToTray, true).toBool();
 }
 
 void Settings::setMinimizeToTray(bool on)
 {
-    m_store.setValue(kMinimizeToTray, on);
+    m_store->setValue(kMinimizeToTray, on);
 }
 
 QString Settings::language() const
 {
-    const QString code = m_store.value(kLanguage).toString();
+    const QString code = m_store->value(kLanguage).toString();
     return code.isEmpty() ? u"auto"_s : code;
 }
 
 void Settings::setLanguage(const QString& code)
 {
-    m_store.setValue(kLanguage, code);
+    m_store->setValue(kLanguage, code);
 }
 
 void Settings::trust(const QString& deviceId, const QString& token)
@@ -126,8 +127,8 @@ void Settings::trust(const QString& deviceId, const QString& token)
 
 void Settings::forgetTrusted()
 {
-    m_store.remove(kTrusted);
-    m_store.sync();
+    m_store->remove(kTrusted);
+    m_store->sync();
 }
 
 void Settings::setName(const QString& deviceId, const QString& name)
@@ -140,10 +141,10 @@ Settings::DeviceMap Settings::group(QLatin1StringView name) const
 {
     DeviceMap map;
     const QString prefix = name + u'/';
-    const QStringList keys = m_store.allKeys();
+    const QStringList keys = m_store->allKeys();
     for (const QString& key : keys) {
         if (key.startsWith(prefix)) {
-            map.insert(key.sliced(prefix.size()), m_store.value(key).toString());
+            map.insert(key.sliced(prefix.size()), m_store->value(key).toString());
         }
     }
     return map;
@@ -156,12 +157,12 @@ void Settings::writeDevice(QLatin1StringView group, const QString& deviceId, con
     }
     const QString key = group + u'/' + deviceId;
     if (value.isEmpty()) {
-        m_store.remove(key);
+        m_store->remove(key);
     } else {
-        m_store.setValue(key, value);
+        m_store->setValue(key, value);
     }
     // At once: a pairing must not be lost with a crash a moment later.
-    m_store.sync();
+    m_store->sync();
 }
 
 } // namespace pevrix

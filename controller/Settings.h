@@ -4,6 +4,8 @@
 #include <QSettings>
 #include <QString>
 
+#include <memory>
+
 namespace pevrix {
 
 /// Everything that lasts between runs, typed, with its defaults and validation: the one place that
@@ -18,11 +20,8 @@ public:
     /// Ids are foreign text and become keys of the file: longer ones are used but not stored.
     static constexpr qsizetype kMaxDeviceIdLength = 512;
 
-    /// The user's own file (organisation and application "Pevrix").
-    Settings();
-
-    /// A file at another place, for tests.
-    explicit Settings(const QString& file);
+    /// Without a file: the user's own one (organisation and application "Pevrix").
+    explicit Settings(const QString& file = {});
 
     /// 0 follows the platform, 1 light, 2 dark.
     [[nodiscard]] int themeMode() const;
@@ -50,14 +49,14 @@ public:
     [[nodiscard]] DeviceMap names() const { return group(QLatin1StringView("names")); }
     void setName(const QString& deviceId, const QString& name);
 
-    [[nodiscard]] QString fileName() const { return m_store.fileName(); }
+    [[nodiscard]] QString fileName() const { return m_store->fileName(); }
 
 private:
     void keepDamagedFile() const;
     DeviceMap group(QLatin1StringView name) const;
     void writeDevice(QLatin1StringView group, const QString& deviceId, const QString& value);
 
-    QSettings m_store;
+    std::unique_ptr<QSettings> m_store; // never null
 };
 
 } // namespace pevrix

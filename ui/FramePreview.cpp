@@ -47,12 +47,11 @@ QRectF FramePreview::aspectFit(QSizeF item, QSize picture)
     if (item.isEmpty() || picture.isEmpty()) {
         return QRectF(QPointF(0, 0), item);
     }
-    const double scale =
-        std::min(item.width() / picture.width(), item.height() / picture.height());
+    const double scale = std::min(item.width() / picture.width(), item.height() / picture.height());
     const QSizeF shown = QSizeF(picture) * scale;
-    return QRectF(QPointF((item.width() - shown.width()) * 0.5,
-                          (item.height() - shown.height()) * 0.5),
-                  shown);
+    return QRectF(
+        QPointF((item.width() - shown.width()) * 0.5, (item.height() - shown.height()) * 0.5),
+        shown);
 }
 
 void FramePreview::updateContentRect()

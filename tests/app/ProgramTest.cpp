@@ -44,7 +44,7 @@ public:
     }
 
     // The first capture of the pattern in the log, empty when it does not come in time.
-    [[nodiscard]] QString waitForLog(const QString& pattern) const
+    QString waitForLog(const QString& pattern) const
     {
         const QRegularExpression expression(pattern);
         QElapsedTimer clock;

@@ -39,9 +39,7 @@ protected:
         EXPECT_TRUE(Settings::isThemeMode(settings.themeMode()));
         EXPECT_FALSE(settings.recordingFolder().isEmpty());
         EXPECT_FALSE(settings.language().isEmpty());
-        settings.minimizeToTray();
-        settings.trusted();
-        settings.names();
+        EXPECT_LE(settings.trusted().size() + settings.names().size(), 100);
     }
 
     QTemporaryDir m_folder;
@@ -73,8 +71,8 @@ TEST_F(SettingsTest, KeepsWhatWasStoredUnderTheKeysThatUsersKnow)
         settings.setName(u"phone-1"_s, u"Küche"_s);
     }
     const QByteArray stored = read(file());
-    for (const char* line : {"[theme]\nmode=2", "[options]\nminimizeToTray=false",
-                             "language=zh_CN", "[trusted]\n", "phone-1=token-1"}) {
+    for (const char* line : {"[theme]\nmode=2", "[options]\nminimizeToTray=false", "language=zh_CN",
+                             "[trusted]\n", "phone-1=token-1"}) {
         EXPECT_TRUE(stored.contains(line)) << line << "\n" << stored.constData();
     }
     const Settings again(file());
