@@ -34,6 +34,7 @@ constexpr OptionText kOptions[] = {
     {"fps", "N", "Frames a second, 1 to 240 (an --input file has its own).", "30"},
     {"bitrate", "KBPS", "Bit rate of the generated picture in kbit/s.", "6000"},
     {"keyframe-interval", "N", "A keyframe at least every N frames (generated picture).", "60"},
+    {"noise", "LEVEL", "Sensor noise in the generated picture, 0 to 16; fills the bit rate.", "2"},
     {"input", "FILE", "Send FILE (.h264, .mp4) in a loop instead of the generated picture."},
     {"unpaced", nullptr, "Send as fast as the PC takes it; timestamps still follow --fps."},
     {"ignore-active", nullptr, "Send video even when the PC has not asked for it."},

@@ -154,6 +154,7 @@ void readVideo(Reader& reader, VideoOptions& video)
     video.fps = fromFile && !reader.isSet("fps") ? 0 : reader.integer("fps", 1, kMaxFps);
     video.bitrateKbps = reader.integer("bitrate", 50, kMaxBitrateKbps);
     video.keyframeInterval = reader.integer("keyframe-interval", 1, 100'000);
+    video.noise = reader.integer("noise", 0, Pattern::kMaxNoise);
     video.unpaced = reader.isSet("unpaced");
     video.ignoreActive = reader.isSet("ignore-active");
 }

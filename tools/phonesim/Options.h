@@ -45,6 +45,7 @@ struct VideoOptions
     int fps = 0; ///< 0: the rate of the input file
     int bitrateKbps = 0;
     int keyframeInterval = 0; ///< in frames
+    int noise = 0;            ///< of the generated picture
     bool unpaced = false;
     bool ignoreActive = false;
 };

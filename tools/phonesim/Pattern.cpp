@@ -49,14 +49,39 @@ int bounce(std::int64_t number, int step, int range)
     return phase < range ? phase : 2 * range - phase;
 }
 
+// A well-mixed number from any number, so that neighbours have nothing in common.
+std::uint32_t mix(std::uint32_t value)
+{
+    value = (value ^ (value >> 16)) * 0x7FEB352DU;
+    value = (value ^ (value >> 15)) * 0x846CA68BU;
+    return value ^ (value >> 16);
+}
+
+// Rows of noise begin at different places of this much noise.
+constexpr std::uint32_t kNoiseStarts = 65'536;
+
+std::vector<std::uint8_t> makeNoise(int level)
+{
+    std::vector<std::uint8_t> noise(kNoiseStarts + Pattern::kMaxSize);
+    const auto range = static_cast<std::uint32_t>(2 * level + 1);
+    for (std::size_t i = 0; i < noise.size(); ++i) {
+        const auto value = static_cast<int>(mix(static_cast<std::uint32_t>(i)) % range) - level;
+        noise[i] = static_cast<std::uint8_t>(value);
+    }
+    return noise;
+}
+
 } // namespace
 
-Pattern::Pattern(int width, int height)
+Pattern::Pattern(int width, int height, int noise)
     : m_width(std::clamp(even(width), kMinSize, kMaxSize))
     , m_height(std::clamp(even(height), kMinSize, kMaxSize))
     , m_background(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height) * 3 / 2)
 {
     drawBackground(background());
+    if (noise > 0) {
+        m_noise = makeNoise(std::min(noise, kMaxNoise));
+    }
 }
 
 PictureView Pattern::background()
@@ -88,6 +113,9 @@ void Pattern::draw(std::int64_t number, const PictureView& picture) const
     drawBox(number, picture);
     drawDisc(number, picture);
     drawTexts(number, picture);
+    if (!m_noise.empty()) {
+        addNoise(number, picture);
+    }
 }
 
 void Pattern::copyBackground(const PictureView& picture) const
@@ -137,6 +165,20 @@ void Pattern::drawTexts(std::int64_t number, const PictureView& picture) const
     const int counterTop = even(m_height / 4);
     drawText(picture, counter, m_width / 2, counterTop, cell, kWhite, kBlack);
     drawText(picture, size, m_width / 2, counterTop + textHeight(cell), small, kWhite, kBlack);
+}
+
+// The luma of every colour drawn keeps kMaxNoise away from both ends, so the sums cannot wrap.
+void Pattern::addNoise(std::int64_t number, const PictureView& picture) const
+{
+    const std::uint32_t seed = mix(static_cast<std::uint32_t>(number));
+    for (int row = 0; row < m_height; ++row) {
+        const std::uint32_t start = mix(seed + static_cast<std::uint32_t>(row)) % kNoiseStarts;
+        const std::uint8_t* noise = m_noise.data() + start;
+        std::uint8_t* luma = picture.y + row * picture.strideY;
+        for (int column = 0; column < m_width; ++column) {
+            luma[column] = static_cast<std::uint8_t>(luma[column] + noise[column]);
+        }
+    }
 }
 
 } // namespace pevrix

@@ -29,8 +29,9 @@ struct Yuv
 
 /// The moving test picture of the simulated phone: colour bars over a grey ramp, the frame number
 /// in large digits, the size as text, a box that slides over the ramp and a disc that bounces over
-/// the bars. A picture depends on nothing but its size and the frame number, and only integers are
-/// used, so every machine draws the same one.
+/// the bars. Sensor noise may lie over all of it: without noise the picture compresses to a tenth
+/// of what a camera's does. A picture depends on nothing but its size, the noise level and the
+/// frame number, and only integers are used, so every machine draws the same one.
 class Pattern
 {
 public:
@@ -38,7 +39,10 @@ public:
     static constexpr int kMinSize = 64;
     static constexpr int kMaxSize = 4096;
 
-    Pattern(int width, int height);
+    /// Noise changes the luma by at most so much.
+    static constexpr int kMaxNoise = 16;
+
+    Pattern(int width, int height, int noise = 0);
 
     [[nodiscard]] int width() const { return m_width; }
     [[nodiscard]] int height() const { return m_height; }
@@ -53,10 +57,12 @@ private:
     void drawBox(std::int64_t number, const PictureView& picture) const;
     void drawDisc(std::int64_t number, const PictureView& picture) const;
     void drawTexts(std::int64_t number, const PictureView& picture) const;
+    void addNoise(std::int64_t number, const PictureView& picture) const;
 
     int m_width;
     int m_height;
     std::vector<std::uint8_t> m_background; // Y, U and V plane without gaps, drawn once
+    std::vector<std::uint8_t> m_noise;      // luma differences modulo 256; empty: no noise
 };
 
 } // namespace pevrix

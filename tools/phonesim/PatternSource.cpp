@@ -2,8 +2,9 @@
 
 namespace pevrix {
 
-PatternSource::PatternSource(const H264Encoder::Settings& settings)
+PatternSource::PatternSource(const H264Encoder::Settings& settings, int noise)
     : m_settings(settings)
+    , m_noise(noise)
 {}
 
 StreamDescription PatternSource::description() const
@@ -25,7 +26,7 @@ std::optional<AccessUnit> PatternSource::next(std::int64_t number, bool wantKeyf
         if (!m_encoder.open(m_settings)) {
             return std::nullopt;
         }
-        m_pattern.emplace(m_settings.width, m_settings.height);
+        m_pattern.emplace(m_settings.width, m_settings.height, m_noise);
     }
     const auto picture = m_encoder.picture();
     if (!picture) {

@@ -12,7 +12,7 @@ namespace pevrix {
 class PatternSource final : public VideoSource
 {
 public:
-    explicit PatternSource(const H264Encoder::Settings& settings);
+    PatternSource(const H264Encoder::Settings& settings, int noise);
 
     [[nodiscard]] StreamDescription description() const override;
     [[nodiscard]] std::optional<AccessUnit> next(std::int64_t number, bool wantKeyframe) override;
@@ -21,6 +21,7 @@ public:
 
 private:
     H264Encoder::Settings m_settings;
+    int m_noise;
     H264Encoder m_encoder;
     std::optional<Pattern> m_pattern;
 };

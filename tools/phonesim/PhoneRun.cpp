@@ -120,7 +120,8 @@ std::unique_ptr<VideoSource> PhoneRun::makeSource() const
     }
     return std::make_unique<PatternSource>(
         H264Encoder::Settings{video.size.width(), video.size.height(), video.fps, video.bitrateKbps,
-                              video.keyframeInterval});
+                              video.keyframeInterval},
+        video.noise);
 }
 
 void PhoneRun::onConnected(QTcpSocket* socket, const QString& where)
