@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+
+namespace pevrix {
+
+// Runs the event loop until the condition holds; false when it never does. The limit is far beyond
+// what a slow machine needs. Looks after every event, and so returns at once.
+inline bool waitFor(const std::function<bool()>& condition,
+                    QDeadlineTimer limit = QDeadlineTimer(std::chrono::seconds(60)))
+{
+    QTimer wakeUp; // for conditions that no event of this thread brings about
+    wakeUp.start(std::chrono::milliseconds(5));
+    while (!condition()) {
+        if (limit.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
+}
+
+inline void letEventsRunFor(std::chrono::milliseconds time)
+{
+    (void)waitFor([] { return false; }, QDeadlineTimer(time));
+}
+
+} // namespace pevrix
