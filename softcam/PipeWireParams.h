@@ -1,0 +1,47 @@
+#pragma once
+
+#include "softcam/PictureFormat.h"
+
+#include <array>
+#include <cstdint>
+#include <spa/pod/builder.h>
+
+namespace pevrix {
+
+// Parameters of the camera's stream in PipeWire's binary form, collected for one call.
+class PipeWireParams
+{
+public:
+    PipeWireParams() = default;
+    PipeWireParams(const PipeWireParams&) = delete; // the list points into the bytes
+    PipeWireParams& operator=(const PipeWireParams&) = delete;
+
+    // What the camera offers: an entry per layout, each of plain values, for browsers skip an entry
+    // that leaves a choice of format or size.
+    void addFormats(const CameraFormat& format);
+
+    // What buffers have to be like once a layout is agreed on: in one block, in memory that can be
+    // shared, with a header for the time stamp.
+    void addBuffers(PixelLayout layout, const CameraFormat& format);
+
+    [[nodiscard]] const spa_pod** list() { return m_list.data(); }
+    [[nodiscard]] std::uint32_t count() const { return m_count; }
+
+private:
+    void add(const void* pod);
+
+    alignas(8) std::array<std::uint8_t, 2048> m_bytes{}; // an entry takes about 200
+    spa_pod_builder m_builder{.data = m_bytes.data(),
+                              .size = static_cast<std::uint32_t>(m_bytes.size()),
+                              ._padding = 0,
+                              .state = {},
+                              .callbacks = {}};
+    std::array<const spa_pod*, kPixelLayouts.size()> m_list{};
+    std::uint32_t m_count = 0;
+};
+
+// The layout that a format parameter from outside agrees on; None when it is not one that this
+// camera offers.
+[[nodiscard]] PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& format);
+
+} // namespace pevrix

@@ -1,0 +1,227 @@
+#include "softcam/PipeWireSource.h"
+
+#include "softcam/PipeWireParams.h"
+
+#include <cerrno>
+#include <spa/buffer/meta.h>
+#include <spa/param/param.h>
+#include <span>
+#include <stdexcept>
+
+namespace pevrix {
+
+namespace {
+
+// How long to wait for a daemon that is not there. A try costs one attempt to open a socket.
+constexpr int kRetrySeconds = 1;
+
+pw_properties* contextProperties()
+{
+    // Pictures need no real-time thread, nor the system service that grants one.
+    return pw_properties_new("module.rt", "false", nullptr);
+}
+
+// Class, role and description are what makes a node a camera for portals, session managers and
+// browsers; the description is the name that they show.
+pw_properties* nodeProperties()
+{
+    return pw_properties_new(PW_KEY_MEDIA_TYPE, "Video", PW_KEY_MEDIA_CLASS, "Video/Source",
+                             PW_KEY_MEDIA_ROLE, "Camera", PW_KEY_NODE_NAME, "pevrix-camera",
+                             PW_KEY_NODE_DESCRIPTION, "Pevrix", PW_KEY_NODE_VIRTUAL, "true",
+                             nullptr);
+}
+
+} // namespace
+
+struct PipeWireSource::Callbacks
+{
+    static PipeWireSource& self(void* data) { return *static_cast<PipeWireSource*>(data); }
+
+    static void coreError(void* data, std::uint32_t id, int, int result, const char*)
+    {
+        if (id == PW_ID_CORE && result == -EPIPE) {
+            self(data).reconnectLater();
+        }
+    }
+
+    static void stateChanged(void* data, pw_stream_state, pw_stream_state state, const char*)
+    {
+        // An error is that of one consumer which asked for a format that is not offered; the node
+        // stays and serves the next one.
+        self(data).m_streaming = state == PW_STREAM_STATE_STREAMING;
+        if (state == PW_STREAM_STATE_UNCONNECTED) {
+            self(data).reconnectLater();
+        }
+    }
+
+    static void paramChanged(void* data, std::uint32_t id, const spa_pod* param)
+    {
+        if (id == SPA_PARAM_Format) {
+            self(data).agreeOnFormat(param);
+        }
+    }
+
+    static void process(void* data) { self(data).fillBuffer(); }
+    static void retry(void* data, std::uint64_t) { self(data).connect(); }
+    static void pictureCame(void* data, std::uint64_t) { self(data).trigger(); }
+
+    static constexpr pw_core_events kCore = [] {
+        pw_core_events events{};
+        events.version = PW_VERSION_CORE_EVENTS;
+        events.error = coreError;
+        return events;
+    }();
+
+    static constexpr pw_stream_events kStream = [] {
+        pw_stream_events events{};
+        events.version = PW_VERSION_STREAM_EVENTS;
+        events.state_changed = stateChanged;
+        events.param_changed = paramChanged;
+        events.process = process;
+        return events;
+    }();
+};
+
+PipeWireSource::PipeWireSource(const CameraFormat& format)
+    : m_format(format)
+    , m_mailbox(format.bgrSize())
+    , m_loop(pw_thread_loop_new("pevrix-camera", nullptr))
+    , m_converter(format)
+{
+    if (!m_loop) {
+        throw std::runtime_error("no event loop");
+    }
+    pw_loop* loop = pw_thread_loop_get_loop(m_loop.get());
+    m_context.reset(pw_context_new(loop, contextProperties(), 0));
+    m_retryTimer = pw_loop_add_timer(loop, Callbacks::retry, this);
+    m_pictureCame = pw_loop_add_event(loop, Callbacks::pictureCame, this);
+    if (!m_context || m_retryTimer == nullptr || m_pictureCame == nullptr) {
+        throw std::runtime_error("no event sources");
+    }
+    setRetryTimer(0, 1); // at once, but in the loop's thread
+    if (pw_thread_loop_start(m_loop.get()) < 0) {
+        throw std::runtime_error("no thread");
+    }
+}
+
+PipeWireSource::~PipeWireSource()
+{
+    pw_thread_loop_stop(m_loop.get());
+}
+
+void PipeWireSource::sendFrame(const std::uint8_t* bgr)
+{
+    if (m_streaming) {
+        m_mailbox.put(bgr);
+        pw_loop_signal_event(pw_thread_loop_get_loop(m_loop.get()), m_pictureCame);
+    }
+}
+
+// Also takes down what is left of the connection before.
+void PipeWireSource::connect()
+{
+    m_connection.emplace();
+    m_streaming = false;
+    m_layout = PixelLayout::None;
+    m_connection->core.reset(pw_context_connect(m_context.get(), nullptr, 0));
+    if (!m_connection->core || !offerNode()) {
+        reconnectLater();
+    }
+}
+
+bool PipeWireSource::offerNode()
+{
+    Connection& connection = *m_connection;
+    pw_core_add_listener(connection.core.get(), connection.coreListener.hook(), &Callbacks::kCore,
+                         this);
+    connection.stream.reset(pw_stream_new(connection.core.get(), "Pevrix", nodeProperties()));
+    if (!connection.stream) {
+        return false;
+    }
+    pw_stream_add_listener(connection.stream.get(), connection.streamListener.hook(),
+                           &Callbacks::kStream, this);
+    PipeWireParams params;
+    params.addFormats(m_format);
+    // The camera gives the pace, and a consumer links to it when it likes.
+    constexpr auto kFlags =
+        static_cast<pw_stream_flags>(PW_STREAM_FLAG_DRIVER | PW_STREAM_FLAG_MAP_BUFFERS);
+    return pw_stream_connect(connection.stream.get(), PW_DIRECTION_OUTPUT, PW_ID_ANY, kFlags,
+                             params.list(), params.count()) >= 0;
+}
+
+// From a callback of a connection too, which cannot be freed there.
+void PipeWireSource::reconnectLater()
+{
+    m_streaming = false;
+    setRetryTimer(kRetrySeconds, 0);
+}
+
+void PipeWireSource::setRetryTimer(int seconds, int nanoseconds)
+{
+    timespec delay{.tv_sec = seconds, .tv_nsec = nanoseconds};
+    pw_loop_update_timer(pw_thread_loop_get_loop(m_loop.get()), m_retryTimer, &delay, nullptr,
+                         false);
+}
+
+void PipeWireSource::agreeOnFormat(const spa_pod* param)
+{
+    m_layout = param == nullptr ? PixelLayout::None : agreedLayout(param, m_format);
+    if (m_layout != PixelLayout::None) {
+        PipeWireParams params;
+        params.addBuffers(m_layout, m_format);
+        pw_stream_update_params(m_connection->stream.get(), params.list(), params.count());
+    }
+}
+
+// Runs a cycle of the consumers' graph, which asks for the picture with fillBuffer().
+void PipeWireSource::trigger()
+{
+    if (m_streaming) {
+        pw_stream_trigger_process(m_connection->stream.get());
+    }
+}
+
+void PipeWireSource::fillBuffer()
+{
+    const std::uint8_t* picture = m_mailbox.take();
+    if (picture == nullptr || m_layout == PixelLayout::None) {
+        return;
+    }
+    pw_stream* stream = m_connection->stream.get();
+    pw_buffer* buffer = pw_stream_dequeue_buffer(stream);
+    if (buffer == nullptr) { // slow consumers have them all: this picture is left out
+        return;
+    }
+    const bool written = writePicture(picture, *buffer->buffer);
+    spa_meta_header* header = static_cast<spa_meta_header*>(
+        spa_buffer_find_meta_data(buffer->buffer, SPA_META_Header, sizeof(spa_meta_header)));
+    if (header != nullptr) {
+        header->flags = written ? 0 : SPA_META_HEADER_FLAG_CORRUPTED;
+        header->seq = m_sequence++;
+        header->pts = static_cast<std::int64_t>(pw_stream_get_nsec(stream));
+        header->dts_offset = 0;
+    }
+    pw_stream_queue_buffer(stream, buffer);
+}
+
+// The buffer comes from the daemon: it is checked, whatever was agreed on.
+bool PipeWireSource::writePicture(const std::uint8_t* picture, spa_buffer& buffer)
+{
+    const std::size_t size = pictureSize(m_layout, m_format);
+    if (buffer.n_datas < 1) {
+        return false;
+    }
+    spa_data& block = buffer.datas[0];
+    const bool fits = block.data != nullptr && block.maxsize >= size;
+    if (fits) {
+        m_converter.convert(picture, m_layout,
+                            std::span(static_cast<std::uint8_t*>(block.data), block.maxsize));
+    }
+    block.chunk->offset = 0;
+    block.chunk->size = fits ? static_cast<std::uint32_t>(size) : 0;
+    block.chunk->stride = static_cast<std::int32_t>(rowSize(m_layout, m_format));
+    block.chunk->flags = 0;
+    return fits;
+}
+
+} // namespace pevrix

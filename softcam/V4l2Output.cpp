@@ -1,0 +1,126 @@
+#include "softcam/V4l2Output.h"
+
+#include <fcntl.h>
+#include <filesystem>
+#include <linux/videodev2.h>
+#include <set>
+#include <span>
+#include <string_view>
+#include <sys/ioctl.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace pevrix {
+
+namespace {
+
+// Devices without hardware. Others are not even opened: that wakes some webcams up.
+constexpr auto kVirtualDevices = "/sys/devices/virtual/video4linux";
+constexpr std::string_view kDriver = "v4l2 loopback";
+
+std::set<std::string> virtualDevices()
+{
+    std::set<std::string> paths;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(kVirtualDevices, error), end;
+         !error && entry != end; entry.increment(error)) {
+        paths.insert("/dev/" + entry->path().filename().string());
+    }
+    return paths;
+}
+
+bool isLoopbackForOutput(int device)
+{
+    v4l2_capability capability{};
+    if (ioctl(device, VIDIOC_QUERYCAP, &capability) < 0) {
+        return false;
+    }
+    const std::string_view driver(reinterpret_cast<const char*>(capability.driver),
+                                  sizeof(capability.driver));
+    // With a producer attached a device may stop to announce output.
+    return driver.starts_with(kDriver) && (capability.device_caps & V4L2_CAP_VIDEO_OUTPUT) != 0;
+}
+
+// YUYV is what most programs read from such devices; odd widths get BGR.
+bool agreeOnFormat(int device, PixelLayout layout, const CameraFormat& camera)
+{
+    const std::uint32_t pixelFormat =
+        layout == PixelLayout::Yuy2 ? V4L2_PIX_FMT_YUYV : V4L2_PIX_FMT_BGR24;
+    v4l2_format format{};
+    format.type = V4L2_BUF_TYPE_VIDEO_OUTPUT;
+    v4l2_pix_format& picture = format.fmt.pix;
+    picture.width = camera.width;
+    picture.height = camera.height;
+    picture.pixelformat = pixelFormat;
+    picture.field = V4L2_FIELD_NONE;
+    picture.bytesperline = static_cast<std::uint32_t>(rowSize(layout, camera));
+    picture.sizeimage = static_cast<std::uint32_t>(pictureSize(layout, camera));
+    picture.colorspace = V4L2_COLORSPACE_SRGB;
+    picture.ycbcr_enc = V4L2_YCBCR_ENC_601;
+    picture.quantization =
+        layout == PixelLayout::Yuy2 ? V4L2_QUANTIZATION_LIM_RANGE : V4L2_QUANTIZATION_FULL_RANGE;
+    return ioctl(device, VIDIOC_S_FMT, &format) == 0 && picture.width == camera.width &&
+           picture.height == camera.height && picture.pixelformat == pixelFormat &&
+           picture.bytesperline == rowSize(layout, camera) &&
+           picture.sizeimage == pictureSize(layout, camera);
+}
+
+} // namespace
+
+std::optional<V4l2Output> V4l2Output::openFirstFree(const CameraFormat& format)
+{
+    for (const std::string& path : virtualDevices()) {
+        if (auto output = open(path, format)) {
+            return output;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<V4l2Output> V4l2Output::open(const std::string& path, const CameraFormat& format)
+{
+    const int device = ::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    if (device < 0) {
+        return std::nullopt;
+    }
+    const PixelLayout layout =
+        suits(PixelLayout::Yuy2, format) ? PixelLayout::Yuy2 : PixelLayout::Bgr;
+    V4l2Output output(device, layout, format); // closes the device if it is of no use
+    if (!isLoopbackForOutput(device) || !agreeOnFormat(device, layout, format)) {
+        return std::nullopt;
+    }
+    return output;
+}
+
+V4l2Output::V4l2Output(int device, PixelLayout layout, const CameraFormat& format)
+    : m_device(device)
+    , m_layout(layout)
+    , m_size(pictureSize(layout, format))
+    , m_converter(format)
+    , m_picture(std::make_unique_for_overwrite<std::uint8_t[]>(m_size))
+{}
+
+V4l2Output::V4l2Output(V4l2Output&& other) noexcept
+    : m_device(std::exchange(other.m_device, -1))
+    , m_layout(other.m_layout)
+    , m_size(other.m_size)
+    , m_converter(std::move(other.m_converter))
+    , m_picture(std::move(other.m_picture))
+{}
+
+V4l2Output::~V4l2Output()
+{
+    if (m_device >= 0) {
+        close(m_device);
+    }
+}
+
+void V4l2Output::sendFrame(const std::uint8_t* bgr)
+{
+    m_converter.convert(bgr, m_layout, std::span(m_picture.get(), m_size));
+    // A picture that the device refuses is lost, and nothing is to be done about it.
+    [[maybe_unused]] const ssize_t written = write(m_device, m_picture.get(), m_size);
+}
+
+} // namespace pevrix

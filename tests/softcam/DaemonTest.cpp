@@ -1,0 +1,119 @@
+#include "tests/softcam/TestCamera.h"
+
+#include <csignal>
+
+using namespace pevrix::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void expectPictures(const TestCamera& camera)
+{
+    constexpr int kPictures = 5;
+    Reader reader(camera, u"YUY2"_s, kPictures);
+    const Picture& picture = camera.picture();
+    EXPECT_FALSE(reader.wait(kPictures, picture.width() * picture.height() * 2).isEmpty());
+}
+
+void expectTakesMorePictures(const TestCamera& camera)
+{
+    const int before = camera.sent();
+    EXPECT_TRUE(waitUntil([&] { return camera.sent() > before + 50; })) << "held up";
+}
+
+// Files of a folder of /proc/self.
+int count(const QString& folder)
+{
+    return static_cast<int>(QDir(u"/proc/self/"_s + folder)
+                                .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
+                                .size());
+}
+
+} // namespace
+
+TEST(CameraAndDaemon, IsConnectedWhileAProgramReads)
+{
+    PipeWireSession session;
+    session.startDaemon();
+    const TestCamera camera;
+    static_cast<void>(session.waitForCamera());
+    EXPECT_FALSE(camera.isConnected());
+    for (int i = 0; i < 2; ++i) {
+        Reader reader(camera, u"NV12"_s, 0);
+        EXPECT_TRUE(waitUntil([&] { return camera.isConnected(); }));
+        reader.kill(); // without a goodbye
+        EXPECT_TRUE(waitUntil([&] { return !camera.isConnected(); }));
+    }
+}
+
+TEST(CameraAndDaemon, AppearsWhenTheDaemonDoesAndAgainAfterItsRestart)
+{
+    PipeWireSession session;
+    const TestCamera camera;
+    expectTakesMorePictures(camera);
+    for (int start = 0; start < 3; ++start) {
+        session.startDaemon();
+        static_cast<void>(session.waitForCamera());
+        expectPictures(camera);
+        Reader reader(camera, u"I420"_s, 0);
+        EXPECT_TRUE(waitUntil([&] { return camera.isConnected(); }));
+        session.killDaemon();
+        EXPECT_TRUE(waitUntil([&] { return !camera.isConnected(); }));
+    }
+}
+
+TEST(CameraAndDaemon, AProgramThatWantsAnotherFormatDoesNotEndTheCamera)
+{
+    PipeWireSession session;
+    session.startDaemon();
+    const TestCamera camera;
+    static_cast<void>(session.waitForCamera());
+    Reader reader(camera, u"RGBA"_s, 1);
+    static_cast<void>(waitUntil([&] { return camera.sent() > 100; }));
+    reader.kill();
+    expectPictures(camera);
+}
+
+TEST(CameraAndDaemon, HangingOnesHoldNobodyUp)
+{
+    PipeWireSession session;
+    session.startDaemon();
+    std::optional<TestCamera> camera(std::in_place);
+    static_cast<void>(session.waitForCamera());
+    Reader reader(*camera, u"BGR"_s, 0);
+    ASSERT_TRUE(waitUntil([&] { return camera->isConnected(); }));
+
+    ::kill(static_cast<pid_t>(reader.processId()), SIGSTOP);
+    expectTakesMorePictures(*camera);
+    ::kill(static_cast<pid_t>(session.daemonId()), SIGSTOP);
+    expectTakesMorePictures(*camera);
+    camera.emplace(); // deletes the old one and makes another
+    expectTakesMorePictures(*camera);
+    camera.reset();
+}
+
+TEST(CameraAndDaemon, CamerasThatComeAndGoLeaveNothingBehind)
+{
+    PipeWireSession session;
+    session.startDaemon();
+    const Picture picture(640, 360);
+    const auto cycle = [&](int stayMs) {
+        const scCamera camera = scCreateCamera(picture.width(), picture.height(), 30);
+        QThread::msleep(static_cast<unsigned long>(stayMs));
+        scSendFrame(camera, picture.bytes());
+        scDeleteCamera(camera);
+    };
+    cycle(5);
+    const int files = count(u"fd"_s);
+    const int threads = count(u"task"_s);
+    for (int i = 0; i < 200; ++i) {
+        if (i == 150) {
+            session.killDaemon();
+        }
+        cycle(i % 5); // deleted at another stage of its coming up each time
+    }
+    // A thread that was joined may be listed for a moment.
+    EXPECT_TRUE(waitUntil([&] { return count(u"task"_s) == threads; })) << count(u"task"_s);
+    // The daemon's pipes were open when the files were counted.
+    EXPECT_LE(count(u"fd"_s), files);
+}

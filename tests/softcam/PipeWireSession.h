@@ -1,0 +1,118 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+namespace pevrix::test {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kPatienceMs = 60000; // a loaded machine under a sanitizer is slow
+
+template <typename Condition>
+[[nodiscard]] bool waitUntil(Condition condition)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > kPatienceMs) {
+            return false;
+        }
+        QThread::msleep(20);
+    }
+    return true;
+}
+
+// A process that ends with its owner.
+class ScopedProcess : public QProcess
+{
+public:
+    ScopedProcess(const QString& program, const QStringList& arguments)
+    {
+        setStandardErrorFile(QProcess::nullDevice());
+        start(program, arguments);
+        EXPECT_TRUE(waitForStarted(kPatienceMs)) << "missing: " << qPrintable(program);
+    }
+    ~ScopedProcess() override
+    {
+        kill();
+        waitForFinished();
+    }
+};
+
+// The private runtime folder of a test: this process and its children see no PipeWire but the one
+// started here. Make it before anything else, as it changes the environment.
+class PipeWireSession
+{
+public:
+    PipeWireSession()
+    {
+        const QByteArray home = m_home.path().toUtf8();
+        for (const char* name :
+             {"XDG_RUNTIME_DIR", "HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME"}) {
+            qputenv(name, home);
+        }
+        for (const char* name : {"PIPEWIRE_REMOTE", "PIPEWIRE_RUNTIME_DIR", "PIPEWIRE_CONFIG_DIR",
+                                 "DBUS_SESSION_BUS_ADDRESS"}) {
+            qunsetenv(name);
+        }
+    }
+
+    void startDaemon()
+    {
+        m_daemon.emplace(u"pipewire"_s, QStringList());
+        const QString socket = m_home.filePath(u"pipewire-0"_s);
+        ASSERT_TRUE(waitUntil([&] { return QFile::exists(socket); }));
+        m_manager.emplace(u"wireplumber"_s, QStringList{u"-p"_s, u"video-only"_s});
+    }
+
+    // As in a crash: nobody says goodbye.
+    void killDaemon()
+    {
+        m_manager.reset();
+        m_daemon.reset();
+        QFile::remove(m_home.filePath(u"pipewire-0"_s));
+    }
+
+    [[nodiscard]] qint64 daemonId() const { return m_daemon->processId(); }
+
+    // The camera's node as the daemon describes it, once it is there with all its formats.
+    [[nodiscard]] QJsonObject waitForCamera() const
+    {
+        QJsonObject info;
+        EXPECT_TRUE(waitUntil([&] {
+            info = camera();
+            return !info["params"_L1]["EnumFormat"_L1].toArray().isEmpty();
+        })) << "no camera in the daemon";
+        return info;
+    }
+
+    [[nodiscard]] static QJsonObject camera()
+    {
+        ScopedProcess dump(u"pw-dump"_s, {});
+        dump.waitForFinished(kPatienceMs);
+        const auto objects = QJsonDocument::fromJson(dump.readAllStandardOutput()).array();
+        for (const auto& object : objects) {
+            const QJsonObject info = object["info"_L1].toObject();
+            if (info["props"_L1]["node.name"_L1] == "pevrix-camera"_L1) {
+                return info;
+            }
+        }
+        return {};
+    }
+
+private:
+    QTemporaryDir m_home;
+    std::optional<ScopedProcess> m_daemon;
+    std::optional<ScopedProcess> m_manager;
+};
+
+} // namespace pevrix::test
