@@ -1,5 +1,7 @@
 #pragma once
 
+#include "video/PictureSize.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -13,7 +15,7 @@ namespace pevrix {
 // One caller at a time. Nothing is logged and nothing thrown: data that cannot be decoded is
 // dropped. Nothing is shown before the first keyframe. Later a damaged picture is shown as far as
 // it could be restored, for a short blemish disturbs less than a frozen picture; the next clean
-// keyframe ends it. Only 8-bit 4:2:0 pictures up to 4096 x 4096 pixels are delivered.
+// keyframe ends it. Only 8-bit 4:2:0 pictures of at most kMaxPicturePixels are delivered.
 class H264Decoder
 {
 public:
@@ -22,10 +24,6 @@ public:
     // back into the decoder.
     using FrameCallback =
         std::function<void(const std::uint8_t* bgr, int width, int height, std::int64_t ptsUsec)>;
-
-    // Larger pictures are dropped. A stream may declare 16384 x 16384 in a few bytes, and each
-    // reference picture of that costs 400 MB. What phones send fits: 4K, upright or lying.
-    static constexpr std::int64_t kMaxPicturePixels = std::int64_t{4096} * 4096;
 
     explicit H264Decoder(FrameCallback onFrame = {});
     ~H264Decoder();

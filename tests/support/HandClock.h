@@ -1,0 +1,90 @@
+#pragma once
+
+#include "video/FrameClock.h"
+
+#include <condition_variable>
+#include <mutex>
+
+namespace pevrix {
+
+// Time for one pacing thread that stands still until the test lets it pass: a sleeping thread wakes
+// once the test has allowed the time that it sleeps for.
+class HandClock
+{
+public:
+    using Point = PacingTime::Point;
+
+    [[nodiscard]] PacingTime time()
+    {
+        return {.now = [this] { return now(); },
+                .sleepUntil =
+                    [this](Point wanted) {
+                        sleepUntil(wanted);
+                    }};
+    }
+
+    [[nodiscard]] Point now() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_now;
+    }
+
+    // Time that the pacing thread itself spends, in place of sleeping.
+    void spend(std::chrono::nanoseconds duration)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_now += duration;
+    }
+
+    // Lets time pass up to and including `limit`; returns when the thread sleeps for a later one.
+    // False when that does not happen.
+    [[nodiscard]] bool runUntil(Point limit)
+    {
+        std::unique_lock lock(m_mutex);
+        m_limit = limit;
+        m_changed.notify_all();
+        return m_changed.wait_for(lock, std::chrono::minutes(1),
+                                  [this] { return m_wanted > m_limit; });
+    }
+
+    // Back to the beginning; nobody may be asleep.
+    void reset()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_now = m_limit = m_wanted = {};
+    }
+
+    // From now on nobody sleeps.
+    void open()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_limit = Point::max();
+        m_changed.notify_all();
+    }
+
+    [[nodiscard]] std::chrono::nanoseconds lastSleep() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_lastSleep;
+    }
+
+private:
+    void sleepUntil(Point wanted)
+    {
+        std::unique_lock lock(m_mutex);
+        m_lastSleep = wanted - m_now;
+        m_wanted = wanted;
+        m_changed.notify_all();
+        m_changed.wait(lock, [this, wanted] { return wanted <= m_limit; });
+        m_now = wanted;
+    }
+
+    mutable std::mutex m_mutex;
+    std::condition_variable m_changed;
+    Point m_now{};
+    Point m_limit{};
+    Point m_wanted{};
+    std::chrono::nanoseconds m_lastSleep{};
+};
+
+} // namespace pevrix

@@ -1,0 +1,384 @@
+// The sink with a real camera library, loaded from where the program would load it. Pacing is
+// checked in hand-driven time, so that it is exact on a busy machine too.
+#include "video/SoftcamSink.h"
+
+#include "tests/support/HandClock.h"
+#include "tests/support/testcam/Testcam.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <future>
+#include <iostream>
+#include <limits>
+#include <string>
+#include <utility>
+
+namespace pevrix {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kWidth = 16;
+constexpr int kHeight = 9;
+constexpr auto kPeriod = 10ms;
+constexpr float kFps = 100;
+
+using Pixels = std::vector<std::uint8_t>;
+
+Pixels pictureOf(std::uint8_t value, int width = kWidth, int height = kHeight)
+{
+    return Pixels(static_cast<std::size_t>(width * height * 3), value);
+}
+
+// Keeps a camera library loaded and gives access to its state.
+struct Testcam
+{
+    explicit Testcam(const char* name)
+        : library(loadCameraLibrary(name))
+    {
+        if (library) {
+            const auto entry = cameraEntryPoint(library, "testcamState");
+            state = reinterpret_cast<TestcamStateFunction>(entry)();
+        }
+    }
+
+    CameraLibrary library;
+    TestcamState* state = nullptr;
+};
+
+struct Sent
+{
+    std::chrono::nanoseconds time{}; // since the clock's beginning
+    int value = 0;                   // of every byte, -1 if they differ
+
+    bool operator==(const Sent&) const = default;
+    friend std::ostream& operator<<(std::ostream& out, const Sent& sent)
+    {
+        return out << sent.value << " at " << sent.time / 1us << " us";
+    }
+};
+
+class SoftcamSinkTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_NE(camera.state, nullptr) << TESTCAM_NAME;
+        camera.state->onSend = [this](const std::uint8_t* pixels) {
+            const auto size = static_cast<std::ptrdiff_t>(bytes);
+            const bool even = std::all_of(pixels, pixels + size,
+                                          [&](std::uint8_t byte) { return byte == *pixels; });
+            sent.push_back({clock.now().time_since_epoch(), even ? *pixels : -1});
+            if (afterSend) {
+                afterSend();
+            }
+        };
+    }
+
+    void TearDown() override
+    {
+        clock.open();
+        sink.stop();
+        EXPECT_EQ(camera.state->misuses, 0);
+        EXPECT_EQ(camera.state->created, camera.state->deleted);
+        camera.state->onSend = nullptr;
+    }
+
+    // The first cycle, which finds no picture, is over when this returns.
+    void start(int width = kWidth, int height = kHeight, float fps = kFps)
+    {
+        bytes = pictureOf(0, width, height).size();
+        ASSERT_TRUE(sink.start(width, height, fps));
+        ASSERT_TRUE(clock.runUntil({}));
+    }
+
+    // Read by the test while the sender sleeps.
+    std::vector<Sent> sent;
+    std::function<void()> afterSend;
+    std::size_t bytes = 0;
+
+    Testcam camera{TESTCAM_NAME};
+    HandClock clock;
+    SoftcamSink sink{TESTCAM_NAME, clock.time()};
+};
+
+TEST_F(SoftcamSinkTest, SendsTheNewestPictureOncePerPeriodAndNothingBeforeTheFirst)
+{
+    start();
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{2 * kPeriod}));
+    EXPECT_TRUE(sent.empty());
+
+    sink.sendFrame(pictureOf(7).data());
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{4 * kPeriod}));
+    sink.sendFrame(pictureOf(8).data());
+    sink.sendFrame(pictureOf(9).data());
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{6 * kPeriod}));
+
+    EXPECT_EQ(sent, (std::vector<Sent>{
+                        {3 * kPeriod, 7}, {4 * kPeriod, 7}, {5 * kPeriod, 9}, {6 * kPeriod, 9}}));
+}
+
+TEST_F(SoftcamSinkTest, DoesNotDriftByTheTimeThatSendingTakes)
+{
+    afterSend = [this] {
+        clock.spend(kPeriod * 2 / 5);
+    };
+    start();
+    sink.sendFrame(pictureOf(1).data());
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{100 * kPeriod}));
+    ASSERT_EQ(sent.size(), 100U);
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_EQ(sent[static_cast<std::size_t>(i)].time, (i + 1) * kPeriod);
+    }
+}
+
+TEST_F(SoftcamSinkTest, MakesUpForMissedPeriodsBackToBack)
+{
+    afterSend = [this] {
+        clock.spend(sent.size() == 2 ? 3 * kPeriod : 0ms);
+    };
+    start();
+    sink.sendFrame(pictureOf(1).data());
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{7 * kPeriod}));
+    std::vector<int> periods;
+    for (const Sent& each : sent) {
+        periods.push_back(static_cast<int>(each.time / kPeriod));
+    }
+    EXPECT_EQ(periods, (std::vector{1, 2, 5, 5, 5, 6, 7}));
+}
+
+TEST_F(SoftcamSinkTest, CreatesTheCameraWithTheRateAsGivenAndPacesByASensibleOne)
+{
+    const struct
+    {
+        float fps;
+        std::chrono::microseconds period;
+    } cases[] = {{0, 33333us},  {-5, 33333us},   {1, 33333us},      {NAN, 33333us},
+                 {30, 33333us}, {1.5, 666666us}, {59.94F, 16683us}, {120, 8333us}};
+    for (const auto& [fps, period] : cases) {
+        SCOPED_TRACE(fps);
+        HandClock time;
+        SoftcamSink paced(TESTCAM_NAME, time.time());
+        ASSERT_TRUE(paced.start(1280, 720, fps));
+        EXPECT_TRUE(time.runUntil({}));
+        EXPECT_EQ(time.lastSleep(), period);
+        EXPECT_EQ(std::isnan(fps), std::isnan(camera.state->fps));
+        EXPECT_TRUE(std::isnan(fps) || camera.state->fps == fps);
+        time.open();
+    }
+}
+
+TEST_F(SoftcamSinkTest, KeepsTheFirstSizeUntilStopped)
+{
+    start();
+    EXPECT_TRUE(sink.start(2 * kWidth, kHeight, kFps));
+    EXPECT_EQ(camera.state->created, 1);
+    EXPECT_EQ(camera.state->width, kWidth);
+
+    sink.sendFrame(pictureOf(3).data());
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{kPeriod}));
+    clock.open();
+    sink.stop();
+    EXPECT_FALSE(sink.isActive());
+    EXPECT_EQ(clock.lastSleep(), 100ms);
+    sink.sendFrame(pictureOf(4).data());
+
+    sent.clear();
+    clock.reset();
+    start(2 * kWidth, kHeight);
+    EXPECT_EQ(camera.state->width, 2 * kWidth);
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{kPeriod}));
+    EXPECT_TRUE(sent.empty()) << "the new camera's mailbox begins empty";
+    sink.sendFrame(pictureOf(5, 2 * kWidth).data());
+    ASSERT_TRUE(clock.runUntil(HandClock::Point{2 * kPeriod}));
+    EXPECT_EQ(sent, (std::vector<Sent>{{2 * kPeriod, 5}}));
+}
+
+TEST_F(SoftcamSinkTest, StopsFromAnyState)
+{
+    sink.stop();
+    EXPECT_EQ(clock.lastSleep(), 0ms) << "without a camera there is nothing to wait for";
+    start();
+    clock.open();
+    sink.stop();
+    sink.stop();
+    EXPECT_EQ(camera.state->deleted, 1);
+
+    HandClock time;
+    {
+        SoftcamSink running(TESTCAM_NAME, time.time());
+        ASSERT_TRUE(running.start(kWidth, kHeight, kFps));
+        time.open();
+    }
+    EXPECT_EQ(camera.state->deleted, 2);
+}
+
+TEST_F(SoftcamSinkTest, TellsWhetherAProgramReadsTheCamera)
+{
+    camera.state->appConnected = true;
+    EXPECT_FALSE(sink.isAppConnected()) << "there is no camera yet";
+    start();
+    EXPECT_TRUE(sink.isActive());
+    EXPECT_TRUE(sink.isAppConnected());
+    camera.state->appConnected = false;
+    EXPECT_FALSE(sink.isAppConnected());
+}
+
+TEST_F(SoftcamSinkTest, StartsOnceTheLibraryHasACameraToGive)
+{
+    camera.state->createFails = true;
+    EXPECT_FALSE(sink.start(kWidth, kHeight, kFps));
+    EXPECT_FALSE(sink.isActive());
+    camera.state->createFails = false;
+    start();
+}
+
+TEST_F(SoftcamSinkTest, RefusesSizesThatNoPictureHas)
+{
+    constexpr int kMax = std::numeric_limits<int>::max();
+    for (const auto& [width, height] : {std::pair{0, 9}, {16, 0}, {-16, -9}, {kMax, kMax}}) {
+        EXPECT_FALSE(sink.start(width, height, kFps)) << width << " x " << height;
+    }
+    EXPECT_EQ(camera.state->created, 0);
+    start(4096, 4096);
+}
+
+TEST(SoftcamSinkLibrary, NeedsEveryEntryPointButOne)
+{
+    SoftcamSink missing("no-such-library");
+    EXPECT_FALSE(missing.start(kWidth, kHeight, kFps));
+
+    const Testcam mute(TESTCAM_WITHOUT_SEND_NAME);
+    ASSERT_NE(mute.state, nullptr);
+    SoftcamSink muteSink(TESTCAM_WITHOUT_SEND_NAME);
+    EXPECT_FALSE(muteSink.start(kWidth, kHeight, kFps));
+    EXPECT_FALSE(muteSink.start(kWidth, kHeight, kFps)) << "nothing is left of the first attempt";
+    EXPECT_EQ(mute.state->created, 0);
+
+    const Testcam silent(TESTCAM_WITHOUT_CONNECTED_NAME);
+    ASSERT_NE(silent.state, nullptr);
+    silent.state->appConnected = true;
+    SoftcamSink silentSink(TESTCAM_WITHOUT_CONNECTED_NAME);
+    EXPECT_TRUE(silentSink.start(kWidth, kHeight, kFps));
+    EXPECT_FALSE(silentSink.isAppConnected());
+}
+
+// The process's own search path is fixed when it starts, so the sink runs in a new one.
+[[noreturn]] void tellWhichLibraryIsUsed(const char* name)
+{
+    SoftcamSink sink(name);
+    const bool started = sink.start(kWidth, kHeight, kFps);
+    const Testcam used(name);
+    if (started && used.state != nullptr && used.state->created == 1) {
+        std::cerr << "camera of " << used.state->origin;
+    }
+    std::exit(0); // NOLINT: a child process of one thread
+}
+
+TEST(SoftcamSinkLibraryDeathTest, PrefersTheOneBesideTheExecutableToTheSystems)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    static std::string searchPath = TESTCAM_SEARCH_VARIABLE "=" TESTCAM_ELSEWHERE;
+    ASSERT_EQ(putenv(searchPath.data()), 0);
+    const auto success = testing::ExitedWithCode(0);
+    EXPECT_EXIT(tellWhichLibraryIsUsed(TESTCAM_NAME), success, "camera of beside");
+    EXPECT_EXIT(tellWhichLibraryIsUsed(TESTCAM_ELSEWHERE_NAME), success, "camera of elsewhere");
+}
+
+// From here on with the real clock.
+
+TEST(SoftcamSinkThreads, NeverRunAheadOfTheClock)
+{
+    Testcam camera(TESTCAM_NAME);
+    ASSERT_NE(camera.state, nullptr);
+    std::promise<void> enough;
+    camera.state->onSend = [&](const std::uint8_t*) {
+        if (camera.state->sent == 101) {
+            enough.set_value();
+        }
+    };
+    {
+        SoftcamSink sink(TESTCAM_NAME);
+        const auto begin = std::chrono::steady_clock::now();
+        ASSERT_TRUE(sink.start(kWidth, kHeight, 500));
+        sink.sendFrame(pictureOf(1).data());
+        ASSERT_EQ(enough.get_future().wait_for(1min), std::future_status::ready);
+        EXPECT_GE(std::chrono::steady_clock::now() - begin, 100 * 2ms);
+
+        const auto stopping = std::chrono::steady_clock::now();
+        sink.stop();
+        EXPECT_GE(std::chrono::steady_clock::now() - stopping, 100ms);
+    }
+    camera.state->onSend = nullptr;
+}
+
+TEST(SoftcamSinkThreads, ALibraryThatIsSlowToTakeAPictureHoldsUpNobodyElse)
+{
+    Testcam camera(TESTCAM_NAME);
+    ASSERT_NE(camera.state, nullptr);
+    std::promise<void> taken;
+    std::promise<void> mayGoOn;
+    std::once_flag first;
+    camera.state->onSend = [&](const std::uint8_t*) {
+        std::call_once(first, [&] {
+            taken.set_value();
+            mayGoOn.get_future().wait();
+        });
+    };
+    {
+        SoftcamSink sink(TESTCAM_NAME);
+        ASSERT_TRUE(sink.start(kWidth, kHeight, kFps));
+        sink.sendFrame(pictureOf(1).data());
+        taken.get_future().wait();
+        sink.sendFrame(pictureOf(2).data());
+        EXPECT_FALSE(sink.isAppConnected());
+        mayGoOn.set_value();
+    }
+    EXPECT_EQ(camera.state->misuses, 0) << "the camera outlives the call that uses it";
+    camera.state->onSend = nullptr;
+}
+
+TEST(SoftcamSinkThreads, PicturesFromSeveralThreadsStayWholeWhileTheCameraComesAndGoes)
+{
+    Testcam camera(TESTCAM_NAME);
+    ASSERT_NE(camera.state, nullptr);
+    const Pixels pictures[] = {pictureOf(1), pictureOf(2), pictureOf(3)};
+    std::atomic<int> torn = 0;
+    camera.state->onSend = [&](const std::uint8_t* pixels) {
+        if (std::none_of(std::begin(pictures), std::end(pictures), [&](const Pixels& whole) {
+                return std::equal(whole.begin(), whole.end(), pixels);
+            })) {
+            ++torn;
+        }
+    };
+    {
+        SoftcamSink sink(TESTCAM_NAME);
+        std::atomic<bool> over = false;
+        std::vector<std::jthread> threads;
+        for (const Pixels& picture : pictures) {
+            threads.emplace_back([&sink, &over, &picture] {
+                while (!over) {
+                    sink.sendFrame(picture.data());
+                    static_cast<void>(sink.isAppConnected());
+                }
+            });
+        }
+        for (int life = 1; life <= 3; ++life) {
+            ASSERT_TRUE(sink.start(kWidth, kHeight, 1000));
+            while (camera.state->sent < life * 20) {
+                std::this_thread::yield();
+            }
+            sink.stop();
+        }
+        over = true;
+    }
+    EXPECT_EQ(torn, 0);
+    EXPECT_EQ(camera.state->misuses, 0);
+    camera.state->onSend = nullptr;
+}
+
+} // namespace
+} // namespace pevrix
