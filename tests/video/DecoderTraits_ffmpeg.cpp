@@ -1,0 +1,10 @@
+#include "tests/video/DecoderTraits.h"
+
+namespace pevrix {
+
+DecoderTraits decoderTraits()
+{
+    return {};
+}
+
+} // namespace pevrix

@@ -1,0 +1,15 @@
+#include "tests/video/DecoderTraits.h"
+
+#include <windows.h>
+
+namespace pevrix {
+
+// The system's decoder declares whole macroblocks as the size of its pictures. The rest is the
+// doing of Wine's stand-in for it, seen in version 10.
+DecoderTraits decoderTraits()
+{
+    const bool wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    return {.keepsTimes = !wine, .dropsOtherFormats = !wine, .crops = false};
+}
+
+} // namespace pevrix

@@ -1,0 +1,295 @@
+#pragma once
+
+#include "video/MediaFoundation_win.h"
+
+#include <algorithm>
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pevrix {
+
+// What the scripted decoder transform shall do, and what was done with it.
+struct Script
+{
+    struct OutputType
+    {
+        GUID subtype = MFVideoFormat_NV12;
+        std::uint32_t width = 0;
+        std::uint32_t height = 0;
+        std::uint32_t stride = 0; // 0: without the attribute
+    };
+    struct Output
+    {
+        HRESULT result = S_OK;
+        std::vector<std::uint8_t> bytes{};
+        std::optional<LONGLONG> time{};
+    };
+
+    HRESULT createResult = S_OK;
+    HRESULT inputTypeResult = S_OK;
+    HRESULT outputTypeResult = S_OK;
+    std::vector<OutputType> types{};
+    std::vector<OutputType> typesAfterChange{}; // offered once a stream change was reported
+    DWORD streamFlags = 0;
+    DWORD bufferSize = 0;
+    int refusals = 0;             // of input, before some is accepted
+    std::deque<Output> outputs{}; // then MF_E_TRANSFORM_NEED_MORE_INPUT
+    bool repeatLastOutput = false;
+
+    std::vector<std::string> calls{};
+    int living = 0;
+    Microsoft::WRL::ComPtr<IMFAttributes> attributes{};
+    Microsoft::WRL::ComPtr<IMFMediaType> inputType{};
+    std::vector<std::uint8_t> input{};
+    LONGLONG inputTime = 0;
+    LONGLONG inputDuration = 0;
+};
+
+// The reference counting of a COM object with one interface.
+template <typename Interface>
+class ComObject : public Interface
+{
+public:
+    virtual ~ComObject() = default;
+
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override
+    {
+        const bool known = id == __uuidof(IUnknown) || id == __uuidof(Interface);
+        *object = known ? static_cast<Interface*>(this) : nullptr;
+        if (known) {
+            AddRef();
+        }
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
+    STDMETHODIMP_(ULONG) Release() override
+    {
+        const ULONG left = --m_references;
+        if (left == 0) {
+            delete this;
+        }
+        return left;
+    }
+
+private:
+    ULONG m_references = 1;
+};
+
+class ScriptedTransform final : public ComObject<IMFTransform>
+{
+public:
+    explicit ScriptedTransform(Script& script)
+        : m_script(script)
+    {
+        note("created");
+        ++m_script.living;
+    }
+    ~ScriptedTransform() override
+    {
+        note("destroyed");
+        --m_script.living;
+    }
+
+    STDMETHODIMP GetAttributes(IMFAttributes** attributes) override
+    {
+        if (m_script.attributes == nullptr) {
+            return E_NOTIMPL;
+        }
+        return m_script.attributes.CopyTo(attributes);
+    }
+
+    STDMETHODIMP SetInputType(DWORD, IMFMediaType* type, DWORD) override
+    {
+        note("input type");
+        m_script.inputType = type;
+        return m_script.inputTypeResult;
+    }
+
+    STDMETHODIMP GetOutputAvailableType(DWORD, DWORD index, IMFMediaType** result) override
+    {
+        const auto& types = m_changed ? m_script.typesAfterChange : m_script.types;
+        if (index >= types.size()) {
+            return MF_E_NO_MORE_TYPES;
+        }
+        const Script::OutputType& from = types[index];
+        Microsoft::WRL::ComPtr<IMFMediaType> type;
+        MFCreateMediaType(&type);
+        type->SetGUID(MF_MT_SUBTYPE, from.subtype);
+        if (from.width != 0) {
+            type->SetUINT64(MF_MT_FRAME_SIZE, UINT64{from.width} << 32 | from.height);
+        }
+        if (from.stride != 0) {
+            type->SetUINT32(MF_MT_DEFAULT_STRIDE, from.stride);
+        }
+        *result = type.Detach();
+        return S_OK;
+    }
+
+    STDMETHODIMP SetOutputType(DWORD, IMFMediaType* type, DWORD) override
+    {
+        GUID subtype{};
+        type->GetGUID(MF_MT_SUBTYPE, &subtype);
+        note(subtype == MFVideoFormat_NV12 ? "output type NV12" : "another output type");
+        return m_script.outputTypeResult;
+    }
+
+    STDMETHODIMP GetOutputStreamInfo(DWORD, MFT_OUTPUT_STREAM_INFO* info) override
+    {
+        *info = {m_script.streamFlags, m_script.bufferSize, 0};
+        return S_OK;
+    }
+
+    STDMETHODIMP ProcessMessage(MFT_MESSAGE_TYPE message, ULONG_PTR) override
+    {
+        note(message == MFT_MESSAGE_COMMAND_FLUSH            ? "flush"
+             : message == MFT_MESSAGE_NOTIFY_BEGIN_STREAMING ? "begin streaming"
+             : message == MFT_MESSAGE_NOTIFY_START_OF_STREAM ? "start of stream"
+             : message == MFT_MESSAGE_NOTIFY_END_OF_STREAM   ? "end of stream"
+                                                             : "another message");
+        return S_OK;
+    }
+
+    STDMETHODIMP ProcessInput(DWORD, IMFSample* sample, DWORD) override
+    {
+        if (m_script.refusals > 0) {
+            --m_script.refusals;
+            note("input refused");
+            return MF_E_NOTACCEPTING;
+        }
+        note("input");
+        Microsoft::WRL::ComPtr<IMFMediaBuffer> buffer;
+        sample->ConvertToContiguousBuffer(&buffer);
+        DWORD length = 0;
+        buffer->GetCurrentLength(&length);
+        const LockedBuffer locked(buffer.Get());
+        m_script.input.assign(locked.bytes().data(), locked.bytes().data() + length);
+        sample->GetSampleTime(&m_script.inputTime);
+        sample->GetSampleDuration(&m_script.inputDuration);
+        return S_OK;
+    }
+
+    STDMETHODIMP ProcessOutput(DWORD, DWORD, MFT_OUTPUT_DATA_BUFFER* output, DWORD*) override
+    {
+        if (m_script.outputs.empty()) {
+            return MF_E_TRANSFORM_NEED_MORE_INPUT;
+        }
+        const Script::Output next = m_script.outputs.front();
+        if (!m_script.repeatLastOutput || m_script.outputs.size() > 1) {
+            m_script.outputs.pop_front();
+        }
+        m_changed = m_changed || next.result == MF_E_TRANSFORM_STREAM_CHANGE;
+        // Left behind for the caller to release, whatever the result.
+        MFCreateCollection(&output->pEvents);
+        return FAILED(next.result) ? next.result : write(next, *output);
+    }
+
+    // What a decoder never asks for.
+    STDMETHODIMP GetStreamLimits(DWORD*, DWORD*, DWORD*, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetStreamCount(DWORD*, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetStreamIDs(DWORD, DWORD*, DWORD, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetInputStreamInfo(DWORD, MFT_INPUT_STREAM_INFO*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetInputStreamAttributes(DWORD, IMFAttributes**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetOutputStreamAttributes(DWORD, IMFAttributes**) override { return E_NOTIMPL; }
+    STDMETHODIMP DeleteInputStream(DWORD) override { return E_NOTIMPL; }
+    STDMETHODIMP AddInputStreams(DWORD, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetInputAvailableType(DWORD, DWORD, IMFMediaType**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetInputCurrentType(DWORD, IMFMediaType**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetOutputCurrentType(DWORD, IMFMediaType**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetInputStatus(DWORD, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetOutputStatus(DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP SetOutputBounds(LONGLONG, LONGLONG) override { return E_NOTIMPL; }
+    STDMETHODIMP ProcessEvent(DWORD, IMFMediaEvent*) override { return E_NOTIMPL; }
+
+private:
+    void note(const char* call) { m_script.calls.emplace_back(call); }
+
+    // Into the caller's sample, or into one of its own where the script says so.
+    HRESULT write(const Script::Output& from, MFT_OUTPUT_DATA_BUFFER& output)
+    {
+        const bool allocates =
+            (m_script.streamFlags &
+             (MFT_OUTPUT_STREAM_PROVIDES_SAMPLES | MFT_OUTPUT_STREAM_CAN_PROVIDE_SAMPLES)) != 0;
+        if (allocates != (output.pSample == nullptr)) {
+            note("sample on the wrong side");
+            return E_INVALIDARG;
+        }
+        Microsoft::WRL::ComPtr<IMFMediaBuffer> buffer;
+        const auto size = static_cast<DWORD>(from.bytes.size());
+        if (allocates) {
+            MFCreateSample(&output.pSample);
+            MFCreateMemoryBuffer(size, &buffer);
+            output.pSample->AddBuffer(buffer.Get());
+        } else {
+            output.pSample->ConvertToContiguousBuffer(&buffer);
+        }
+        const LockedBuffer locked(buffer.Get());
+        if (locked.bytes().size() < from.bytes.size()) {
+            note("buffer too small");
+            return MF_E_BUFFERTOOSMALL;
+        }
+        std::ranges::copy(from.bytes, locked.bytes().begin());
+        buffer->SetCurrentLength(size);
+        if (from.time) {
+            output.pSample->SetSampleTime(*from.time);
+        }
+        return S_OK;
+    }
+
+    Script& m_script;
+    bool m_changed = false;
+};
+
+// While it lives, CoCreateInstance() makes the scripted transform for the class of the system's
+// H.264 decoder.
+class ScriptedDecoderClass
+{
+public:
+    explicit ScriptedDecoderClass(Script& script)
+    {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        Microsoft::WRL::ComPtr<IClassFactory> factory;
+        factory.Attach(new Factory(script));
+        m_registered =
+            SUCCEEDED(CoRegisterClassObject(CLSID_CMSH264DecoderMFT, factory.Get(),
+                                            CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &m_cookie));
+    }
+    ~ScriptedDecoderClass()
+    {
+        if (m_registered) {
+            CoRevokeClassObject(m_cookie);
+        }
+        CoUninitialize();
+    }
+    ScriptedDecoderClass(const ScriptedDecoderClass&) = delete;
+    ScriptedDecoderClass& operator=(const ScriptedDecoderClass&) = delete;
+
+private:
+    class Factory final : public ComObject<IClassFactory>
+    {
+    public:
+        explicit Factory(Script& script)
+            : m_script(script)
+        {}
+        STDMETHODIMP CreateInstance(IUnknown*, REFIID id, void** object) override
+        {
+            *object = nullptr;
+            if (FAILED(m_script.createResult)) {
+                return m_script.createResult;
+            }
+            Microsoft::WRL::ComPtr<IMFTransform> transform;
+            transform.Attach(new ScriptedTransform(m_script));
+            return transform->QueryInterface(id, object);
+        }
+        STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+    private:
+        Script& m_script;
+    };
+
+    DWORD m_cookie = 0;
+    bool m_registered = false;
+};
+
+} // namespace pevrix
