@@ -62,10 +62,9 @@ QByteArray header(MessageType type, quint32 length)
     return {bytes.data(), std::ssize(bytes)};
 }
 
-QByteArray frame(quint64 ptsUsec, bool keyframe, QByteArrayView accessUnit)
+QByteArray frame(qint64 ptsUsec, bool keyframe, QByteArrayView accessUnit)
 {
-    const auto head =
-        encodeVideoFrameHeader(static_cast<qint64>(ptsUsec), keyframe, accessUnit.size());
+    const auto head = encodeVideoFrameHeader(ptsUsec, keyframe, accessUnit.size());
     return QByteArray(head.data(), std::ssize(head)).append(accessUnit);
 }
 
@@ -127,7 +126,7 @@ Malformed malformedNamed(const QString& name)
 }
 
 QByteArray malformedBytes(Malformed kind, const QByteArray& hello, QByteArrayView accessUnit,
-                          quint64 ptsUsec)
+                          qint64 ptsUsec)
 {
     switch (kind) {
     case Malformed::None:

@@ -5,7 +5,6 @@
 #include <QByteArray>
 #include <QString>
 
-#include <optional>
 #include <span>
 
 namespace pevrix {
@@ -68,6 +67,6 @@ inline constexpr int kMalformedEveryFrames = 10;
 /// `accessUnit` the last video frame sent (both are the raw material for some kinds), `ptsUsec` its
 /// timestamp. The same arguments always give the same bytes.
 [[nodiscard]] QByteArray malformedBytes(Malformed kind, const QByteArray& hello,
-                                        QByteArrayView accessUnit, quint64 ptsUsec);
+                                        QByteArrayView accessUnit, qint64 ptsUsec);
 
 } // namespace pevrix

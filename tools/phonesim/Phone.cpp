@@ -116,19 +116,20 @@ void Phone::accept()
 void Phone::startPlan()
 {
     if (m_plan.leaveAfter) {
-        QTimer::singleShot(*m_plan.leaveAfter, this, &Phone::leave);
+        QTimer::singleShot(*m_plan.leaveAfter, Qt::PreciseTimer, this, &Phone::leave);
     }
     if (m_plan.resizeAfter) {
-        QTimer::singleShot(*m_plan.resizeAfter, this, [this] {
+        QTimer::singleShot(*m_plan.resizeAfter, Qt::PreciseTimer, this, [this] {
             Q_EMIT event(QStringLiteral("new size"));
             m_streamer.resize(m_plan.resizeTo);
         });
     }
     if (m_plan.stallAfter) {
-        QTimer::singleShot(*m_plan.stallAfter, this, [this] { setStalled(true); });
+        QTimer::singleShot(*m_plan.stallAfter, Qt::PreciseTimer, this,
+                           [this] { setStalled(true); });
     }
     if (m_plan.stallAfter && m_plan.stallFor) {
-        QTimer::singleShot(*m_plan.stallAfter + *m_plan.stallFor, this,
+        QTimer::singleShot(*m_plan.stallAfter + *m_plan.stallFor, Qt::PreciseTimer, this,
                            [this] { setStalled(false); });
     }
 }
@@ -185,8 +186,7 @@ void Phone::onFrameSent(QByteArrayView accessUnit, qint64 ptsUsec)
 
 void Phone::sendMalformed(QByteArrayView accessUnit, qint64 ptsUsec)
 {
-    m_link.sendMalformed(malformedBytes(m_plan.malformed, helloPayload(), accessUnit,
-                                        static_cast<quint64>(ptsUsec)));
+    m_link.sendMalformed(malformedBytes(m_plan.malformed, helloPayload(), accessUnit, ptsUsec));
     if (findMalformed(m_plan.malformed)->silentAfterwards) {
         m_streamer.stop();
         m_link.fallSilent();

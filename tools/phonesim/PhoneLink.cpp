@@ -20,6 +20,8 @@ PhoneLink::PhoneLink(QTcpSocket* socket, RunStats& stats, QIODevice* dump, QObje
         shutDownWhenSent();
         Q_EMIT sentSome();
     });
+    // What arrived before the socket came here is not announced again.
+    QMetaObject::invokeMethod(this, &PhoneLink::readAll, Qt::QueuedConnection);
 }
 
 void PhoneLink::write(const char* bytes, qsizetype count)

@@ -6,8 +6,9 @@
 #include "tools/phonesim/VideoSource.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QTcpSocket>
+
+#include <span>
 
 class QIODevice;
 

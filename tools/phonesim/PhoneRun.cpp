@@ -38,6 +38,8 @@ PhoneRun::PhoneRun(Options options, QObject* parent)
     });
     m_pause.setSingleShot(true);
     m_duration.setSingleShot(true);
+    m_duration.setTimerType(Qt::PreciseTimer);
+    m_progress.setTimerType(Qt::PreciseTimer);
     connect(&m_duration, &QTimer::timeout, this, &PhoneRun::stop);
     connect(&m_progress, &QTimer::timeout, this, &PhoneRun::printProgress);
 }
@@ -178,7 +180,7 @@ void PhoneRun::printProgress()
         return static_cast<double>(difference) / seconds;
     };
     say(QStringLiteral("%1 s %2, %3 frames, %4 fps, %5 kbit/s, %6 keyframes")
-            .arg(m_clock.elapsed() / 1000, 3)
+            .arg((m_clock.elapsed() + 500) / 1000, 3)
             .arg(QString::fromLatin1(describe(m_stats.state)))
             .arg(m_stats.frames)
             .arg(rate(m_stats.frames - m_lineStats.frames), 0, 'f', 1)
@@ -208,9 +210,10 @@ void PhoneRun::end(ExitCode code)
     m_pause.stop();
     m_duration.stop();
     m_progress.stop();
-    if (m_dump.isOpen() && !m_dump.flush() && code == ExitCode::Done) {
+    const bool dumped = !m_dump.isOpen() || m_dump.flush();
+    if (!dumped || m_dump.error() != QFileDevice::NoError) {
         complain(QStringLiteral("cannot write \"%1\"").arg(m_options.dumpFile));
-        code = ExitCode::BadUsage;
+        code = code == ExitCode::Done ? ExitCode::BadUsage : code;
     }
     m_dump.close();
     printLine(stdout, summary(m_stats, code, m_clock.durationElapsed() / 1ms * 1ms));
