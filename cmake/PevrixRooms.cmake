@@ -56,8 +56,10 @@ function(pevrix_test name)
             TIMEOUT 600 ENVIRONMENT "${PEVRIX_TEST_ENVIRONMENT}")
         return()
     endif()
+    # Unescaped, the list would be taken for several properties, and only its first entry would count.
+    string(REPLACE ";" "\\;" environment "${PEVRIX_TEST_ENVIRONMENT}")
     gtest_discover_tests(${name}
         TEST_PREFIX "${name}."
         DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 300 ENVIRONMENT "${PEVRIX_TEST_ENVIRONMENT}")
+        PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment}")
 endfunction()
