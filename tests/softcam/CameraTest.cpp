@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <ostream>
 #include <tuple>
 
 using namespace pevrix::test;
@@ -60,6 +61,8 @@ struct YuvLayout
     const char* name;
     int bitsPerPixel;
     decltype(&yuy2At) at;
+
+    friend void PrintTo(const YuvLayout& layout, std::ostream* out) { *out << layout.name; }
 };
 
 class YuvLayouts : public testing::TestWithParam<YuvLayout>

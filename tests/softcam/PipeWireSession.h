@@ -64,6 +64,7 @@ public:
                                  "DBUS_SESSION_BUS_ADDRESS"}) {
             qunsetenv(name);
         }
+        qputenv("PIPEWIRE_DLCLOSE", "false"); // reports of sanitizers name its modules
     }
 
     void startDaemon()
