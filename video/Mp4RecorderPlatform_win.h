@@ -1,0 +1,28 @@
+#pragma once
+
+#include "video/MediaFoundation_win.h"
+#include "video/Mp4Recorder.h"
+
+// After windows.h, whose types it uses.
+#include <chrono>
+#include <functional>
+#include <mfreadwrite.h>
+
+namespace pevrix {
+
+// The functions of Media Foundation and of the system that a recording calls; all else goes through
+// the objects that they make.
+struct Mp4Recorder::Platform
+{
+    std::function<decltype(MFStartup)> startup = MFStartup;
+    std::function<decltype(MFShutdown)> shutdown = MFShutdown;
+    std::function<decltype(MFCreateAttributes)> createAttributes = MFCreateAttributes;
+    std::function<decltype(MFCreateSinkWriterFromURL)> createSinkWriter = MFCreateSinkWriterFromURL;
+    std::function<decltype(MFCreateMediaType)> createMediaType = MFCreateMediaType;
+    std::function<decltype(MFCreateMemoryBuffer)> createMemoryBuffer = MFCreateMemoryBuffer;
+    std::function<decltype(MFCreateSample)> createSample = MFCreateSample;
+    std::function<decltype(DeleteFileW)> deleteFile = DeleteFileW;
+    std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;
+};
+
+} // namespace pevrix

@@ -1,0 +1,214 @@
+#include "video/Mp4Recorder.h"
+#include "video/Mp4RecorderPlatform_ffmpeg.h"
+#include "video/Mp4Writer_ffmpeg.h"
+#include "video/PictureQueue.h"
+
+#include <libyuv.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace pevrix {
+
+namespace {
+
+// Higher rates are not told to the encoder, which only estimates by them.
+constexpr int kMaxFps = 1000;
+
+// Pictures that may wait for the encoder: a quarter of a second at 30 pictures per second, long
+// enough for the keyframes, which take longer than other pictures, and for a busy disk.
+constexpr std::size_t kMaxWaitingPictures = 8;
+// Fewer when they are large; 4096 x 2160 still gets all of them.
+constexpr std::size_t kMaxWaitingBytes = std::size_t{128} * 1024 * 1024;
+
+constexpr int roundedUpToEven(int size)
+{
+    return size + size % 2;
+}
+
+constexpr std::size_t waitingLimit(int width, int height)
+{
+    const std::size_t bytes =
+        static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3 / 2;
+    return std::clamp<std::size_t>(kMaxWaitingBytes / std::max<std::size_t>(bytes, 1), 1,
+                                   kMaxWaitingPictures);
+}
+
+// Makes sure that the frame has memory of its own. An encoder may still hold what it was given.
+bool prepare(FrameHandle& frame, int width, int height)
+{
+    if (frame == nullptr) {
+        frame.reset(av_frame_alloc());
+    }
+    if (frame == nullptr || (frame->buf[0] != nullptr && av_frame_is_writable(frame.get()) > 0)) {
+        return frame != nullptr;
+    }
+    av_frame_unref(frame.get());
+    frame->format = AV_PIX_FMT_YUV420P;
+    frame->width = width;
+    frame->height = height;
+    return av_frame_get_buffer(frame.get(), 0) >= 0;
+}
+
+// Fills a frame whose size is that of the picture, rounded up to even numbers: 4:2:0 has no odd
+// sizes. The added column or row repeats its neighbour.
+void fill(AVFrame& frame, const std::uint8_t* bgr, int width, int height)
+{
+    // "RGB24" is blue, green, red in memory.
+    libyuv::RGB24ToI420(bgr, width * 3, frame.data[0], frame.linesize[0], frame.data[1],
+                        frame.linesize[1], frame.data[2], frame.linesize[2], width, height);
+    std::uint8_t* luma = frame.data[0];
+    const std::ptrdiff_t stride = frame.linesize[0];
+    if (width < frame.width) {
+        for (std::ptrdiff_t y = 0; y < height; ++y) {
+            luma[y * stride + width] = luma[y * stride + width - 1];
+        }
+    }
+    if (height < frame.height) {
+        std::memcpy(luma + height * stride, luma + (height - 1) * stride,
+                    static_cast<std::size_t>(frame.width));
+    }
+}
+
+} // namespace
+
+// A recording with its thread: the caller's thread converts pictures into the queue, the
+// recording's own encodes and writes them until there are no more or writing fails.
+class Mp4Recorder::Recording
+{
+public:
+    using Clock = std::chrono::steady_clock;
+
+    Recording(std::unique_ptr<Mp4Writer> writer, int width, int height, int fps,
+              Clock::time_point start)
+        : m_writer(std::move(writer))
+        , m_width(width)
+        , m_height(height)
+        , m_frameDuration(Mp4Writer::kTimeBase.den / fps)
+        , m_start(start)
+        , m_queue(waitingLimit(width, height))
+        , m_thread([this] { writePictures(); })
+    {}
+
+    // Completes the file.
+    ~Recording()
+    {
+        m_queue.close();
+        m_thread.join();
+    }
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+    void add(const std::uint8_t* pixels, Clock::time_point now);
+    [[nodiscard]] bool failed() const { return m_failed; }
+    [[nodiscard]] std::uint64_t dropped() const { return m_queue.dropped(); }
+
+private:
+    void writePictures();
+
+    const std::unique_ptr<Mp4Writer> m_writer;
+    const int m_width;
+    const int m_height;
+    const std::int64_t m_frameDuration; // in units of Mp4Writer::kTimeBase, as m_lastTime
+    const Clock::time_point m_start;
+    std::int64_t m_lastTime = -1;
+    PictureQueue<FrameHandle> m_queue;
+    std::atomic<bool> m_failed = false;
+    std::thread m_thread; // last, for it uses the others
+};
+
+void Mp4Recorder::Recording::add(const std::uint8_t* pixels, Clock::time_point now)
+{
+    FrameHandle frame = m_queue.take();
+    if (!prepare(frame, roundedUpToEven(m_width), roundedUpToEven(m_height))) {
+        return; // no memory: this picture is left out
+    }
+    fill(*frame, pixels, m_width, m_height);
+    using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, Mp4Writer::kTimeBase.den>>;
+    const auto time = std::chrono::duration_cast<Ticks>(now - m_start).count();
+    m_lastTime = std::max(time, m_lastTime + 1); // no two pictures may have the same
+    frame->pts = m_lastTime;
+    frame->duration = m_frameDuration;
+    m_queue.push(std::move(frame));
+}
+
+void Mp4Recorder::Recording::writePictures()
+{
+    FrameHandle frame;
+    while (m_queue.exchange(frame)) {
+        if (!m_writer->encode(*frame)) {
+            m_failed = true;
+            return;
+        }
+    }
+    m_writer->finish();
+}
+
+Mp4Recorder::Mp4Recorder()
+    : Mp4Recorder(Platform{})
+{}
+
+Mp4Recorder::Mp4Recorder(const Platform& platform)
+    : m_platform(std::make_unique<const Platform>(platform))
+{}
+
+Mp4Recorder::~Mp4Recorder() = default;
+
+bool Mp4Recorder::open(const std::filesystem::path& path, std::uint32_t width, std::uint32_t height,
+                       int fps)
+{
+    if (isOpen() || !accepts(width, height)) {
+        return false;
+    }
+    close(); // a recording that has ended by itself
+    const int w = static_cast<int>(width);
+    const int h = static_cast<int>(height);
+    const int rate = std::min(fps > 0 ? fps : kDefaultFps, kMaxFps);
+    auto writer =
+        Mp4Writer::create(path, roundedUpToEven(w), roundedUpToEven(h), rate, m_platform->encoders);
+    if (writer == nullptr) {
+        return false;
+    }
+    try {
+        m_recording = std::make_unique<Recording>(std::move(writer), w, h, rate, m_platform->now());
+    } catch (const std::system_error&) { // no thread
+        std::error_code ignored;
+        std::filesystem::remove(path, ignored);
+        return false;
+    }
+    m_width = width;
+    m_height = height;
+    m_droppedBefore = 0;
+    return true;
+}
+
+void Mp4Recorder::writeFrame(const std::uint8_t* pixels)
+{
+    if (pixels != nullptr && isOpen()) {
+        m_recording->add(pixels, m_platform->now());
+    }
+}
+
+void Mp4Recorder::close()
+{
+    if (m_recording != nullptr) {
+        m_droppedBefore = m_recording->dropped();
+        m_recording.reset();
+    }
+}
+
+bool Mp4Recorder::isOpen() const
+{
+    return m_recording != nullptr && !m_recording->failed();
+}
+
+std::uint64_t Mp4Recorder::droppedPictures() const
+{
+    return m_recording != nullptr ? m_recording->dropped() : m_droppedBefore;
+}
+
+} // namespace pevrix

@@ -1,0 +1,241 @@
+#include "video/Mp4Recorder.h"
+#include "video/Mp4RecorderPlatform_win.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pevrix {
+
+namespace {
+
+using Microsoft::WRL::ComPtr;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::uint32_t kBytesPerPixel = 4; // of what the writer takes: blue, green, red, unused
+
+// The platform counts time in units of 100 nanoseconds.
+using Ticks = std::chrono::duration<LONGLONG, std::ratio<1, 10'000'000>>;
+
+constexpr UINT64 packed(UINT32 upper, UINT32 lower)
+{
+    return UINT64{upper} << 32 | lower;
+}
+
+} // namespace
+
+// One recording, from a writer that was made to its last picture. Destruction releases the writer,
+// which drops what was not finalised, and then the platform.
+class Mp4Recorder::Recording
+{
+public:
+    Recording(const Platform& platform, UINT32 width, UINT32 height, UINT32 fps);
+    ~Recording();
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+    // Makes the writer and, with it, the file.
+    [[nodiscard]] bool createWriter(const std::filesystem::path& path);
+    // Tells the writer what it writes and what it gets, and starts the clock.
+    [[nodiscard]] bool begin();
+    void add(const std::uint8_t* pixels);
+    void finish() { writer->Finalize(); }
+
+private:
+    [[nodiscard]] ComPtr<IMFMediaType> makeType(const GUID& subtype) const;
+    [[nodiscard]] ComPtr<IMFMediaType> makeOutputType() const;
+    [[nodiscard]] ComPtr<IMFMediaType> makeInputType() const;
+    [[nodiscard]] ComPtr<IMFMediaBuffer> makeBuffer(const std::uint8_t* pixels) const;
+
+    const Platform& m_platform;
+    ComPtr<IMFSinkWriter> writer;
+    DWORD streamIndex = 0;
+    const UINT32 width;
+    const UINT32 height;
+    const UINT32 fps;
+    const LONGLONG frameDuration;
+    Clock::time_point clock; // when the recording began
+    bool mfStarted = false;
+};
+
+Mp4Recorder::Recording::Recording(const Platform& platform, UINT32 pictureWidth,
+                                  UINT32 pictureHeight, UINT32 rate)
+    : m_platform(platform)
+    , width(pictureWidth)
+    , height(pictureHeight)
+    , fps(rate)
+    , frameDuration(Ticks::period::den / rate)
+{}
+
+Mp4Recorder::Recording::~Recording()
+{
+    writer.Reset();
+    if (mfStarted) {
+        m_platform.shutdown();
+    }
+}
+
+bool Mp4Recorder::Recording::createWriter(const std::filesystem::path& path)
+{
+    // Without the platform the calls below fail by themselves.
+    mfStarted = SUCCEEDED(m_platform.startup(MF_VERSION, MFSTARTUP_FULL));
+    ComPtr<IMFAttributes> attributes;
+    if (FAILED(m_platform.createAttributes(&attributes, 1))) {
+        return false;
+    }
+    // A live source must never wait for the encoder.
+    attributes->SetUINT32(MF_SINK_WRITER_DISABLE_THROTTLING, 1);
+    return SUCCEEDED(
+               m_platform.createSinkWriter(path.c_str(), nullptr, attributes.Get(), &writer)) &&
+           writer != nullptr;
+}
+
+bool Mp4Recorder::Recording::begin()
+{
+    const ComPtr<IMFMediaType> output = makeOutputType();
+    const ComPtr<IMFMediaType> input = makeInputType();
+    if (output == nullptr || input == nullptr ||
+        FAILED(writer->AddStream(output.Get(), &streamIndex)) ||
+        FAILED(writer->SetInputMediaType(streamIndex, input.Get(), nullptr)) ||
+        FAILED(writer->BeginWriting())) {
+        return false;
+    }
+    clock = m_platform.now();
+    return true;
+}
+
+ComPtr<IMFMediaType> Mp4Recorder::Recording::makeType(const GUID& subtype) const
+{
+    ComPtr<IMFMediaType> type;
+    if (FAILED(m_platform.createMediaType(&type))) {
+        return nullptr;
+    }
+    type->SetGUID(MF_MT_MAJOR_TYPE, MFMediaType_Video);
+    type->SetGUID(MF_MT_SUBTYPE, subtype);
+    type->SetUINT32(MF_MT_INTERLACE_MODE, MFVideoInterlace_Progressive);
+    type->SetUINT64(MF_MT_FRAME_SIZE, packed(width, height));
+    type->SetUINT64(MF_MT_FRAME_RATE, packed(fps, 1));
+    type->SetUINT64(MF_MT_PIXEL_ASPECT_RATIO, packed(1, 1));
+    return type;
+}
+
+ComPtr<IMFMediaType> Mp4Recorder::Recording::makeOutputType() const
+{
+    ComPtr<IMFMediaType> type = makeType(MFVideoFormat_H264);
+    if (type != nullptr) {
+        type->SetUINT32(MF_MT_AVG_BITRATE, kBitsPerSecond);
+        type->SetUINT32(MF_MT_MPEG2_PROFILE, eAVEncH264VProfile_Main);
+    }
+    return type;
+}
+
+ComPtr<IMFMediaType> Mp4Recorder::Recording::makeInputType() const
+{
+    ComPtr<IMFMediaType> type = makeType(MFVideoFormat_RGB32);
+    if (type != nullptr) {
+        // Positive: the top row comes first, which is not the default of this format.
+        type->SetUINT32(MF_MT_DEFAULT_STRIDE, width * kBytesPerPixel);
+    }
+    return type;
+}
+
+ComPtr<IMFMediaBuffer> Mp4Recorder::Recording::makeBuffer(const std::uint8_t* pixels) const
+{
+    const DWORD size = width * height * kBytesPerPixel; // 2^28 at most
+    ComPtr<IMFMediaBuffer> buffer;
+    if (FAILED(m_platform.createMemoryBuffer(size, &buffer))) {
+        return nullptr;
+    }
+    {
+        const LockedBuffer locked(buffer.Get());
+        if (locked.bytes().size() < size) {
+            return nullptr;
+        }
+        std::uint8_t* out = locked.bytes().data();
+        for (const std::uint8_t* const end = out + size; out != end; out += kBytesPerPixel) {
+            out[0] = pixels[0];
+            out[1] = pixels[1];
+            out[2] = pixels[2];
+            out[3] = 255;
+            pixels += 3;
+        }
+    }
+    buffer->SetCurrentLength(size);
+    return buffer;
+}
+
+// Errors are not looked at: a picture that is lost is no reason to end the recording.
+void Mp4Recorder::Recording::add(const std::uint8_t* pixels)
+{
+    const auto time = std::chrono::duration_cast<Ticks>(m_platform.now() - clock);
+    const ComPtr<IMFMediaBuffer> buffer = makeBuffer(pixels);
+    ComPtr<IMFSample> sample;
+    if (buffer == nullptr || FAILED(m_platform.createSample(&sample))) {
+        return;
+    }
+    sample->AddBuffer(buffer.Get());
+    sample->SetSampleTime(time.count());
+    sample->SetSampleDuration(frameDuration);
+    writer->WriteSample(streamIndex, sample.Get());
+}
+
+Mp4Recorder::Mp4Recorder()
+    : Mp4Recorder(Platform{})
+{}
+
+Mp4Recorder::Mp4Recorder(const Platform& platform)
+    : m_platform(std::make_unique<const Platform>(platform))
+{}
+
+Mp4Recorder::~Mp4Recorder()
+{
+    close();
+}
+
+bool Mp4Recorder::open(const std::filesystem::path& path, std::uint32_t width, std::uint32_t height,
+                       int fps)
+{
+    if (isOpen() || !accepts(width, height)) {
+        return false;
+    }
+    auto recording = std::make_unique<Recording>(*m_platform, width, height,
+                                                 static_cast<UINT32>(fps > 0 ? fps : kDefaultFps));
+    if (!recording->createWriter(path)) {
+        return false;
+    }
+    if (!recording->begin()) {
+        recording.reset(); // closes the half-made file
+        m_platform->deleteFile(path.c_str());
+        return false;
+    }
+    m_recording = std::move(recording);
+    m_width = width;
+    m_height = height;
+    return true;
+}
+
+void Mp4Recorder::writeFrame(const std::uint8_t* pixels)
+{
+    if (pixels != nullptr && isOpen()) {
+        m_recording->add(pixels);
+    }
+}
+
+void Mp4Recorder::close()
+{
+    if (m_recording != nullptr) {
+        m_recording->finish();
+        m_recording.reset();
+    }
+}
+
+bool Mp4Recorder::isOpen() const
+{
+    return m_recording != nullptr;
+}
+
+std::uint64_t Mp4Recorder::droppedPictures() const
+{
+    return m_droppedBefore;
+}
+
+} // namespace pevrix
