@@ -10,7 +10,7 @@ struct DecoderTraits
     bool keepsTimes = true;
     // Pictures other than 8-bit 4:2:0 are dropped. Otherwise they are converted.
     bool dropsOtherFormats = true;
-    // Pictures end where the stream says. Otherwise they come in whole macroblocks.
+    // Pictures are cropped as the stream says. Otherwise they come in whole macroblocks.
     bool crops = true;
 };
 

@@ -5,7 +5,8 @@
 namespace pevrix {
 
 // The system's decoder declares whole macroblocks as the size of its pictures. The rest is the
-// doing of Wine's stand-in for it, seen in version 10.
+// doing of Wine's stand-in for it, seen in version 10, which also garbles what follows a cropped
+// picture.
 DecoderTraits decoderTraits()
 {
     const bool wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;

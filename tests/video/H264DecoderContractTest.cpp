@@ -116,21 +116,9 @@ protected:
     {
         ASSERT_EQ(stream.units.size(), stream.pictures.size());
         for (std::size_t i = first; i < stream.units.size(); ++i) {
-            const auto pictures = feed(stream.units[i].bytes, timeOf(i));
-            ASSERT_EQ(pictures.size(), 1U) << "access unit " << i;
-            ASSERT_EQ(pictures[0], asDelivered(stream.pictures[i], pictures[0]))
+            ASSERT_EQ(feed(stream.units[i].bytes, timeOf(i)), std::vector{stream.pictures[i]})
                 << "access unit " << i;
         }
-    }
-
-    // Of a picture that is not cropped only the size is known.
-    static Picture asDelivered(const Picture& expected, const Picture& delivered)
-    {
-        if (decoderTraits().crops || (expected.width % 16 == 0 && expected.height % 16 == 0)) {
-            return expected;
-        }
-        return {(expected.width + 15) / 16 * 16, (expected.height + 15) / 16 * 16, delivered.crc,
-                expected.ptsUsec};
     }
 };
 
@@ -142,11 +130,14 @@ TEST_P(H264DecoderStreams, GivesThePictureOfAnAccessUnitBeforeTheNextOneGoesIn)
 {
     const Stream stream(GetParam());
     ASSERT_FALSE(stream.units.empty());
+    if (GetParam() == std::string("crop") && !decoderTraits().crops) {
+        GTEST_SKIP() << "the system's decoder gives whole macroblocks";
+    }
     expectEveryPicture(stream, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(RealStreams, H264DecoderStreams,
-                         testing::Values("live", "live-no-vui", "hd", "sizes"),
+                         testing::Values("live", "live-no-vui", "hd", "sizes", "crop"),
                          [](const auto& test) {
                              std::string name = test.param;
                              std::erase(name, '-');
