@@ -330,7 +330,7 @@ void PhoneServer::refuse(QTcpSocket* socket, Refusal refusal)
 
 void PhoneServer::keepAlive()
 {
-    // After a failed accept (no descriptor was left, say) QTcpServer rests until told otherwise.
+    // When accepting fails (no descriptor was left, say) QTcpServer may rest until told otherwise.
     m_server.resumeAccepting();
 
     const qint64 now = m_clock.elapsed();
