@@ -210,7 +210,8 @@ enter_root() {
     done
     mkdir -p "$cache_home"
     # A desktop to show windows on, where the machine has one.
-    for entry in /tmp "$cache_home" "$project" "${XDG_RUNTIME_DIR:-}" "${XAUTHORITY:-}"; do
+    for entry in /tmp "$cache_home" "$project" "${PEVRIX_QT_WINDOWS:-}" "${XDG_RUNTIME_DIR:-}" \
+        "${XAUTHORITY:-}"; do
         [ -n "$entry" ] && [ -e "$entry" ] && mounts+=(--bind "$entry" "$entry")
     done
     for entry in /etc/resolv.conf /etc/passwd /etc/group /etc/hosts; do
