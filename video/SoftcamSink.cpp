@@ -50,14 +50,9 @@ bool SoftcamSink::start(int width, int height, float fps)
         const std::lock_guard lock(m_cameraMutex);
         m_camera = camera;
     }
-    {
-        const std::lock_guard lock(m_mutex);
-        m_width = width;
-        m_height = height;
-    }
     // A NaN takes the default as well.
     m_fps = fps > 1.0F ? fps : kDefaultFps;
-    if (!startSender()) {
+    if (!startSender(width, height)) {
         stop();
         return false;
     }
@@ -130,11 +125,13 @@ void SoftcamSink::clearEntryPoints()
 
 // Both buffers of the camera's life are allocated here. False when there is no memory or no thread
 // to be had.
-bool SoftcamSink::startSender()
+bool SoftcamSink::startSender(int width, int height)
 try {
-    Pixels picture(pictureBytes(m_width, m_height));
+    Pixels picture(pictureBytes(width, height));
     {
         const std::lock_guard lock(m_mutex);
+        m_width = width;
+        m_height = height;
         m_pending.assign(picture.size(), 0);
         m_hasFrame = false;
     }

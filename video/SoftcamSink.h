@@ -44,7 +44,7 @@ private:
 
     bool loadLibrary();
     void clearEntryPoints();
-    bool startSender();
+    bool startSender(int width, int height);
     void sendPictures(Camera camera, Pixels picture);
     bool takePending(Pixels& picture);
     void deleteCamera();
