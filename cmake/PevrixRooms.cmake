@@ -8,7 +8,11 @@ if(MSVC)
     target_compile_options(pevrix_flags INTERFACE /W4 /WX /permissive- /utf-8)
 else()
     target_compile_options(pevrix_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-        -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Werror)
+        -Wold-style-cast -Woverloaded-virtual -Werror)
+endif()
+if(NOT WIN32)
+    # COM's interfaces have no virtual destructor: objects end by their reference count.
+    target_compile_options(pevrix_flags INTERFACE -Wnon-virtual-dtor)
 endif()
 target_compile_definitions(pevrix_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_CONTEXTLESS_CONNECT
