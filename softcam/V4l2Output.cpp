@@ -56,10 +56,7 @@ bool agreeOnFormat(int device, PixelLayout layout, const CameraFormat& camera)
     picture.field = V4L2_FIELD_NONE;
     picture.bytesperline = static_cast<std::uint32_t>(rowSize(layout, camera));
     picture.sizeimage = static_cast<std::uint32_t>(pictureSize(layout, camera));
-    picture.colorspace = V4L2_COLORSPACE_SRGB;
-    picture.ycbcr_enc = V4L2_YCBCR_ENC_601;
-    picture.quantization =
-        layout == PixelLayout::Yuy2 ? V4L2_QUANTIZATION_LIM_RANGE : V4L2_QUANTIZATION_FULL_RANGE;
+    picture.colorspace = V4L2_COLORSPACE_SRGB; // its YUV is BT.601, limited range
     return ioctl(device, VIDIOC_S_FMT, &format) == 0 && picture.width == camera.width &&
            picture.height == camera.height && picture.pixelformat == pixelFormat &&
            picture.bytesperline == rowSize(layout, camera) &&

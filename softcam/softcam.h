@@ -1,8 +1,8 @@
 /* The camera library: makes a camera that other programs see, and feeds it with pictures.
  *
- * One camera has one owner, who may call from any threads, but scSendFrame() and scDeleteCamera()
- * of a camera never overlap with each other or themselves. No function waits for a program that
- * watches the camera or for a service of the system. A null camera is ignored. */
+ * Any thread may call, but for one camera no two calls of scSendFrame() overlap, and none of any
+ * function with scDeleteCamera(). No function waits for a program that watches the camera or for a
+ * service of the system. A null camera is ignored. */
 #pragma once
 
 #if defined(__GNUC__) && !defined(_WIN32)

@@ -1,6 +1,9 @@
 #include "tests/softcam/TestCamera.h"
 
+#include <QDir>
+
 #include <csignal>
+#include <optional>
 
 using namespace pevrix::test;
 using namespace Qt::StringLiterals;
@@ -21,7 +24,7 @@ void expectTakesMorePictures(const TestCamera& camera)
     EXPECT_TRUE(waitUntil([&] { return camera.sent() > before + 50; })) << "held up";
 }
 
-// Files of a folder of /proc/self.
+// What this process has open ("fd"), or its threads ("task").
 int count(const QString& folder)
 {
     return static_cast<int>(QDir(u"/proc/self/"_s + folder)
@@ -33,10 +36,8 @@ int count(const QString& folder)
 
 TEST(CameraAndDaemon, IsConnectedWhileAProgramReads)
 {
-    PipeWireSession session;
-    session.startDaemon();
-    const TestCamera camera;
-    static_cast<void>(session.waitForCamera());
+    const LiveCamera live;
+    const TestCamera& camera = live.camera;
     EXPECT_FALSE(camera.isConnected());
     for (int i = 0; i < 2; ++i) {
         Reader reader(camera, u"NV12"_s, 0);
@@ -64,10 +65,8 @@ TEST(CameraAndDaemon, AppearsWhenTheDaemonDoesAndAgainAfterItsRestart)
 
 TEST(CameraAndDaemon, AProgramThatWantsAnotherFormatDoesNotEndTheCamera)
 {
-    PipeWireSession session;
-    session.startDaemon();
-    const TestCamera camera;
-    static_cast<void>(session.waitForCamera());
+    const LiveCamera live;
+    const TestCamera& camera = live.camera;
     Reader reader(camera, u"RGBA"_s, 1);
     static_cast<void>(waitUntil([&] { return camera.sent() > 100; }));
     reader.kill();

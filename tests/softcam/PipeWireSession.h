@@ -11,6 +11,8 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <optional>
+
 namespace pevrix::test {
 
 using namespace Qt::StringLiterals;

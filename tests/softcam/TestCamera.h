@@ -4,6 +4,7 @@
 #include "tests/softcam/Picture.h"
 #include "tests/softcam/PipeWireSession.h"
 
+#include <atomic>
 #include <chrono>
 #include <stop_token>
 #include <thread>
@@ -51,8 +52,22 @@ private:
     std::jthread m_sender;
 };
 
-// A program that watches the camera and writes to a file what it sees, all of it when `pictures` is
-// not positive. `tail` goes between the camera and the file.
+// A camera in a daemon that knows it already.
+struct LiveCamera
+{
+    explicit LiveCamera(int width = 640, int height = 360)
+        : camera(width, height)
+    {
+        session.startDaemon();
+        static_cast<void>(session.waitForCamera());
+    }
+
+    PipeWireSession session;
+    TestCamera camera;
+};
+
+// A program that watches the camera and writes to a file what it sees, without end when `pictures`
+// is 0. `tail` goes between the camera and the file.
 class Reader
 {
 public:
