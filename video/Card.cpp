@@ -7,8 +7,7 @@
 #include <QPainter>
 #include <QStringList>
 
-#include <algorithm>
-#include <utility>
+#include <span>
 
 namespace pevrix {
 namespace {
@@ -102,13 +101,19 @@ void paint(QPainter& painter, const CardText& card)
     }
 }
 
-// QImage begins each row at a multiple of 4 bytes; a card has no padding.
-std::vector<std::uint8_t> packedPixels(const QImage& bgr)
+// The blue, green and red of each pixel without QImage's padding. Its own conversion would start a
+// thread pool for this.
+std::vector<std::uint8_t> packedPixels(const QImage& rgb32)
 {
-    std::vector<std::uint8_t> pixels(pictureBytes(bgr.width(), bgr.height()));
+    std::vector<std::uint8_t> pixels(pictureBytes(rgb32.width(), rgb32.height()));
     auto out = pixels.begin();
-    for (int y = 0; y < bgr.height(); ++y) {
-        out = std::copy_n(bgr.constScanLine(y), bgr.width() * 3, out);
+    for (int y = 0; y < rgb32.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(rgb32.constScanLine(y));
+        for (const QRgb pixel : std::span(row, static_cast<std::size_t>(rgb32.width()))) {
+            *out++ = static_cast<std::uint8_t>(qBlue(pixel));
+            *out++ = static_cast<std::uint8_t>(qGreen(pixel));
+            *out++ = static_cast<std::uint8_t>(qRed(pixel));
+        }
     }
     return pixels;
 }
@@ -126,7 +131,7 @@ std::vector<std::uint8_t> draw(QSize size, const CardText& card)
     QPainter painter(&canvas);
     paint(painter, card);
     painter.end();
-    return packedPixels(std::move(canvas).convertToFormat(QImage::Format_BGR888));
+    return packedPixels(canvas);
 }
 
 } // namespace

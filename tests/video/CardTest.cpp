@@ -6,7 +6,7 @@
 #include <QRect>
 #include <QString>
 
-#include <ostream>
+#include <algorithm>
 
 namespace pevrix {
 namespace {
@@ -22,13 +22,12 @@ constexpr QRgb kPausedDot = 0xfff5a623;
 
 const QString kAddress = u"192.168.178.23:8788"_s;
 
-// A copy, so that rows may begin anywhere.
 QImage imageOf(const std::vector<std::uint8_t>& pixels, QSize size)
 {
     EXPECT_EQ(pixels.size(), static_cast<std::size_t>(size.width() * size.height() * 3));
     const QImage view(pixels.data(), size.width(), size.height(), size.width() * 3,
                       QImage::Format_BGR888);
-    return view.convertToFormat(QImage::Format_RGB32);
+    return view.copy();
 }
 
 // The smallest rectangle around everything drawn between two rows, both included.
