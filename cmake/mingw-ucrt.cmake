@@ -8,7 +8,7 @@ set(CMAKE_CXX_COMPILER ${toolchain}-g++)
 set(CMAKE_RC_COMPILER ${toolchain}-windres)
 
 # Programs come from the building machine, all else from the Windows side.
-set(CMAKE_FIND_ROOT_PATH /usr/${toolchain} /usr/x86_64-w64-mingw32)
+list(APPEND CMAKE_FIND_ROOT_PATH /usr/${toolchain} /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

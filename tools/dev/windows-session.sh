@@ -14,20 +14,30 @@ end_wine() {
 }
 trap end_wine EXIT
 
+boot_wine() {
+    if ! tools/dev/wine-run wineboot --init >"$build/wine.log" 2>&1 </dev/null; then
+        cat "$build/wine.log"
+        echo "Wine did not start"
+        exit 1
+    fi
+}
+
 # Made beside its final name: a folder that is there is whole.
 if [ ! -d "$WINEPREFIX" ]; then
     echo "making a Wine home, about half a minute"
     final=$WINEPREFIX
     export WINEPREFIX=$final.partial
     rm -rf "$WINEPREFIX"
-    tools/dev/wine-run wineboot --init
+    boot_wine
     end_wine
     mv -T "$WINEPREFIX" "$final"
     export WINEPREFIX=$final
 fi
 
-# One server for all tests: it starts once.
-wineserver -p
+# Wine's server and services start here, for all tests, and away from our output: a service holds
+# on to the output of whoever starts it, and ctest waits until nobody does.
+wineserver -p >/dev/null 2>&1
+boot_wine
 
 if [ -z "${PEVRIX_QT_WINDOWS:-}" ]; then
     ctest --preset windows "$@"
