@@ -6,9 +6,9 @@
 
 namespace pevrix {
 
-// Writes pictures to an MP4 file, encoded as H.264 (Main profile, 6 Mbit/s on average). A picture
-// carries the time of its writeFrame(), counted from open(), so a pause of the live video is a
-// pause of the same length in the file.
+// Writes pictures to an MP4 file, encoded as H.264 (Main profile, 6 Mbit/s on average). Pictures
+// carry the time of their writeFrame(), so a pause of the live video is a pause of the same length
+// in the file.
 //
 // For one thread at a time. Encoding is left to threads of the back end: writeFrame() costs one
 // pass over the pixels and never waits for encoder or disk.

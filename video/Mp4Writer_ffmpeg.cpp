@@ -7,6 +7,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <fstream>
 #include <string_view>
 #include <system_error>
 #include <thread>
@@ -39,12 +40,6 @@ void describeColors(AVCodecContext& encoder)
     encoder.chroma_sample_location = AVCHROMA_LOC_CENTER;
 }
 
-void removeFile(const std::filesystem::path& path)
-{
-    std::error_code ignored;
-    std::filesystem::remove(path, ignored);
-}
-
 } // namespace
 
 Mp4Writer::Mp4Writer(std::filesystem::path path)
@@ -67,8 +62,8 @@ std::unique_ptr<Mp4Writer> Mp4Writer::create(const std::filesystem::path& path, 
         return nullptr;
     }
     if (!writer->startFile()) {
-        writer.reset();
-        removeFile(path);
+        writer->keepWholeFragments();
+        return nullptr;
     }
     return writer;
 }
@@ -173,15 +168,36 @@ bool Mp4Writer::finish()
 {
     const bool written = avcodec_send_frame(m_encoder.get(), nullptr) >= 0 && writePackets() &&
                          av_write_frame(m_output.get(), nullptr) >= 0;
-    if (written) {
-        m_wholeBytes = avio_tell(m_output->pb);
+    if (!written) {
+        keepWholeFragments();
+        return false;
     }
-    const bool complete =
-        written && av_write_trailer(m_output.get()) >= 0 && avio_closep(&m_output->pb) >= 0;
+    m_wholeBytes = avio_tell(m_output->pb);
+    const std::string start = readStart();
+    const bool complete = av_write_trailer(m_output.get()) >= 0 && avio_closep(&m_output->pb) >= 0;
     if (!complete) {
         keepWholeFragments();
+        restoreStart(start);
     }
     return complete;
+}
+
+// Completing the file hides its fragments within one box, whose head is written over what follows
+// the file's first boxes.
+std::string Mp4Writer::readStart() const
+{
+    constexpr std::int64_t kBoxHead = 16; // with a 64-bit size
+    std::string start(static_cast<std::size_t>(m_headerBytes + kBoxHead), '\0');
+    std::ifstream file(m_path, std::ios::binary);
+    file.read(start.data(), static_cast<std::streamsize>(start.size()));
+    start.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
+    return start;
+}
+
+void Mp4Writer::restoreStart(const std::string& start) const
+{
+    std::fstream file(m_path, std::ios::binary | std::ios::in | std::ios::out);
+    file.write(start.data(), static_cast<std::streamsize>(start.size()));
 }
 
 // Closes the file and cuts off the fragment or index that did not fit. Nothing stays of a file that
@@ -189,12 +205,12 @@ bool Mp4Writer::finish()
 void Mp4Writer::keepWholeFragments()
 {
     m_output.reset();
-    if (m_wholeBytes <= m_headerBytes) {
-        removeFile(m_path);
-        return;
-    }
     std::error_code ignored;
-    std::filesystem::resize_file(m_path, static_cast<std::uintmax_t>(m_wholeBytes), ignored);
+    if (m_wholeBytes <= m_headerBytes) {
+        std::filesystem::remove(m_path, ignored);
+    } else {
+        std::filesystem::resize_file(m_path, static_cast<std::uintmax_t>(m_wholeBytes), ignored);
+    }
 }
 
 } // namespace pevrix

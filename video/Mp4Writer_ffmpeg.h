@@ -11,7 +11,8 @@
 
 namespace pevrix {
 
-// The encoder and the file of one recording. For one thread at a time, which may change.
+// The encoder and the file of one recording, which begins with the first picture whatever its time.
+// For one thread at a time, which may change.
 //
 // The file is playable at any time: it is written in fragments of half a second that are handed to
 // the system at once, so a crash costs less than the last second. finish() makes an ordinary file
@@ -43,6 +44,8 @@ private:
     [[nodiscard]] bool openFile();
     [[nodiscard]] bool startFile();
     [[nodiscard]] bool writePackets();
+    [[nodiscard]] std::string readStart() const;
+    void restoreStart(const std::string& start) const;
     void keepWholeFragments();
 
     const std::filesystem::path m_path;
