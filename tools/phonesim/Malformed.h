@@ -44,11 +44,11 @@ enum class Malformed
 /// A row of the table of kinds.
 struct MalformedKind
 {
-    Malformed kind;
     const char* name;        ///< on the command line
     const char* description; ///< for the help
-    bool insteadOfHello;     ///< otherwise it is sent between video frames
-    bool silentAfterwards;   ///< the phone sends nothing more, because the stream is out of step
+    Malformed kind;
+    bool insteadOfHello;   ///< otherwise it is sent between video frames
+    bool silentAfterwards; ///< the phone sends nothing more, because the stream is out of step
 };
 
 /// The stream kinds are sent after every so many video frames.
