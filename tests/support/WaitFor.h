@@ -10,7 +10,7 @@
 namespace pevrix {
 
 // Runs the event loop until the condition holds; false when it never does. The limit is far beyond
-// what a slow machine needs. Looks after every event, and so returns at once.
+// what a slow machine needs. Looks again after every event, so that nothing is slept away.
 inline bool waitFor(const std::function<bool()>& condition,
                     QDeadlineTimer limit = QDeadlineTimer(std::chrono::seconds(60)))
 {

@@ -9,7 +9,6 @@
 #include <QTemporaryDir>
 
 #include <csignal>
-#include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
@@ -19,15 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace pevrix {
 namespace {
-
-void writeFile(const char* path, const std::string& text)
-{
-    const int file = open(path, O_WRONLY | O_CLOEXEC);
-    if (file < 0 || write(file, text.data(), text.size()) < 0) {
-        perror(path);
-    }
-    close(file);
-}
 
 // The usbmux daemon of this system, with its socket, lock and pairing records in a folder of ours:
 // it knows only fixed paths, so that it gets a file system view of its own. Its socket is a Unix
@@ -43,11 +33,12 @@ public:
         m_daemon.setChildProcessModifier([run = m_folder.filePath(u"run"_s).toStdString(),
                                           lib = m_folder.filePath(u"lib"_s).toStdString()] {
             prctl(PR_SET_PDEATHSIG, SIGKILL);
-            enterOwnView();
-            if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            // Without root rights, a user namespace gives the right to mount.
+            if ((unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) ||
+                mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
                 mount(run.c_str(), "/run", nullptr, MS_BIND, nullptr) != 0 ||
                 mount(lib.c_str(), "/var/lib", nullptr, MS_BIND, nullptr) != 0) {
-                perror("mount");
+                perror("a file system view of its own");
                 _exit(1);
             }
         });
@@ -94,23 +85,6 @@ private:
     {
         m_bridge.setReadChannel(QProcess::StandardError);
         return m_bridge.waitForReadyRead();
-    }
-
-    // Without root rights a user namespace of our own gives the right to mount.
-    static void enterOwnView()
-    {
-        if (unshare(CLONE_NEWNS) == 0) {
-            return;
-        }
-        const std::string user = std::to_string(getuid());
-        const std::string group = std::to_string(getgid());
-        if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
-            perror("unshare");
-            _exit(1);
-        }
-        writeFile("/proc/self/setgroups", "deny");
-        writeFile("/proc/self/uid_map", "0 " + user + " 1");
-        writeFile("/proc/self/gid_map", "0 " + group + " 1");
     }
 
     QTemporaryDir m_folder;

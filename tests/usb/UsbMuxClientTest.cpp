@@ -90,6 +90,8 @@ TEST_F(UsbMuxClientTest, turnsAnAttachedPhoneIntoAConnectedSocket)
     EXPECT_EQ(heard, "hello");
     socket->write("welcome");
     EXPECT_TRUE(waitFor([&] { return daemon.tunnels[7]->bytesAvailable() == 7; }));
+    letTheTunnelTimerFire();
+    EXPECT_EQ(daemon.requests[7], 1);
     // What happens to the socket from now on is none of the client's business.
     daemon.announce(daemon.detached(7));
     letTheTunnelTimerFire();
@@ -170,7 +172,7 @@ TEST_F(UsbMuxClientTest, aTunnelLostAfterItsSuccessorCameOpensNoThird)
 TEST_F(UsbMuxClientTest, findsTheDaemonAgainAfterLosingIt)
 {
     daemon.answer = [](int device) {
-        return device == 1 ? FakeMuxDaemon::result(0) : QByteArray();
+        return device == 2 ? QByteArray() : FakeMuxDaemon::result(device == 99 ? 3 : 0);
     };
     daemon.announce(daemon.attached("1") + daemon.attached("2"));
     waitForTunnels(1);
@@ -192,6 +194,7 @@ TEST_F(UsbMuxClientTest, findsTheDaemonAgainAfterLosingIt)
     daemon.appear();
     waitForTunnels(2);
     EXPECT_THAT(changes, ElementsAre(true, false, true));
+    letTheTunnelTimerFire();
     EXPECT_EQ(daemon.requests[2], 1) << "the phones of the lost daemon are forgotten";
 }
 
