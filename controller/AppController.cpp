@@ -3,6 +3,9 @@
 #include "phone/Protocol.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QDir>
 #include <QGuiApplication>
 #include <QStyleHints>
 #include <QUrl>
@@ -11,10 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
+namespace {
+
+constexpr std::chrono::milliseconds kStatisticsInterval{500};
+
+} // namespace
+
 AppController::AppController(const ControllerOptions& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
     , m_usb(options.usb)
+    , m_pipeline(m_sink)
     , m_settings(options.settingsFile)
     , m_status(u"Idle"_s)
     , m_serverInfo(u"Not listening"_s)
@@ -27,6 +37,10 @@ AppController::AppController(const ControllerOptions& options, QObject* parent)
     connect(QGuiApplication::styleHints(), &QStyleHints::colorSchemeChanged, this,
             &AppController::osDarkChanged);
     connect(&m_pipeline, &LivePipeline::frameReady, this, &AppController::frameReady);
+    connect(&m_pipeline, &LivePipeline::stateChanged, this, &AppController::onPipelineState);
+    m_statisticsClock.start();
+    m_statisticsTimer.setInterval(kStatisticsInterval);
+    connect(&m_statisticsTimer, &QTimer::timeout, this, &AppController::onStatisticsTick);
     connectServer();
     connectUsb();
     m_usb.start();
@@ -52,7 +66,9 @@ void AppController::connectServer()
                 m_settings.trust(deviceId, token);
             });
     connect(&m_server, &PhoneServer::streamInfo, this,
-            [this](int id, int width, int height) { onStreamInfo(id, width, height); });
+            [this](int id, int width, int height, int fps) {
+                onStreamInfo(id, QSize(width, height), fps);
+            });
     connect(&m_server, &PhoneServer::videoConfig, this,
             [this](int id, const QByteArray& parameterSets) {
                 if (id == m_roster.activeId()) {
@@ -77,6 +93,11 @@ void AppController::connectUsb()
     });
 }
 
+QString AppController::appVersion() const
+{
+    return u"1.1"_s;
+}
+
 QString AppController::phoneName() const
 {
     const PhoneRoster::Phone* phone = m_roster.find(m_roster.activeId());
@@ -91,13 +112,52 @@ bool AppController::osDark() const
 
 void AppController::start()
 {
-    if (m_started) {
+    if (m_pipeline.isFeedingCards() || m_pipeline.isLive()) {
         return;
     }
-    m_started = true;
+    if (!m_pipeline.createCamera()) {
+        qWarning("Pevrix: the virtual camera could not be created");
+        setStatus(u"softcam.dll not found or camera unavailable"_s);
+        return;
+    }
     listen();
     refreshPairingInfo();
-    m_status = u"Idle (ready to pair)"_s;
+    m_pipeline.showIdle();
+    m_statisticsTimer.start();
+    Q_EMIT changed();
+}
+
+void AppController::setStatus(const QString& status)
+{
+    m_status = status;
+    Q_EMIT changed();
+}
+
+void AppController::onPipelineState()
+{
+    switch (m_pipeline.state()) {
+    case LivePipeline::State::NotStarted:
+        break;
+    case LivePipeline::State::Idle:
+        setStatus(u"Idle (ready to pair)"_s);
+        break;
+    case LivePipeline::State::Live:
+        setStatus(u"Live (decoding phone stream)"_s);
+        break;
+    case LivePipeline::State::Stalled:
+        setStatus(u"Phone paused (no video)"_s);
+        break;
+    case LivePipeline::State::Stopped:
+        setStatus(u"Stopped"_s);
+        break;
+    }
+}
+
+void AppController::onStatisticsTick()
+{
+    m_appConnected = m_sink.isAppConnected();
+    const auto decode = m_pipeline.takeDecodeTime();
+    m_statistics.tick(m_statisticsClock.restart(), framesDecoded(), decode.total, decode.count);
     Q_EMIT changed();
 }
 
@@ -122,19 +182,47 @@ void AppController::refreshPairingInfo()
     m_pairing = refreshPairing(tokenFolder, m_server.port(), false);
     m_server.setToken(m_pairing.token);
     m_server.setPcName(m_pairing.pcName);
+    m_pipeline.setPairAddress(m_pairing.addressText);
 }
 
 void AppController::stop()
 {
-    if (!m_started) {
+    if (m_pipeline.state() == LivePipeline::State::Stopped) {
         return;
     }
-    m_started = false;
-    m_pipeline.goIdle();
-    m_status = u"Stopped"_s;
-    qInfo("Pevrix: stopped after %lld access units received, %lld pictures decoded",
-          static_cast<long long>(framesReceived()), static_cast<long long>(framesDecoded()));
+    m_statisticsTimer.stop();
+    m_pipeline.stop();
+    qInfo("Pevrix: stopped after %lld access units received, %lld pictures decoded, "
+          "%lld sent to the camera",
+          static_cast<long long>(framesReceived()), static_cast<long long>(framesDecoded()),
+          static_cast<long long>(framesSent()));
+}
+
+void AppController::toggleOutput()
+{
+    m_pipeline.toggleOutput();
     Q_EMIT changed();
+}
+
+void AppController::toggleRecording()
+{
+    if (m_pipeline.isRecording()) {
+        m_pipeline.stopRecording();
+    } else {
+        const QString path = m_recordingFolder + u"/Pevrix_"_s +
+                             QDateTime::currentDateTime().toString(u"yyyyMMdd_HHmmss"_s) +
+                             u".mp4"_s;
+        if (m_pipeline.startRecording(path)) {
+            m_lastRecordingPath = path;
+        }
+    }
+    Q_EMIT changed();
+}
+
+void AppController::openRecordingsFolder()
+{
+    QDir().mkpath(m_recordingFolder);
+    QDesktopServices::openUrl(QUrl::fromLocalFile(m_recordingFolder));
 }
 
 void AppController::setActive(int id)
@@ -176,7 +264,6 @@ void AppController::onPhoneDisconnected(int id)
     if (m_roster.remove(id)) {
         if (m_roster.isEmpty()) {
             m_pipeline.goIdle();
-            m_status = u"Idle (ready to pair)"_s;
         } else {
             activate(m_roster.activeId());
         }
@@ -184,21 +271,19 @@ void AppController::onPhoneDisconnected(int id)
     Q_EMIT changed();
 }
 
-void AppController::onStreamInfo(int id, int width, int height)
+void AppController::onStreamInfo(int id, QSize size, int fps)
 {
-    m_streamSizes.insert(id, QSize(width, height));
+    m_streamSizes.insert(id, size);
+    m_pipeline.setFrameRate(fps);
     if (id == m_roster.activeId()) {
-        startStream(QSize(width, height));
+        startStream(size);
     }
 }
 
 void AppController::startStream(QSize size)
 {
-    m_pipeline.startStream(size.width(), size.height());
-    if (m_pipeline.isLive()) {
-        m_status = u"Live (decoding phone stream)"_s;
-    }
-    Q_EMIT changed();
+    const PhoneRoster::Phone* phone = m_roster.find(m_roster.activeId());
+    m_pipeline.startStream(size, phone && phone->usb);
 }
 
 void AppController::setThemeMode(int mode)

@@ -1,15 +1,19 @@
 #pragma once
 
 #include "controller/LivePipeline.h"
+#include "controller/LiveStatistics.h"
 #include "controller/Settings.h"
 #include "pairing/Pairing.h"
 #include "pairing/PhoneRoster.h"
 #include "phone/PhoneServer.h"
 #include "usb/UsbMuxClient.h"
+#include "video/SoftcamSink.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QObject>
 #include <QSize>
+#include <QTimer>
 #include <QVariantList>
 
 namespace pevrix {
@@ -29,13 +33,19 @@ class AppController final : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QString status READ status NOTIFY changed)
+    Q_PROPERTY(bool cameraReady READ cameraReady NOTIFY changed)
+    Q_PROPERTY(bool appConnected READ appConnected NOTIFY changed)
     Q_PROPERTY(bool live READ live NOTIFY changed)
+    Q_PROPERTY(bool outputEnabled READ outputEnabled NOTIFY changed)
+    Q_PROPERTY(qint64 framesSent READ framesSent NOTIFY changed)
     Q_PROPERTY(bool phoneConnected READ phoneConnected NOTIFY changed)
     Q_PROPERTY(QString phoneName READ phoneName NOTIFY changed)
     Q_PROPERTY(QVariantList phones READ phones NOTIFY changed)
     Q_PROPERTY(int activeId READ activeId NOTIFY changed)
     Q_PROPERTY(qint64 framesReceived READ framesReceived NOTIFY changed)
     Q_PROPERTY(qint64 framesDecoded READ framesDecoded NOTIFY changed)
+    Q_PROPERTY(int fps READ fps NOTIFY changed)
+    Q_PROPERTY(int decodeMs READ decodeMs NOTIFY changed)
     Q_PROPERTY(QString serverInfo READ serverInfo NOTIFY changed)
     Q_PROPERTY(QString qrDataUrl READ qrDataUrl NOTIFY changed)
     Q_PROPERTY(QString pairAddress READ pairAddress NOTIFY changed)
@@ -43,6 +53,9 @@ class AppController final : public QObject
     Q_PROPERTY(int port READ port NOTIFY changed)
     Q_PROPERTY(bool osDark READ osDark NOTIFY osDarkChanged)
     Q_PROPERTY(int themeMode READ themeMode WRITE setThemeMode NOTIFY themeModeChanged)
+    Q_PROPERTY(QString appVersion READ appVersion CONSTANT)
+    Q_PROPERTY(bool recording READ recording NOTIFY changed)
+    Q_PROPERTY(QString lastRecordingPath READ lastRecordingPath NOTIFY changed)
     Q_PROPERTY(QString recordingFolder READ recordingFolder WRITE setRecordingFolder NOTIFY changed)
     Q_PROPERTY(bool minimizeToTray READ minimizeToTray WRITE setMinimizeToTray NOTIFY changed)
     Q_PROPERTY(bool usbAvailable READ usbAvailable NOTIFY changed)
@@ -52,13 +65,20 @@ public:
     ~AppController() override;
 
     [[nodiscard]] QString status() const { return m_status; }
+    [[nodiscard]] bool cameraReady() const { return m_sink.isActive(); }
+    /// As of the last statistics tick.
+    [[nodiscard]] bool appConnected() const { return m_appConnected; }
     [[nodiscard]] bool live() const { return m_pipeline.isLive(); }
+    [[nodiscard]] bool outputEnabled() const { return m_pipeline.outputEnabled(); }
+    [[nodiscard]] qint64 framesSent() const { return m_pipeline.framesSent(); }
     [[nodiscard]] bool phoneConnected() const { return !m_roster.isEmpty(); }
     [[nodiscard]] QString phoneName() const;
     [[nodiscard]] QVariantList phones() const { return m_roster.toVariantList(); }
     [[nodiscard]] int activeId() const { return m_roster.activeId(); }
     [[nodiscard]] qint64 framesReceived() const { return m_server.framesReceived(); }
     [[nodiscard]] qint64 framesDecoded() const { return m_pipeline.framesDecoded(); }
+    [[nodiscard]] int fps() const { return m_statistics.fps(); }
+    [[nodiscard]] int decodeMs() const { return m_statistics.decodeMs(); }
     [[nodiscard]] QString serverInfo() const { return m_serverInfo; }
     [[nodiscard]] QString qrDataUrl() const { return m_pairing.qrDataUrl; }
     [[nodiscard]] QString pairAddress() const { return m_pairing.addressText; }
@@ -66,6 +86,10 @@ public:
     [[nodiscard]] int port() const { return m_server.port(); }
     [[nodiscard]] bool osDark() const;
     [[nodiscard]] int themeMode() const { return m_themeMode; }
+    [[nodiscard]] QString appVersion() const;
+    [[nodiscard]] bool recording() const { return m_pipeline.isRecording(); }
+    /// Full path of the last recording that was started.
+    [[nodiscard]] QString lastRecordingPath() const { return m_lastRecordingPath; }
     [[nodiscard]] QString recordingFolder() const { return m_recordingFolder; }
     [[nodiscard]] bool minimizeToTray() const { return m_minimizeToTray; }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
@@ -76,14 +100,24 @@ public:
     void setMinimizeToTray(bool on);
 
 public Q_SLOTS:
-    /// Listens for phones and makes the pairing code. Does nothing when already started.
+    /// Creates the camera, listens for phones, makes the pairing code and shows the idle card.
+    /// Does nothing while the camera is being fed already.
     void start();
 
-    /// Ends the video. Also runs at destruction.
+    /// Ends recording, video and camera. Also runs at destruction.
     void stop();
 
     /// Makes a connected phone the source of the video.
     void setActive(int id);
+
+    /// Pauses or resumes what goes to the camera.
+    void toggleOutput();
+
+    /// Ends the recording, or begins one when video is live and the output is not paused.
+    void toggleRecording();
+
+    /// Opens the recording folder in the platform's file browser, making it when it is missing.
+    void openRecordingsFolder();
 
     /// 0 follows the platform, 1 light, 2 dark; other values are ignored.
     void setThemeMode(int mode);
@@ -107,11 +141,15 @@ private:
     void refreshPairingInfo();
     void onPhoneConnected(PhoneRoster::Phone phone);
     void onPhoneDisconnected(int id);
-    void onStreamInfo(int id, int width, int height);
+    void onStreamInfo(int id, QSize size, int fps);
     void activate(int id);
     void startStream(QSize size);
+    void setStatus(const QString& status);
+    void onPipelineState();
+    void onStatisticsTick();
 
     const ControllerOptions m_options;
+    SoftcamSink m_sink;
     PhoneServer m_server;
     UsbMuxClient m_usb;
     LivePipeline m_pipeline;
@@ -124,7 +162,11 @@ private:
     int m_themeMode;
     QString m_recordingFolder;
     bool m_minimizeToTray;
-    bool m_started = false;
+    QString m_lastRecordingPath;
+    QTimer m_statisticsTimer;
+    QElapsedTimer m_statisticsClock;
+    LiveStatistics m_statistics;
+    bool m_appConnected = false;
 };
 
 } // namespace pevrix
