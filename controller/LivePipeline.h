@@ -97,7 +97,10 @@ public:
     [[nodiscard]] bool isRecording() const { return m_recorder.isOpen(); }
 
     [[nodiscard]] State state() const { return m_state; }
-    [[nodiscard]] bool isLive() const { return m_state == State::Live || m_state == State::Stalled; }
+    [[nodiscard]] bool isLive() const
+    {
+        return m_state == State::Live || m_state == State::Stalled;
+    }
     [[nodiscard]] bool isFeedingCards() const { return m_cards.isRunning(); }
     [[nodiscard]] QSize cameraSize() const { return m_cameraSize; }
     [[nodiscard]] qint64 framesSent() const { return m_framesSent; }

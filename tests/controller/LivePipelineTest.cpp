@@ -1,0 +1,313 @@
+#include "controller/LivePipeline.h"
+
+#include "controller/LiveStatistics.h"
+#include "tests/support/AnnexB.h"
+#include "tests/support/WaitFor.h"
+
+#include <gmock/gmock.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <map>
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace pevrix {
+namespace {
+
+using testing::ElementsAre;
+using testing::SizeIs;
+using Picture = std::vector<std::uint8_t>;
+
+// A camera that keeps what it is sent. The card sender's thread sends too.
+class RecordingSink final : public IVirtualCameraSink
+{
+public:
+    bool start(int width, int height, float) override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_active = m_active || available;
+        sizes.append(QSize(width, height));
+        return m_active;
+    }
+
+    void sendFrame(const std::uint8_t* pixels) override
+    {
+        const std::lock_guard lock(m_mutex);
+        const QSize size = sizes.constLast();
+        const auto bytes = static_cast<std::size_t>(size.width() * size.height() * 3);
+        m_pictures.emplace_back(pixels, pixels + bytes);
+    }
+
+    void stop() override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_active = false;
+    }
+
+    [[nodiscard]] bool isActive() const override
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_active;
+    }
+
+    [[nodiscard]] bool isAppConnected() const override { return false; }
+
+    [[nodiscard]] std::vector<Picture> take()
+    {
+        const std::lock_guard lock(m_mutex);
+        return std::exchange(m_pictures, {});
+    }
+
+    [[nodiscard]] bool hasPictures() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return !m_pictures.empty();
+    }
+
+    bool available = true;
+    QList<QSize> sizes; // of every camera that was asked for
+
+private:
+    mutable std::mutex m_mutex;
+    bool m_active = false;
+    std::vector<Picture> m_pictures;
+};
+
+struct Stream
+{
+    explicit Stream(const QString& name)
+    {
+        QFile file(QStringLiteral(PEVRIX_TEST_DATA "/") + name + u".h264"_s);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray content = file.readAll();
+        bytes.assign(content.begin(), content.end());
+        units = splitAccessUnits(bytes);
+    }
+
+    std::vector<std::uint8_t> bytes;
+    std::vector<AccessUnit> units;
+};
+
+// What the decoder alone makes of the first units.
+std::vector<Picture> decode(const Stream& stream, std::size_t count)
+{
+    std::vector<Picture> pictures;
+    H264Decoder decoder([&](const std::uint8_t* bgr, int width, int height, std::int64_t) {
+        pictures.emplace_back(bgr, bgr + width * height * 3);
+    });
+    EXPECT_TRUE(decoder.initialize(160, 96));
+    for (std::size_t i = 0; i < count; ++i) {
+        decoder.feed(stream.units[i].bytes, 0);
+    }
+    return pictures;
+}
+
+class LivePipelineTest : public testing::Test
+{
+protected:
+    void feed(const Stream& stream, std::size_t first, std::size_t count)
+    {
+        for (std::size_t i = first; i < first + count; ++i) {
+            const auto unit = stream.units[i].bytes;
+            m_pipeline.feed({unit.data(), static_cast<qsizetype>(unit.size())}, 0);
+        }
+    }
+
+    void startLive(bool direct)
+    {
+        ASSERT_TRUE(m_pipeline.createCamera());
+        m_pipeline.showIdle();
+        m_pipeline.startStream({160, 96}, direct);
+        (void)m_sink.take(); // the idle card's
+    }
+
+    void pass(std::chrono::milliseconds time)
+    {
+        m_now += time;
+        m_pipeline.checkStall();
+    }
+
+    std::chrono::steady_clock::time_point m_now = std::chrono::steady_clock::now();
+    RecordingSink m_sink;
+    LivePipeline m_pipeline{m_sink, {.now = [this] { return m_now; }, .timersRun = false}};
+    const Stream m_live{u"live"_s}; // 160 x 96
+};
+
+} // namespace
+
+TEST_F(LivePipelineTest, FeedsTheIdleCardUntilAStreamStarts)
+{
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::NotStarted);
+    ASSERT_TRUE(m_pipeline.createCamera());
+    m_pipeline.setPairAddress(u"192.168.1.42:8788"_s);
+    m_pipeline.showIdle();
+    ASSERT_TRUE(waitFor([this] { return m_sink.hasPictures(); }));
+    EXPECT_THAT(m_sink.take().front(), SizeIs(1280 * 720 * 3));
+
+    m_pipeline.startStream({160, 96}, false);
+    EXPECT_FALSE(m_pipeline.isFeedingCards());
+    EXPECT_THAT(m_sink.sizes, ElementsAre(QSize(1280, 720), QSize(160, 96)));
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Live);
+
+    m_pipeline.goIdle();
+    EXPECT_TRUE(m_pipeline.isFeedingCards());
+    m_pipeline.stop();
+    EXPECT_FALSE(m_pipeline.isFeedingCards());
+    EXPECT_FALSE(m_sink.isActive());
+    m_pipeline.startStream({160, 96}, false);
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Stopped);
+}
+
+TEST_F(LivePipelineTest, DeliversEveryPictureOnceAndInOrderAsDecoded)
+{
+    const auto expected = decode(m_live, 40);
+    startLive(true);
+    feed(m_live, 0, 20);
+    EXPECT_EQ(m_sink.take(), std::vector(expected.begin(), expected.begin() + 20));
+
+    m_pipeline.startStream({160, 96}, false); // and paced, from the next keyframe on
+    for (std::size_t i = 0; i < 40; ++i) {
+        feed(m_live, i, 1);
+        EXPECT_FALSE(m_sink.hasPictures());
+        m_pipeline.pacingTick();
+        EXPECT_THAT(m_sink.take(), ElementsAre(expected[i]));
+    }
+    m_pipeline.pacingTick(); // nothing waits any more
+    EXPECT_FALSE(m_sink.hasPictures());
+    EXPECT_EQ(m_pipeline.framesDecoded(), 60);
+    EXPECT_EQ(m_pipeline.takeDecodeTime().count, 60);
+}
+
+TEST_F(LivePipelineTest, DropsTheOldestPicturesOfABurst)
+{
+    const auto expected = decode(m_live, 8);
+    startLive(false);
+    feed(m_live, 0, 8);
+    for (int i = 0; i < 8; ++i) {
+        m_pipeline.pacingTick();
+    }
+    EXPECT_EQ(m_sink.take(), std::vector(expected.begin() + 3, expected.end()));
+}
+
+TEST_F(LivePipelineTest, PausesTheCameraOnlyWhenTheOutputIsOff)
+{
+    startLive(true);
+    int shown = 0;
+    QObject::connect(&m_pipeline, &LivePipeline::frameReady, &m_pipeline, [&] { ++shown; });
+    const qint64 sentBefore = m_pipeline.framesSent();
+    m_pipeline.toggleOutput();
+    feed(m_live, 0, 3);
+    EXPECT_FALSE(m_sink.hasPictures());
+    m_pipeline.toggleOutput();
+    feed(m_live, 3, 2);
+    EXPECT_THAT(m_sink.take(), SizeIs(2));
+    EXPECT_EQ(shown, 5);
+    EXPECT_EQ(m_pipeline.framesSent() - sentBefore, 2);
+}
+
+TEST_F(LivePipelineTest, ShowsThePausedCardWhileThePhoneSendsNothing)
+{
+    startLive(false);
+    pass(10min); // no stall before the first picture
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Live);
+    feed(m_live, 0, 3);
+    pass(400ms); // sees the progress
+    pass(1500ms);
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Live);
+    pass(1ms);
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Stalled);
+    EXPECT_TRUE(m_pipeline.isLive());
+    (void)m_sink.take();
+    m_pipeline.pacingTick();                                       // what waited has been dropped
+    ASSERT_TRUE(waitFor([this] { return m_sink.hasPictures(); })); // the card
+
+    feed(m_live, 3, 1);
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Live);
+    EXPECT_FALSE(m_pipeline.isFeedingCards());
+}
+
+TEST_F(LivePipelineTest, TakesOffPaddingAndFollowsEveryOtherSize)
+{
+    struct Case
+    {
+        QSize announced;
+        QSize camera; // after pictures of 160 x 96
+    };
+    const Case cases[] = {
+        {{160, 96}, {160, 96}}, {{158, 90}, {158, 90}},  {{145, 81}, {145, 81}},
+        {{144, 96}, {160, 96}}, {{160, 80}, {160, 96}}, // 16 more is another size
+        {{160, 97}, {160, 96}}, {{320, 200}, {160, 96}},
+    };
+    const Picture whole = decode(m_live, 1).front();
+    ASSERT_TRUE(m_pipeline.createCamera());
+    for (const Case& c : cases) {
+        m_pipeline.startStream(c.announced, true);
+        (void)m_sink.take();
+        feed(m_live, 0, 1);
+        EXPECT_EQ(m_pipeline.cameraSize(), c.camera);
+        EXPECT_EQ(m_sink.sizes.constLast(), c.camera);
+        const auto sent = m_sink.take();
+        ASSERT_THAT(sent, SizeIs(1));
+        const auto row = static_cast<std::size_t>(c.camera.width()) * 3;
+        for (std::size_t y = 0; y < static_cast<std::size_t>(c.camera.height()); ++y) {
+            ASSERT_EQ(std::memcmp(&sent[0][y * row], &whole[y * 160 * 3], row), 0) << "row " << y;
+        }
+    }
+}
+
+TEST_F(LivePipelineTest, GoesOnWithoutACamera)
+{
+    m_sink.available = false;
+    EXPECT_FALSE(m_pipeline.createCamera());
+    m_pipeline.startStream({160, 96}, true);
+    feed(m_live, 0, 5);
+    EXPECT_EQ(m_pipeline.framesDecoded(), 5);
+}
+
+TEST_F(LivePipelineTest, RefusesSizesThatNoPhoneSends)
+{
+    startLive(true);
+    for (const QSize size :
+         {QSize(0, 0), QSize(-1, 96), QSize(65535, 65535), QSize(160, 1 << 30)}) {
+        m_pipeline.startStream(size, true);
+        EXPECT_EQ(m_pipeline.cameraSize(), QSize(160, 96));
+    }
+    feed(m_live, 0, 1);
+    EXPECT_EQ(m_pipeline.framesDecoded(), 1);
+}
+
+TEST_F(LivePipelineTest, RecordsWhileLiveAndEndsWhenTheSizeChanges)
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(u"new/folder/a.mp4"_s);
+    EXPECT_FALSE(m_pipeline.startRecording(file)); // nothing to record
+    startLive(true);
+    m_pipeline.toggleOutput();
+    EXPECT_FALSE(m_pipeline.startRecording(file)); // paused
+    m_pipeline.toggleOutput();
+    ASSERT_TRUE(m_pipeline.startRecording(file));
+    feed(m_live, 0, 10);
+    m_pipeline.startStream({160, 96}, true); // the same size goes on
+    EXPECT_TRUE(m_pipeline.isRecording());
+    m_pipeline.startStream({320, 240}, true);
+    EXPECT_FALSE(m_pipeline.isRecording());
+    EXPECT_GT(QFile(file).size(), 1000);
+}
+
+TEST(LiveStatistics, CountsPicturesPerSecondAndKeepsTheLastDecodeTime)
+{
+    LiveStatistics statistics;
+    statistics.tick(500, 15, 30ms, 15);
+    EXPECT_EQ(statistics.fps(), 30);
+    EXPECT_EQ(statistics.decodeMs(), 2);
+    statistics.tick(500, 15, 0ns, 0);
+    EXPECT_EQ(statistics.fps(), 0);
+    EXPECT_EQ(statistics.decodeMs(), 2);
+    statistics.tick(0, 40, 0ns, 0);
+    EXPECT_EQ(statistics.fps(), 0);
+}
+
+} // namespace pevrix
