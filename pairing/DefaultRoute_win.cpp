@@ -1,7 +1,8 @@
 #include "pairing/DefaultRoute.h"
 
-#include <iphlpapi.h>
 #include <winsock2.h>
+// After the sockets, for it includes what they replace.
+#include <iphlpapi.h>
 
 namespace pevrix {
 
