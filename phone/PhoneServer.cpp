@@ -158,32 +158,44 @@ void PhoneServer::readTurn(QTcpSocket* socket)
 
 void PhoneServer::readMessages(QTcpSocket* socket, int id, bool untilEmpty)
 {
-    const qint64 endMs = m_clock.elapsed() + kTurnMs;
-    for (;;) {
+    const qint64 startMs = m_clock.elapsed();
+    for (qint64 now = startMs;; now = m_clock.elapsed()) {
         // Looked up each time: a receiver of our signals may have ended this or any connection.
         PhoneSession* const session = findOpen(socket);
         if (session == nullptr || session->id != id || session->backlogged) {
             return;
         }
-        if (!untilEmpty && m_clock.elapsed() > endMs) {
+        if (!untilEmpty && now - startMs > kTurnMs) {
             queueTurn(socket, *session);
             return;
         }
-        const std::span<char> target = session->splitter.writable();
-        const qint64 count = socket->read(target.data(), std::ssize(target));
-        if (count <= 0) {
-            return;
-        }
-        session->lastRxMs = m_clock.elapsed();
-        switch (session->splitter.commit(count)) {
+        switch (readMessage(socket, *session, now)) {
         case MessageSplitter::Result::NeedMore:
-            break;
+            return;
         case MessageSplitter::Result::Message:
-            dispatch(socket, session->splitter.take());
+            dispatch(socket, *session, session->splitter.take());
             break;
         case MessageSplitter::Result::Oversized:
             close(socket);
             return;
+        }
+    }
+}
+
+// Reads to the end of the message that is coming in, or until the socket has no more.
+MessageSplitter::Result PhoneServer::readMessage(QTcpSocket* socket, PhoneSession& session,
+                                                 qint64 nowMs)
+{
+    for (;;) {
+        const std::span<char> target = session.splitter.writable();
+        const qint64 count = socket->read(target.data(), std::ssize(target));
+        if (count <= 0) {
+            return MessageSplitter::Result::NeedMore;
+        }
+        session.lastRxMs = nowMs;
+        const MessageSplitter::Result result = session.splitter.commit(count);
+        if (result != MessageSplitter::Result::NeedMore || count < std::ssize(target)) {
+            return result;
         }
     }
 }
@@ -220,9 +232,8 @@ void PhoneServer::onBytesWritten(QTcpSocket* socket)
     }
 }
 
-void PhoneServer::dispatch(QTcpSocket* socket, const Message& message)
+void PhoneServer::dispatch(QTcpSocket* socket, const PhoneSession& session, const Message& message)
 {
-    const PhoneSession& session = m_sessions[socket];
     const int id = session.id;
     switch (message.type) {
     case MessageType::Bye:

@@ -94,10 +94,12 @@ private:
 
     void readTurn(QTcpSocket* socket);
     void readMessages(QTcpSocket* socket, int id, bool untilEmpty);
+    [[nodiscard]] static MessageSplitter::Result readMessage(QTcpSocket* socket,
+                                                             PhoneSession& session, qint64 nowMs);
     void queueTurn(QTcpSocket* socket, PhoneSession& session);
     void onBytesWritten(QTcpSocket* socket);
 
-    void dispatch(QTcpSocket* socket, const Message& message);
+    void dispatch(QTcpSocket* socket, const PhoneSession& session, const Message& message);
     void dispatchVideoFrame(int id, const Message& message);
     void handleHello(QTcpSocket* socket, const QByteArray& payload);
     [[nodiscard]] bool admit(QTcpSocket* socket, const Hello& hello);
