@@ -2,6 +2,7 @@
 // ffmpeg program with one thread, which does the same work from the same file, and against ffmpeg
 // that only decodes. The start of the ffmpeg program, measured with one picture, is taken off its
 // times. They take turns; ratios are medians over the rounds.
+#include "bench/FfmpegPeer.h"
 #include "bench/VideoBench.h"
 #include "tests/support/AnnexB.h"
 #include "video/H264Decoder.h"
@@ -11,39 +12,14 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <spawn.h>
 #include <string>
-#include <sys/resource.h>
-#include <sys/wait.h>
 
 using namespace pevrix;
+using bench::runFfmpeg;
 
 namespace {
 
 constexpr int kRounds = 7;
-
-// Runs ffmpeg and returns its processor time; ends the program when it fails.
-double runFfmpeg(std::vector<std::string> arguments)
-{
-    arguments.insert(arguments.begin(), {"ffmpeg", "-nostdin", "-v", "error", "-y"});
-    std::vector<char*> argv;
-    for (std::string& argument : arguments) {
-        argv.push_back(argument.data());
-    }
-    argv.push_back(nullptr);
-    pid_t child = 0;
-    int status = 1;
-    rusage usage{};
-    if (posix_spawnp(&child, "ffmpeg", nullptr, nullptr, argv.data(), environ) != 0 ||
-        wait4(child, &status, 0, &usage) != child || status != 0) {
-        std::fprintf(stderr, "ffmpeg failed; this benchmark needs it with libx264\n");
-        std::exit(1);
-    }
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
 
 double decode(const std::vector<AccessUnit>& units)
 {

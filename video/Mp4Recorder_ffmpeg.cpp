@@ -11,6 +11,7 @@
 #include <system_error>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace pevrix {
 
@@ -54,22 +55,51 @@ bool prepare(FrameHandle& frame, int width, int height)
     return av_frame_get_buffer(frame.get(), 0) >= 0;
 }
 
+// Two rows of pixels as libyuv likes them best. Its direct way from 3-byte pixels goes through such
+// rows as well, but allocates them for every picture.
+class RowPair
+{
+public:
+    explicit RowPair(int width)
+        : m_stride(width * 4)
+        , m_pixels(static_cast<std::size_t>(m_stride) * 2)
+    {}
+
+    // Converts `rows` rows, 1 or 2, to those of the frame that start at `y`, an even number.
+    void convert(const std::uint8_t* bgr, int width, int rows, AVFrame& frame, int y)
+    {
+        std::uint8_t* pixels = m_pixels.data();
+        // "RGB24" is blue, green, red in memory, and "ARGB" blue, green, red, alpha.
+        libyuv::RGB24ToARGB(bgr, width * 3, pixels, m_stride, width, rows);
+        libyuv::ARGBToI420(pixels, m_stride, rowOf(frame, 0, y), frame.linesize[0],
+                           rowOf(frame, 1, y / 2), frame.linesize[1], rowOf(frame, 2, y / 2),
+                           frame.linesize[2], width, rows);
+    }
+
+    static std::uint8_t* rowOf(const AVFrame& frame, std::size_t plane, int y)
+    {
+        return frame.data[plane] + std::ptrdiff_t{y} * frame.linesize[plane];
+    }
+
+private:
+    const int m_stride;
+    std::vector<std::uint8_t> m_pixels;
+};
+
 // Fills a frame whose size is that of the picture, rounded up to even numbers: 4:2:0 has no odd
 // sizes. The added column or row repeats its neighbour.
-void fill(AVFrame& frame, const std::uint8_t* bgr, int width, int height)
+void fill(AVFrame& frame, const std::uint8_t* bgr, int width, int height, RowPair& rowPair)
 {
-    // "RGB24" is blue, green, red in memory.
-    libyuv::RGB24ToI420(bgr, width * 3, frame.data[0], frame.linesize[0], frame.data[1],
-                        frame.linesize[1], frame.data[2], frame.linesize[2], width, height);
-    std::uint8_t* luma = frame.data[0];
-    const std::ptrdiff_t stride = frame.linesize[0];
-    if (width < frame.width) {
-        for (std::ptrdiff_t y = 0; y < height; ++y) {
-            luma[y * stride + width] = luma[y * stride + width - 1];
-        }
+    for (int y = 0; y < height; y += 2) {
+        const std::ptrdiff_t offset = std::ptrdiff_t{y} * width * 3;
+        rowPair.convert(bgr + offset, width, std::min(height - y, 2), frame, y);
+    }
+    for (int y = 0; y < height && width < frame.width; ++y) {
+        std::uint8_t* luma = RowPair::rowOf(frame, 0, y);
+        luma[width] = luma[width - 1];
     }
     if (height < frame.height) {
-        std::memcpy(luma + height * stride, luma + (height - 1) * stride,
+        std::memcpy(RowPair::rowOf(frame, 0, height), RowPair::rowOf(frame, 0, height - 1),
                     static_cast<std::size_t>(frame.width));
     }
 }
@@ -90,6 +120,7 @@ public:
         , m_height(height)
         , m_frameDuration(Mp4Writer::kTimeBase.den / fps)
         , m_start(start)
+        , m_rowPair(width)
         , m_queue(waitingLimit(width, height))
         , m_thread([this] { writePictures(); })
     {}
@@ -116,6 +147,7 @@ private:
     const std::int64_t m_frameDuration; // in units of Mp4Writer::kTimeBase, as m_lastTime
     const Clock::time_point m_start;
     std::int64_t m_lastTime = -1;
+    RowPair m_rowPair;
     PictureQueue<FrameHandle> m_queue;
     std::atomic<bool> m_failed = false;
     std::thread m_thread; // last, for it uses the others
@@ -127,7 +159,7 @@ void Mp4Recorder::Recording::add(const std::uint8_t* pixels, Clock::time_point n
     if (!prepare(frame, roundedUpToEven(m_width), roundedUpToEven(m_height))) {
         return; // no memory: this picture is left out
     }
-    fill(*frame, pixels, m_width, m_height);
+    fill(*frame, pixels, m_width, m_height, m_rowPair);
     using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, Mp4Writer::kTimeBase.den>>;
     const auto time = std::chrono::duration_cast<Ticks>(now - m_start).count();
     m_lastTime = std::max(time, m_lastTime + 1); // no two pictures may have the same
