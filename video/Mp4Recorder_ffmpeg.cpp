@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
+#include <exception>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -207,7 +208,7 @@ bool Mp4Recorder::open(const std::filesystem::path& path, std::uint32_t width, s
     }
     try {
         m_recording = std::make_unique<Recording>(std::move(writer), w, h, rate, m_platform->now());
-    } catch (const std::system_error&) { // no thread
+    } catch (const std::exception&) { // no thread, no memory
         std::error_code ignored;
         std::filesystem::remove(path, ignored);
         return false;

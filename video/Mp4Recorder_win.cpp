@@ -1,7 +1,6 @@
 #include "video/Mp4Recorder.h"
 #include "video/Mp4RecorderPlatform_win.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace pevrix {

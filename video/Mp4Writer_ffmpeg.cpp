@@ -17,7 +17,7 @@ namespace pevrix {
 
 namespace {
 
-// Of pictures between keyframes, so that a player finds its way and a fragment starts quickly.
+// The longest time between keyframes: how far a player that jumps has to decode.
 constexpr std::int64_t kKeyframeInterval = Mp4Writer::kTimeBase.den;
 
 // A frame thread of the encoder holds back a picture.

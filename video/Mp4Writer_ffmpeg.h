@@ -14,9 +14,9 @@ namespace pevrix {
 // The encoder and the file of one recording, which begins with the first picture whatever its time.
 // For one thread at a time, which may change.
 //
-// The file is playable at any time: it is written in fragments of half a second that are handed to
-// the system at once, so a crash costs less than the last second. finish() makes an ordinary file
-// of it, with one index for all pictures.
+// From its first half second on the file is playable at any time: it is written in fragments of
+// that length that are handed to the system at once, so a crash costs less than the last second.
+// finish() makes an ordinary file of it, with one index for all pictures.
 class Mp4Writer
 {
 public:
