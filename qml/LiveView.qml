@@ -1,11 +1,15 @@
 import QtQuick
 import Pevrix
 
-// Shown while a phone is connected: its live picture above the phone's name.
+// Shown while a phone is connected: its live picture above the phone's name and the Record button.
 Item {
     id: root
 
     required property string phoneName
+    required property bool recording
+    required property bool recordable // video flows, so that a recording could begin
+
+    signal recordClicked()
 
     function setFrame(image: var) {
         preview.setFrame(image)
@@ -37,7 +41,7 @@ Item {
         }
     }
 
-    Row {
+    Item {
         id: bottomBar
 
         anchors {
@@ -48,9 +52,10 @@ Item {
             bottomMargin: 12
         }
         height: 34
-        spacing: Theme.sp2
 
         Rectangle {
+            id: dot
+
             anchors.verticalCenter: parent.verticalCenter
             width: 8
             height: 8
@@ -59,14 +64,28 @@ Item {
         }
 
         Text {
-            anchors.verticalCenter: parent.verticalCenter
-            width: parent.width - 8 - parent.spacing
+            anchors {
+                left: dot.right
+                leftMargin: Theme.sp2
+                right: recordButton.left
+                rightMargin: Theme.sp3
+                verticalCenter: parent.verticalCenter
+            }
             text: root.phoneName
             textFormat: Text.PlainText
             color: Theme.textc
             font.pixelSize: Theme.fsBody
             font.weight: Font.DemiBold
             elide: Text.ElideRight
+        }
+
+        RecordButton {
+            id: recordButton
+
+            anchors.right: parent.right
+            recording: root.recording
+            enabled: root.recording || root.recordable
+            onClicked: root.recordClicked()
         }
     }
 }

@@ -50,5 +50,8 @@ Window {
         anchors.fill: parent
         visible: root.onLive
         phoneName: root.controller.phoneName
+        recording: root.controller.recording
+        recordable: root.controller.live && root.controller.outputEnabled
+        onRecordClicked: root.controller.toggleRecording()
     }
 }

@@ -44,6 +44,9 @@ start_display() {
 }
 
 start_program() {
+    rm -f "$bin/pairing-token.txt" # of an earlier run: the phone must wait for the new one
+    mkdir -p "$work/config"
+    printf 'XDG_VIDEOS_DIR="%s"\n' "$PWD/$work/videos" >"$work/config/user-dirs.dirs"
     LOCALAPPDATA=$PWD/$work XDG_CONFIG_HOME=$PWD/$work/config QT_QPA_PLATFORM=xcb \
         "$bin/pevrix" 2>"$work/pevrix.err" &
     program=$!
@@ -61,6 +64,28 @@ start_phone() {
     wait_for "$log" 'first picture of the stream' "no picture of the phone's video came"
 }
 
+# The Record button is at the bottom right of the window.
+press_record() {
+    xdotool mousemove 480 608 click 1
+}
+
+# Records three seconds as a person would do it and prints what the file is.
+record() {
+    press_record
+    sleep 3
+    photograph out/demo-recording.png
+    press_record
+    local deadline=$((SECONDS + seconds_to_wait)) file
+    until file=$(ls "$work"/videos/Pevrix/Pevrix_*.mp4 2>/dev/null) &&
+        recording=$(ffprobe -v error -select_streams v -of default=nokey=1:noprint_wrappers=1 \
+            -show_entries stream=codec_name,profile,width,height,nb_frames,duration "$file" \
+            2>"$work/ffprobe.log" | xargs); do
+        [ $SECONDS -lt $deadline ] || fail "no recording that plays was found"
+        sleep 0.1
+    done
+    recording="${file##*/}: $recording"
+}
+
 end_gently() {
     kill -TERM "$1"
     local status=0
@@ -76,9 +101,11 @@ photograph out/demo.png
 sleep 0.5
 photograph "$work/later.png"
 cmp -s out/demo.png "$work/later.png" && fail "the picture in the window does not move"
+record
 end_gently "$phone" "the simulated phone"
 end_gently "$program" "the program"
 
 grep -hE 'phone .* connected|first picture|stopped after' "$log"
 tail -n 1 "$work/phonesim.log"
+echo "recording $recording"
 echo "demo: the window with the live picture is in out/demo.png"
