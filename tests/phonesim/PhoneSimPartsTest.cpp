@@ -1,4 +1,4 @@
-#include "tests/phonesim/PhoneProcess.h"
+#include "tests/support/PhoneProcess.h"
 #include "tools/phonesim/AnnexB.h"
 #include "tools/phonesim/FramePacer.h"
 #include "tools/phonesim/Options.h"
@@ -135,6 +135,12 @@ TEST(Options, RefusesWhatMakesNoSense)
         "--uri pevrix://pair?v=1&pc=A&t=B",
         "--uri pevrix://pair?v=1&pc=A&t=B&h=10.0.0.1:1 --host 10.0.0.2",
         "--input a.mp4 --size 640x360",
+        "--phones 2",
+        "--usbmux --token a",
+        "--usbmux --phones 0",
+        "--usbmux --phones 2 --dump a.h264",
+        "--usbmux --attach-again-after 1",
+        "--usbmux --daemon-returns-after 1",
         "--no-such-option",
         "stray",
     };

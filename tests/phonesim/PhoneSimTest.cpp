@@ -1,6 +1,6 @@
 #include "phone/MessageSplitter.h"
-#include "tests/phonesim/PhoneProcess.h"
 #include "tests/phonesim/RecordingPc.h"
+#include "tests/support/PhoneProcess.h"
 #include "tools/phonesim/Malformed.h"
 
 #include <gmock/gmock.h>
@@ -88,11 +88,11 @@ TEST_F(PhoneSim, PairsThroughTheTokenFileAndStreamsRealVideo)
                     path("token"), u"--dump"_s, path("sent.h264"), u"--name"_s, u"Zoë’s phone"_s} +
         words("--wait 60 --device-id d1 --model M1 --os 7.5 --size 320x240 --fps 25 --frames 60 "
               "--unpaced --keyframe-interval 20"));
-    waitUntil([&] { return !phone->output().isEmpty() || !phone->errors().isEmpty(); });
+    waitFor([&] { return !phone->output().isEmpty() || !phone->errors().isEmpty(); });
     writeFile(path("token"), RecordingPc::kToken.toUtf8());
 
     EXPECT_EQ(phone->exitCode(), kDone) << qPrintable(phone->errors());
-    ASSERT_TRUE(waitUntil([&] { return m_pc.disconnects == 1; }));
+    ASSERT_TRUE(waitFor([&] { return m_pc.disconnects == 1; }));
     EXPECT_EQ(m_pc.phones, (QList<QStringList>{{u"d1"_s, u"Zoë’s phone"_s, u"M1"_s, u"7.5"_s}}));
     EXPECT_EQ(m_pc.pairings, 1);
     EXPECT_EQ(m_pc.infos, (QList<StreamDescription>{{320, 240, 25}}));
@@ -125,7 +125,7 @@ TEST_F(PhoneSim, SendsUnaskedVideoOnlyWhenToldTo)
 {
     m_pc.wantsVideo = false;
     const auto phone = startPhone("--size 64x64 --thumbnail-interval 0.05");
-    ASSERT_TRUE(waitUntil([&] { return m_pc.thumbnails.size() >= 5; }));
+    ASSERT_TRUE(waitFor([&] { return m_pc.thumbnails.size() >= 5; }));
     EXPECT_EQ(m_pc.order, QString());
 
     EXPECT_EQ(runPhone("--size 64x64 --ignore-active --frames 5"), kDone);
@@ -135,14 +135,14 @@ TEST_F(PhoneSim, SendsUnaskedVideoOnlyWhenToldTo)
 TEST_F(PhoneSim, HoldsWhenThePcWantsNoVideoAndResumesWithAKeyframe)
 {
     const auto phone = startPhone("--size 64x64 --fps 100 --thumbnail-interval 0.05");
-    ASSERT_TRUE(waitUntil([&] { return m_pc.frames.size() >= 10; }));
+    ASSERT_TRUE(waitFor([&] { return m_pc.frames.size() >= 10; }));
     m_pc.server.setActive(m_pc.lastId, false);
-    ASSERT_TRUE(waitUntil([&] { return phone->output().contains(u"wants no video"); }));
+    ASSERT_TRUE(waitFor([&] { return phone->output().contains(u"wants no video"); }));
 
     // Messages keep their order, so the next thumbnail but one comes after the last frame.
     const auto awaitThumbnails = [&](qsizetype more) {
         const qsizetype target = m_pc.thumbnails.size() + more;
-        ASSERT_TRUE(waitUntil([&] { return m_pc.thumbnails.size() >= target; }));
+        ASSERT_TRUE(waitFor([&] { return m_pc.thumbnails.size() >= target; }));
     };
     awaitThumbnails(2);
     const qsizetype held = m_pc.frames.size();
@@ -151,7 +151,7 @@ TEST_F(PhoneSim, HoldsWhenThePcWantsNoVideoAndResumesWithAKeyframe)
     ASSERT_EQ(m_pc.frames.size(), held);
 
     m_pc.server.setActive(m_pc.lastId, true);
-    ASSERT_TRUE(waitUntil([&] { return m_pc.frames.size() >= held + 3; }));
+    ASSERT_TRUE(waitFor([&] { return m_pc.frames.size() >= held + 3; }));
     EXPECT_EQ(m_pc.order.mid(orderLength, 5), u"icKff"_s);
     EXPECT_GT(m_pc.frames[held].ptsUsec - m_pc.frames[held - 1].ptsUsec, 100'000)
         << "the stream's clock goes on while it is held";
@@ -208,16 +208,16 @@ TEST_F(PhoneSim, ASlowPcHoldsUnpacedVideoUpAndLosesNothing)
     PhoneProcess phone(
         words("--unpaced --ignore-active --thumbnail-interval 0 --frames 10000 --port") +
         QStringList{QString::number(server.serverPort()), u"--input"_s, path("clip.mp4")});
-    ASSERT_TRUE(waitUntil([&] { return server.hasPendingConnections(); }));
+    ASSERT_TRUE(waitFor([&] { return server.hasPendingConnections(); }));
     QTcpSocket* socket = server.nextPendingConnection();
     socket->setReadBufferSize(65'536);
     socket->write(buildMessage(MessageType::HelloReply, helloReplyPayload()));
     // One progress line without a new frame: everything is full.
-    ASSERT_TRUE(waitUntil([&] { return phone.output().contains(u" 0.0 fps"); }));
+    ASSERT_TRUE(waitFor([&] { return phone.output().contains(u" 0.0 fps"); }));
 
     MessageSplitter splitter;
     int frames = 0;
-    ASSERT_TRUE(waitUntil([&] {
+    ASSERT_TRUE(waitFor([&] {
         splitter.feed(socket->readAll(), [&](const Message& message) {
             frames += message.timestampUsec == frames * 40'000 ? 1 : 0;
         });
@@ -238,7 +238,7 @@ TEST_F(PhoneSim, LeavesInEveryWayAndComesBack)
             "--size 64x64 --frames 5 --unpaced --reconnect 3 --reconnect-delay 0 --leave",
             {QString::fromLatin1(how)});
         EXPECT_EQ(phone->exitCode(), kDone) << qPrintable(phone->errors());
-        ASSERT_TRUE(waitUntil([&] { return m_pc.disconnects == 4; }));
+        ASSERT_TRUE(waitFor([&] { return m_pc.disconnects == 4; }));
         EXPECT_EQ(m_pc.phones.size(), 4);
         EXPECT_EQ(phone->summary(u"connections"_s), 4);
         EXPECT_EQ(phone->summary(u"lost"_s), 0);
@@ -296,6 +296,8 @@ TEST_F(PhoneSim, SaysByItsExitCodeWhatWentWrong)
     EXPECT_EQ(runPhone("--help"), kDone);
     EXPECT_EQ(PhoneProcess({u"--wait"_s, u"0"_s, u"--token-file"_s, path("missing")}).exitCode(),
               kBadUsage);
+    const QString taken = QString::number(m_pc.server.port());
+    EXPECT_EQ(PhoneProcess({u"--usbmux"_s, u"--usbmux-port"_s, taken}).exitCode(), kCannotConnect);
     EXPECT_TRUE(m_pc.phones.isEmpty());
 
     PhoneProcess stranger({u"--port"_s, QString::number(m_pc.server.port()), u"--token"_s, u"x"_s,
@@ -309,12 +311,12 @@ TEST_F(PhoneSim, SaysByItsExitCodeWhatWentWrong)
 TEST_F(PhoneSim, TellsALostConnectionFromAWantedEnd)
 {
     const auto replaced = startPhone("--size 64x64");
-    ASSERT_TRUE(waitUntil([&] { return m_pc.frames.size() >= 3; }));
+    ASSERT_TRUE(waitFor([&] { return m_pc.frames.size() >= 3; }));
     const auto successor = startPhone("--size 64x64"); // the same phone again: the first must go
     EXPECT_EQ(replaced->exitCode(), kLost);
     EXPECT_EQ(replaced->summary(u"lost"_s), 1);
 
-    ASSERT_TRUE(waitUntil([&] { return successor->output().contains(u"wants video"); }));
+    ASSERT_TRUE(waitFor([&] { return successor->output().contains(u"wants video"); }));
     successor->terminate();
     EXPECT_EQ(successor->exitCode(), kDone) << qPrintable(successor->errors());
     EXPECT_GT(successor->summary(u"seconds"_s), -1) << "SIGTERM ends with a summary";
@@ -358,7 +360,7 @@ TEST_F(PhoneSim, EveryMalformedPhoneLeavesTheServerServingAGoodOne)
     using namespace std::chrono_literals;
     RecordingPc pc({.pingInterval = 100ms, .silenceLimit = 3s});
     PhoneProcess good(pc.arguments(words("--size 64x64 --fps 60 --device-id good")));
-    ASSERT_TRUE(waitUntil([&] { return !pc.frames.isEmpty(); }));
+    ASSERT_TRUE(waitFor([&] { return !pc.frames.isEmpty(); }));
     const int goodId = pc.frames.constFirst().id;
     for (const Expectation& expectation : kExpectations) {
         SCOPED_TRACE(expectation.kind);
@@ -368,7 +370,7 @@ TEST_F(PhoneSim, EveryMalformedPhoneLeavesTheServerServingAGoodOne)
         EXPECT_EQ(bad.exitCode(), expectation.exitCode) << qPrintable(bad.errors());
         EXPECT_GE(bad.summary(u"malformed"_s), 1);
         pc.frames.clear();
-        EXPECT_TRUE(waitUntil(
+        EXPECT_TRUE(waitFor(
             [&] { return std::ranges::count(pc.frames, goodId, &RecordingPc::Frame::id) >= 3; }));
     }
     good.terminate();

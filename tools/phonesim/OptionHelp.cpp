@@ -29,6 +29,19 @@ constexpr OptionText kOptions[] = {
     {"name", "NAME", "The phone's display name.", "Simulated phone"},
     {"model", "MODEL", "The phone's model.", "Phone Simulator"},
     {"os", "VERSION", "The phone's system version.", "1.0"},
+    // On a cable.
+    {"usbmux", nullptr,
+     "Be a phone on a USB cable: play the usbmux daemon on 127.0.0.1 and wait for the PC."},
+    {"usbmux-port", "PORT", "The daemon's port; 0: any free one, which is printed.", "27015"},
+    {"phones", "N", "So many phones, told apart by a number at the end of their names.", "1"},
+    {"network-attached", nullptr, "The daemon says that it found the phone in the network."},
+    {"attach-after", "S", "Attach the phone S seconds after the PC first listens to the daemon."},
+    {"detach-after", "S", "Detach it S seconds after the PC accepted it."},
+    {"attach-again-after", "S", "Attach it again after S seconds, each time it was detached."},
+    {"refuse-connects", "N", "Refuse the first N connections to the phone.", "0"},
+    {"daemon-dies-after", "S", "The daemon dies S seconds after the PC first listens to it."},
+    {"daemon-returns-after", "S", "It comes back after S seconds, once."},
+    {"corrupt-length", nullptr, "The first PC that listens gets a header with a corrupt length."},
     // Video.
     {"size", "WxH", "Picture size.", "1280x720"},
     {"fps", "N", "Frames a second, 1 to 240 (an --input file has its own).", "30"},
@@ -81,21 +94,30 @@ QString description()
                "PC\naccepted the phone, --duration from the first connection. With --reconnect, "
                "everything\nbut --duration applies to each connection anew.\n"
                "\n"
+               "On a cable the phone waits for the PC without limit. It is gone after its last\n"
+               "connection: use --reconnect for more. After a bye the PC comes again only when "
+               "the\n"
+               "phone was detached and attached. A connection that ends with the cable or with "
+               "the\n"
+               "daemon is no failure and does not count.\n"
+               "\n"
                "Examples:\n"
                "  phonesim --token-file pairing-token.txt\n"
                "  phonesim --uri 'pevrix://pair?v=1&pc=DESK&t=TOKEN&h=192.168.1.42:8788' "
                "--size 1920x1080 --fps 60\n"
                "  phonesim --input clip.mp4 --frames 300 --unpaced --dump sent.h264\n"
                "  phonesim --leave reset --leave-after 0.2 --reconnect 100 --reconnect-delay 0\n"
+               "  phonesim --usbmux --detach-after 5 --attach-again-after 2\n"
                "\n"
                "Exit codes:\n"
                "  0  done as asked, or stopped by SIGINT or SIGTERM\n"
                "  2  bad usage: wrong options, or a file named in them cannot be used\n"
-               "  3  cannot connect, or the hello got no answer\n"
+               "  3  cannot connect, or the hello got no answer; the daemon's port is taken\n"
                "  4  refused: the PC answered with an error, which is printed\n"
                "  5  the connection was lost: the PC closed it, or the network did\n"
                "  6  the encoder or the input file failed\n"
-               "With --reconnect the last connection decides.\n"
+               "With --reconnect the last connection decides, with --phones the first phone that "
+               "failed.\n"
                "\n") +
            malformedHelp();
 }

@@ -4,104 +4,19 @@
 #include "phone/Protocol.h"
 #include "tools/phonesim/ExitCode.h"
 #include "tools/phonesim/OptionHelp.h"
-#include "tools/phonesim/Pattern.h"
+#include "tools/phonesim/OptionReader.h"
 
 #include <QCommandLineParser>
-
-#include <cmath>
 
 namespace pevrix {
 
 namespace {
 
-constexpr double kMaxSeconds = 1e6; // eleven days
 constexpr int kMaxFps = 240;
 constexpr int kMaxBitrateKbps = 200'000;
+constexpr int kMaxPhones = 100; // fewer than a USB bus has addresses
 
-// Takes values out of the parser and keeps the first complaint.
-class Reader
-{
-public:
-    explicit Reader(const QCommandLineParser& parser)
-        : m_parser(parser)
-    {}
-
-    [[nodiscard]] QString error() const { return m_error; }
-    [[nodiscard]] bool isSet(const char* name) const { return m_parser.isSet(text(name)); }
-    [[nodiscard]] QString string(const char* name) const { return m_parser.value(text(name)); }
-
-    void complain(const QString& what)
-    {
-        if (m_error.isEmpty()) {
-            m_error = what;
-        }
-    }
-
-    int integer(const char* name, int lowest, int highest)
-    {
-        bool ok = false;
-        const int value = string(name).toInt(&ok);
-        if (!ok || value < lowest || value > highest) {
-            complain(QStringLiteral("--%1 must be a whole number from %2 to %3, not \"%4\"")
-                         .arg(text(name))
-                         .arg(lowest)
-                         .arg(highest)
-                         .arg(string(name)));
-        }
-        return value;
-    }
-
-    std::chrono::milliseconds seconds(const char* name)
-    {
-        bool ok = false;
-        const double value = string(name).toDouble(&ok);
-        if (!ok || !(value >= 0 && value <= kMaxSeconds)) {
-            complain(QStringLiteral("--%1 must be a number of seconds, not \"%2\"")
-                         .arg(text(name), string(name)));
-            return {};
-        }
-        return std::chrono::milliseconds(std::llround(value * 1000));
-    }
-
-    // Nothing when the option is absent.
-    std::optional<std::chrono::milliseconds> optionalSeconds(const char* name)
-    {
-        return isSet(name) ? std::optional(seconds(name)) : std::nullopt;
-    }
-
-    // Zero, like absence, means nothing.
-    std::optional<std::chrono::milliseconds> positiveSeconds(const char* name)
-    {
-        const auto value = string(name).isEmpty() ? std::chrono::milliseconds{} : seconds(name);
-        return value.count() > 0 ? std::optional(value) : std::nullopt;
-    }
-
-    QSize size(const char* name)
-    {
-        const QStringList parts = string(name).split(u'x');
-        const QSize size = parts.size() == 2 ? QSize(parts[0].toInt(), parts[1].toInt()) : QSize();
-        const auto good = [](int side) {
-            return side >= Pattern::kMinSize && side <= Pattern::kMaxSize && side % 2 == 0;
-        };
-        if (!good(size.width()) || !good(size.height())) {
-            complain(QStringLiteral("--%1 must be WIDTHxHEIGHT, even and from %2 to %3 pixels, "
-                                    "not \"%4\"")
-                         .arg(text(name))
-                         .arg(Pattern::kMinSize)
-                         .arg(Pattern::kMaxSize)
-                         .arg(string(name)));
-        }
-        return size;
-    }
-
-private:
-    static QString text(const char* name) { return QString::fromLatin1(name); }
-
-    const QCommandLineParser& m_parser;
-    QString m_error;
-};
-
-void readUri(Reader& reader, Options& options)
+void readUri(OptionReader& reader, Options& options)
 {
     const auto uri = parsePairingUri(reader.string("uri"));
     if (!uri) {
@@ -120,7 +35,7 @@ void readUri(Reader& reader, Options& options)
     }
 }
 
-void readWhere(Reader& reader, Options& options)
+void readWhere(OptionReader& reader, Options& options)
 {
     if (reader.isSet("uri")) {
         if (reader.isSet("host") || reader.isSet("port")) {
@@ -139,10 +54,66 @@ void readWhere(Reader& reader, Options& options)
         options.token = reader.string("token");
     }
     options.tokenFile = reader.string("token-file");
-    options.wait = reader.seconds("wait");
 }
 
-void readVideo(Reader& reader, VideoOptions& video)
+constexpr const char* kUsbOptions[] = {
+    "usbmux-port",       "phones",
+    "network-attached",  "attach-after",
+    "detach-after",      "attach-again-after",
+    "daemon-dies-after", "daemon-returns-after",
+    "refuse-connects",   "corrupt-length",
+};
+
+// The PC comes to a phone on a cable and tells it the token.
+constexpr const char* kNetworkOptions[] = {"uri", "host", "port", "token", "token-file"};
+
+void readUsb(OptionReader& reader, Options& options)
+{
+    for (const char* name : kNetworkOptions) {
+        if (reader.isSet(name)) {
+            reader.complain(
+                QStringLiteral("with --usbmux the PC comes to the phone: leave --%1 out")
+                    .arg(QString::fromLatin1(name)));
+        }
+    }
+    UsbOptions& usb = options.usb.emplace();
+    usb.port = static_cast<quint16>(reader.integer("usbmux-port", 0, 65535));
+    usb.phones = reader.integer("phones", 1, kMaxPhones);
+    usb.networkAttached = reader.isSet("network-attached");
+    usb.attachAfter = reader.optionalSeconds("attach-after");
+    usb.detachAfter = reader.optionalSeconds("detach-after");
+    usb.attachAgainAfter = reader.optionalSeconds("attach-again-after");
+    usb.daemonDiesAfter = reader.optionalSeconds("daemon-dies-after");
+    usb.daemonReturnsAfter = reader.optionalSeconds("daemon-returns-after");
+    usb.refusedConnects = reader.integer("refuse-connects", 0, 1'000'000);
+    usb.corruptLength = reader.isSet("corrupt-length");
+    if (usb.attachAgainAfter && !usb.detachAfter) {
+        reader.complain(QStringLiteral("--attach-again-after needs --detach-after"));
+    }
+    if (usb.daemonReturnsAfter && !usb.daemonDiesAfter) {
+        reader.complain(QStringLiteral("--daemon-returns-after needs --daemon-dies-after"));
+    }
+    if (usb.phones > 1 && reader.isSet("dump")) {
+        reader.complain(QStringLiteral("--dump takes the bytes of one phone: leave --phones out"));
+    }
+}
+
+// Network or cable.
+void readTransport(OptionReader& reader, Options& options)
+{
+    if (reader.isSet("usbmux")) {
+        readUsb(reader, options);
+        return;
+    }
+    for (const char* name : kUsbOptions) {
+        if (reader.isSet(name)) {
+            reader.complain(QStringLiteral("--%1 needs --usbmux").arg(QString::fromLatin1(name)));
+        }
+    }
+    readWhere(reader, options);
+}
+
+void readVideo(OptionReader& reader, VideoOptions& video)
 {
     video.input = reader.string("input");
     const bool fromFile = !video.input.isEmpty();
@@ -159,7 +130,7 @@ void readVideo(Reader& reader, VideoOptions& video)
     video.ignoreActive = reader.isSet("ignore-active");
 }
 
-LeaveMode readLeave(Reader& reader)
+LeaveMode readLeave(OptionReader& reader)
 {
     const QString text = reader.string("leave");
     if (text == u"bye") {
@@ -178,7 +149,7 @@ LeaveMode readLeave(Reader& reader)
     return LeaveMode::Close;
 }
 
-void readPlan(Reader& reader, ConnectionPlan& plan)
+void readPlan(OptionReader& reader, ConnectionPlan& plan)
 {
     if (reader.isSet("frames")) {
         plan.frames = reader.integer("frames", 1, std::numeric_limits<int>::max());
@@ -210,10 +181,11 @@ void readPlan(Reader& reader, ConnectionPlan& plan)
     }
 }
 
-Options readOptions(Reader& reader)
+Options readOptions(OptionReader& reader)
 {
     Options options;
-    readWhere(reader, options);
+    readTransport(reader, options);
+    options.wait = reader.seconds("wait");
     options.identity = {reader.string("device-id"), reader.string("name"), reader.string("model"),
                         reader.string("os")};
     readVideo(reader, options.video);
@@ -238,7 +210,7 @@ ParsedOptions parseOptions(const QStringList& arguments)
     if (parser.isSet(QStringLiteral("help"))) {
         return {{}, true, parser.helpText()};
     }
-    Reader reader(parser);
+    OptionReader reader(parser);
     Options options = readOptions(reader);
     if (!parser.positionalArguments().isEmpty()) {
         reader.complain(QStringLiteral("unexpected argument \"%1\"")

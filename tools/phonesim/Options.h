@@ -65,10 +65,29 @@ struct ConnectionPlan
     Malformed malformed = Malformed::None;
 };
 
+/// Phones on a cable: the usbmux daemon that is played, and what happens to it and to them. An
+/// absent time means that it does not happen.
+struct UsbOptions
+{
+    using Time = std::optional<std::chrono::milliseconds>;
+
+    quint16 port = 0; ///< of the daemon; 0: any free one
+    int phones = 1;
+    bool networkAttached = false;
+    Time attachAfter;        ///< since the PC first listened; absent: attached from the beginning
+    Time detachAfter;        ///< since the PC accepted the phone
+    Time attachAgainAfter;   ///< since it was detached
+    Time daemonDiesAfter;    ///< since the PC first listened
+    Time daemonReturnsAfter; ///< since it died
+    int refusedConnects = 0;
+    bool corruptLength = false;
+};
+
 /// Everything that the command line says.
 struct Options
 {
-    QList<Endpoint> endpoints; ///< tried in this order
+    std::optional<UsbOptions> usb; ///< set: the PC comes to the phone
+    QList<Endpoint> endpoints;     ///< tried in this order
     QString token;
     QString tokenFile;                ///< when set, the token is read from there
     std::chrono::milliseconds wait{}; ///< patience with the token file and with the PC

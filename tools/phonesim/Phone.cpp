@@ -49,7 +49,7 @@ Phone::Phone(Setup setup, QTcpSocket* socket, RunStats& stats, QIODevice* dump, 
 QByteArray Phone::helloPayload() const
 {
     return QJsonDocument(QJsonObject{{QStringLiteral("v"), kProtocolVersion},
-                                     {QStringLiteral("token"), m_token},
+                                     {QStringLiteral("token"), m_token.value_or(QString())},
                                      {QStringLiteral("deviceId"), m_identity.deviceId},
                                      {QStringLiteral("name"), m_identity.name},
                                      {QStringLiteral("modelName"), m_identity.model},
@@ -60,6 +60,24 @@ QByteArray Phone::helloPayload() const
 void Phone::start()
 {
     m_stats.state = PhoneState::Greeting;
+    if (m_token) {
+        greet();
+    } else {
+        finishBy(kHelloLimit, ExitCode::CannotConnect,
+                 QStringLiteral("the PC did not say hello through the tunnel"));
+    }
+}
+
+void Phone::takeUsbHello(const QByteArray& payload)
+{
+    if (!m_token) {
+        m_token = parseObject(payload)[u"token"].toString();
+        greet();
+    }
+}
+
+void Phone::greet()
+{
     finishBy(kHelloLimit, ExitCode::CannotConnect,
              QStringLiteral("the PC did not answer the hello"));
     const MalformedKind* kind = findMalformed(m_plan.malformed);
@@ -73,6 +91,9 @@ void Phone::start()
 void Phone::dispatch(const Message& message)
 {
     switch (message.type) {
+    case MessageType::UsbHello:
+        takeUsbHello(message.payload);
+        break;
     case MessageType::HelloReply:
         accept();
         break;
@@ -105,6 +126,7 @@ void Phone::accept()
     m_deadline.stop();
     ++m_stats.accepted;
     Q_EMIT event(QStringLiteral("accepted"));
+    Q_EMIT accepted();
     if (m_plan.thumbnailInterval) {
         sendThumbnail();
         m_thumbnailTimer.start(*m_plan.thumbnailInterval);

@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 class QIODevice;
 class QTcpSocket;
@@ -27,7 +28,7 @@ public:
     struct Setup
     {
         PhoneIdentity identity;
-        QString token;
+        std::optional<QString> token; ///< absent: the PC says it in a USB hello
         ConnectionPlan plan;
         VideoOptions video;
         std::unique_ptr<VideoSource> source;
@@ -37,13 +38,16 @@ public:
     Phone(Setup setup, QTcpSocket* socket, RunStats& stats, QIODevice* dump,
           QObject* parent = nullptr);
 
-    /// Sends the hello (or what the plan has in place of it).
+    /// Sends the hello (or what the plan has in place of it), at once or after the PC's USB hello.
     void start();
 
     /// Ends the connection in the plan's way. Once begun, repeating it does nothing.
     void leave();
 
 Q_SIGNALS:
+    /// The PC answered the hello and took the phone.
+    void accepted();
+
     /// Something a reader of the console wants to know.
     void event(const QString& text);
 
@@ -51,6 +55,8 @@ Q_SIGNALS:
     void finished(pevrix::ExitCode code, const QString& reason);
 
 private:
+    void greet();
+    void takeUsbHello(const QByteArray& payload);
     [[nodiscard]] QByteArray helloPayload() const;
     void dispatch(const Message& message);
     void accept();
@@ -68,7 +74,7 @@ private:
     void finish(ExitCode code, const QString& reason);
 
     const PhoneIdentity m_identity;
-    const QString m_token;
+    std::optional<QString> m_token; // absent: not known yet
     const ConnectionPlan m_plan;
     const bool m_ignoreActive;
     RunStats& m_stats;

@@ -5,6 +5,7 @@
 
 #include <QTcpSocket>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -14,9 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kTokenFileLook = 50ms;
 constexpr auto kProgressInterval = 1s;
-constexpr qint64 kMaxTokenBytes = 4096; // a token is some dozen characters
 
 void printLine(std::FILE* stream, const QString& text)
 {
@@ -26,17 +25,21 @@ void printLine(std::FILE* stream, const QString& text)
 
 } // namespace
 
-PhoneRun::PhoneRun(Options options, QObject* parent)
+PhoneRun::PhoneRun(Options options, int phones, QObject* parent)
     : QObject(parent)
     , m_options(std::move(options))
-    , m_connector(m_options.endpoints)
+    , m_seats(static_cast<std::size_t>(phones))
 {
-    connect(&m_connector, &Connector::connected, this, &PhoneRun::onConnected);
-    connect(&m_connector, &Connector::failed, this, [this](const QString& reason) {
-        complain(reason);
-        end(ExitCode::CannotConnect);
-    });
-    m_pause.setSingleShot(true);
+    int number = 0;
+    for (Seat& seat : m_seats) {
+        seat.identity = m_options.identity;
+        if (phones > 1) {
+            ++number;
+            seat.identity.deviceId += QStringLiteral("-%1").arg(number);
+            seat.identity.name += QStringLiteral(" %1").arg(number);
+            seat.label = QStringLiteral("phone %1: ").arg(number);
+        }
+    }
     m_duration.setSingleShot(true);
     m_duration.setTimerType(Qt::PreciseTimer);
     m_progress.setTimerType(Qt::PreciseTimer);
@@ -56,7 +59,7 @@ void PhoneRun::start()
     if (!m_options.quiet) {
         m_progress.start(kProgressInterval);
     }
-    readToken();
+    begin();
 }
 
 bool PhoneRun::prepareFiles()
@@ -64,8 +67,7 @@ bool PhoneRun::prepareFiles()
     if (!m_options.dumpFile.isEmpty()) {
         m_dump.setFileName(m_options.dumpFile);
         if (!m_dump.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-            complain(QStringLiteral("cannot write \"%1\"").arg(m_options.dumpFile));
-            end(ExitCode::BadUsage);
+            fail(ExitCode::BadUsage, QStringLiteral("cannot write \"%1\"").arg(m_options.dumpFile));
             return false;
         }
     }
@@ -73,8 +75,8 @@ bool PhoneRun::prepareFiles()
         QString error;
         m_clip = loadClip(m_options.video.input, error);
         if (!m_clip) {
-            complain(error);
-            end(QFile::exists(m_options.video.input) ? ExitCode::VideoTrouble : ExitCode::BadUsage);
+            fail(QFile::exists(m_options.video.input) ? ExitCode::VideoTrouble : ExitCode::BadUsage,
+                 error);
             return false;
         }
         if (m_clip->reordered) {
@@ -82,36 +84,6 @@ bool PhoneRun::prepareFiles()
         }
     }
     return true;
-}
-
-// The program writes its token file some time after it was started, so the file may be missing or
-// still empty at the first look.
-void PhoneRun::readToken()
-{
-    if (m_options.tokenFile.isEmpty()) {
-        connectToPc();
-        return;
-    }
-    QFile file(m_options.tokenFile);
-    if (file.open(QIODevice::ReadOnly)) {
-        m_options.token = QString::fromUtf8(file.read(kMaxTokenBytes)).trimmed();
-    }
-    if (!m_options.token.isEmpty()) {
-        connectToPc();
-    } else if (m_clock.durationElapsed() >= m_options.wait) {
-        complain(QStringLiteral("no token in \"%1\"").arg(m_options.tokenFile));
-        end(ExitCode::BadUsage);
-    } else {
-        m_pause.disconnect(this);
-        connect(&m_pause, &QTimer::timeout, this, &PhoneRun::readToken);
-        m_pause.start(kTokenFileLook);
-    }
-}
-
-void PhoneRun::connectToPc()
-{
-    m_stats.state = PhoneState::Connecting;
-    m_connector.start(m_options.wait);
 }
 
 std::unique_ptr<VideoSource> PhoneRun::makeSource() const
@@ -126,50 +98,73 @@ std::unique_ptr<VideoSource> PhoneRun::makeSource() const
         video.noise);
 }
 
-void PhoneRun::onConnected(QTcpSocket* socket, const QString& where)
+void PhoneRun::connectPhone(Seat& seat, QTcpSocket* socket, const QString& where,
+                            const std::optional<QString>& token)
 {
-    ++m_stats.connections;
-    say(QStringLiteral("connected to %1").arg(where));
+    ++seat.stats.connections;
+    say(seat.label + QStringLiteral("connected to %1").arg(where));
     if (m_options.duration && !m_duration.isActive()) {
         m_duration.start(*m_options.duration);
     }
-    m_phone = std::make_unique<Phone>(Phone::Setup{m_options.identity, m_options.token,
-                                                   m_options.plan, m_options.video, makeSource()},
-                                      socket, m_stats, m_dump.isOpen() ? &m_dump : nullptr);
-    connect(m_phone.get(), &Phone::event, this, &PhoneRun::say);
+    seat.phone = std::make_unique<Phone>(
+        Phone::Setup{seat.identity, token, m_options.plan, m_options.video, makeSource()}, socket,
+        seat.stats, m_dump.isOpen() ? &m_dump : nullptr);
+    connect(seat.phone.get(), &Phone::event, this,
+            [this, &seat](const QString& text) { say(seat.label + text); });
+    connect(seat.phone.get(), &Phone::accepted, this, [this, &seat] { onAccepted(seat); });
     // Queued, because the phone is freed in response.
-    connect(m_phone.get(), &Phone::finished, this, &PhoneRun::onPhoneFinished,
-            Qt::QueuedConnection);
-    m_phone->start();
+    connect(
+        seat.phone.get(), &Phone::finished, this,
+        [this, &seat](ExitCode code, const QString& reason) {
+            onPhoneFinished(seat, code, reason);
+        },
+        Qt::QueuedConnection);
+    seat.phone->start();
 }
 
-void PhoneRun::onPhoneFinished(ExitCode code, const QString& reason)
+void PhoneRun::onPhoneFinished(Seat& seat, ExitCode code, const QString& reason)
 {
-    m_phone.reset();
-    m_stats.lost += code == ExitCode::Lost ? 1 : 0;
-    m_stats.refused += code == ExitCode::Refused ? 1 : 0;
-    if (code != ExitCode::Done) {
-        complain(code == ExitCode::Refused ? QStringLiteral("refused: ") + reason : reason);
+    seat.phone.reset();
+    seat.stats.state = PhoneState::Connecting;
+    const bool cutOff = std::exchange(seat.cutOff, false) && code == ExitCode::Lost;
+    seat.last = cutOff ? ExitCode::Done : code;
+    seat.stats.lost += seat.last == ExitCode::Lost ? 1 : 0;
+    seat.stats.refused += code == ExitCode::Refused ? 1 : 0;
+    if (seat.last != ExitCode::Done) {
+        complain(seat.label +
+                 (code == ExitCode::Refused ? QStringLiteral("refused: ") + reason : reason));
     }
-    const bool mayReturn = code == ExitCode::Done || code == ExitCode::Lost;
-    if (m_stopping || !mayReturn || m_returns >= m_options.reconnects) {
-        end(code);
-        return;
+    const bool mayReturn = seat.last == ExitCode::Done || code == ExitCode::Lost;
+    if (m_stopping || !mayReturn || (!cutOff && seat.returns >= m_options.reconnects)) {
+        conclude(seat);
+    } else if (cutOff) {
+        onCutOff(seat);
+    } else {
+        ++seat.returns;
+        comeBack(seat);
     }
-    ++m_returns;
-    m_stats.state = PhoneState::Connecting;
-    m_pause.disconnect(this);
-    connect(&m_pause, &QTimer::timeout, this, &PhoneRun::connectToPc);
-    m_pause.start(m_options.reconnectDelay);
+}
+
+void PhoneRun::conclude(Seat& seat)
+{
+    seat.over = true;
+    if (std::ranges::all_of(m_seats, &Seat::over)) {
+        const auto failed = std::ranges::find_if(
+            m_seats, [](const Seat& each) { return each.last != ExitCode::Done; });
+        end(failed == m_seats.end() ? ExitCode::Done : failed->last);
+    }
 }
 
 void PhoneRun::stop()
 {
     m_stopping = true;
-    if (m_phone) {
-        m_phone->leave();
-    } else {
-        end(ExitCode::Done);
+    for (Seat& seat : m_seats) {
+        if (seat.phone) {
+            seat.phone->leave();
+        } else if (!seat.over) {
+            seat.last = ExitCode::Done;
+            conclude(seat);
+        }
     }
 }
 
@@ -179,14 +174,18 @@ void PhoneRun::printProgress()
     const auto rate = [&](qint64 difference) {
         return static_cast<double>(difference) / seconds;
     };
-    say(QStringLiteral("%1 s %2, %3 frames, %4 fps, %5 kbit/s, %6 keyframes")
-            .arg((m_clock.elapsed() + 500) / 1000, 3)
-            .arg(QString::fromLatin1(describe(m_stats.state)))
-            .arg(m_stats.frames)
-            .arg(rate(m_stats.frames - m_lineStats.frames), 0, 'f', 1)
-            .arg(rate((m_stats.bytes - m_lineStats.bytes) * 8 / 1000), 0, 'f', 0)
-            .arg(m_stats.keyframes));
-    m_lineStats = m_stats;
+    for (Seat& seat : m_seats) {
+        const RunStats& stats = seat.stats;
+        const RunStats& shown = seat.shownStats;
+        say(seat.label + QStringLiteral("%1 s %2, %3 frames, %4 fps, %5 kbit/s, %6 keyframes")
+                             .arg((m_clock.elapsed() + 500) / 1000, 3)
+                             .arg(QString::fromLatin1(describe(stats.state)))
+                             .arg(stats.frames)
+                             .arg(rate(stats.frames - shown.frames), 0, 'f', 1)
+                             .arg(rate((stats.bytes - shown.bytes) * 8 / 1000), 0, 'f', 0)
+                             .arg(stats.keyframes));
+        seat.shownStats = stats;
+    }
 }
 
 void PhoneRun::say(const QString& text) const
@@ -201,13 +200,18 @@ void PhoneRun::complain(const QString& text) const
     printLine(stderr, QStringLiteral("phonesim: ") + text);
 }
 
+void PhoneRun::fail(ExitCode code, const QString& reason)
+{
+    complain(reason);
+    end(code);
+}
+
 void PhoneRun::end(ExitCode code)
 {
     if (std::exchange(m_ended, true)) {
         return;
     }
-    m_connector.cancel();
-    m_pause.stop();
+    halt();
     m_duration.stop();
     m_progress.stop();
     const bool dumped = !m_dump.isOpen() || m_dump.flush();
@@ -216,7 +220,11 @@ void PhoneRun::end(ExitCode code)
         code = code == ExitCode::Done ? ExitCode::BadUsage : code;
     }
     m_dump.close();
-    printLine(stdout, summary(m_stats, code, m_clock.durationElapsed() / 1ms * 1ms));
+    RunStats total;
+    for (const Seat& seat : m_seats) {
+        total += seat.stats;
+    }
+    printLine(stdout, summary(total, code, m_clock.durationElapsed() / 1ms * 1ms));
     Q_EMIT done(code);
 }
 

@@ -25,6 +25,20 @@ const char* describe(PhoneState state)
     return "";
 }
 
+RunStats& RunStats::operator+=(const RunStats& other)
+{
+    constexpr qint64 RunStats::* kCounts[] = {
+        &RunStats::connections, &RunStats::accepted,  &RunStats::refused, &RunStats::lost,
+        &RunStats::frames,      &RunStats::keyframes, &RunStats::configs, &RunStats::streamInfos,
+        &RunStats::thumbnails,  &RunStats::pings,     &RunStats::starts,  &RunStats::dropped,
+        &RunStats::malformed,   &RunStats::bytes,
+    };
+    for (const auto count : kCounts) {
+        this->*count += other.*count;
+    }
+    return *this;
+}
+
 QString summary(const RunStats& stats, ExitCode code, std::chrono::milliseconds elapsed)
 {
     const double seconds = static_cast<double>(elapsed.count()) / 1000.0;

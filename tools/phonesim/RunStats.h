@@ -40,6 +40,9 @@ struct RunStats
     qint64 dropped = 0;   ///< frames given up because the phone or the PC was too slow
     qint64 malformed = 0; ///< malformed messages sent, a batch counting once
     qint64 bytes = 0;     ///< everything sent, headers included
+
+    /// Adds the counts; the state stays.
+    RunStats& operator+=(const RunStats& other);
 };
 
 /// The closing line for scripts: "summary" and then key=value pairs. Keys may be added, but never

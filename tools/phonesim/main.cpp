@@ -1,11 +1,13 @@
 #include "tools/phonesim/ExitCode.h"
+#include "tools/phonesim/NetworkRun.h"
 #include "tools/phonesim/Options.h"
-#include "tools/phonesim/PhoneRun.h"
 #include "tools/phonesim/StopSignal.h"
+#include "tools/phonesim/UsbRun.h"
 
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <memory>
 
 int main(int argc, char** argv)
 {
@@ -22,12 +24,17 @@ int main(int argc, char** argv)
     }
 
     StopSignal stopSignal;
-    PhoneRun run(*parsed.options);
-    QObject::connect(&stopSignal, &StopSignal::stopWanted, &run, &PhoneRun::stop);
+    std::unique_ptr<PhoneRun> run;
+    if (parsed.options->usb) {
+        run = std::make_unique<UsbRun>(*parsed.options);
+    } else {
+        run = std::make_unique<NetworkRun>(*parsed.options);
+    }
+    QObject::connect(&stopSignal, &StopSignal::stopWanted, run.get(), &PhoneRun::stop);
     QObject::connect(
-        &run, &PhoneRun::done, &application,
+        run.get(), &PhoneRun::done, &application,
         [](ExitCode code) { QCoreApplication::exit(static_cast<int>(code)); },
         Qt::QueuedConnection);
-    run.start();
+    run->start();
     return QCoreApplication::exec();
 }

@@ -1,29 +1,12 @@
 #pragma once
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include "tests/support/WaitFor.h"
+
 #include <QProcess>
 #include <QString>
 #include <QStringList>
-#include <QTimer>
-
-#include <chrono>
 
 namespace pevrix {
-
-// Runs the event loop until `condition` holds; false when it does not within a minute, which no
-// machine needs.
-template <typename Condition>
-bool waitUntil(Condition condition)
-{
-    const QDeadlineTimer limit(std::chrono::minutes(1));
-    QTimer heartbeat; // looks at the condition even when nothing happens
-    heartbeat.start(std::chrono::milliseconds(20));
-    while (!condition() && !limit.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return condition();
-}
 
 // A command line without quotes, cut at its spaces.
 inline QStringList words(const char* text)
@@ -52,7 +35,7 @@ public:
     // The exit code; -1 after a crash, or when it does not end.
     int exitCode()
     {
-        const bool ended = waitUntil([this] { return m_process.state() == QProcess::NotRunning; });
+        const bool ended = waitFor([this] { return m_process.state() == QProcess::NotRunning; });
         return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
     }
 
