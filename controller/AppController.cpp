@@ -23,6 +23,7 @@ constexpr std::chrono::milliseconds kStatisticsInterval{500};
 AppController::AppController(const ControllerOptions& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
+    , m_sink(options.cameraLibrary)
     , m_usb(options.usb)
     , m_pipeline(m_sink)
     , m_settings(options.settingsFile)

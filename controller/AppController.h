@@ -16,6 +16,8 @@
 #include <QTimer>
 #include <QVariantList>
 
+#include <filesystem>
+
 namespace pevrix {
 
 /// Where the controller finds what lies outside the program; tests choose other places.
@@ -25,6 +27,7 @@ struct ControllerOptions
     UsbMuxOptions usb;
     QString settingsFile; // empty: the user's own
     QString tokenFolder;  // empty: beside the executable
+    std::filesystem::path cameraLibrary = cameraLibraryName();
 };
 
 /// The one object that the QML interface sees: state as properties, actions as slots. Owns the
