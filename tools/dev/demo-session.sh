@@ -1,5 +1,7 @@
 # The demo's session, run inside the environment: starts a virtual display, the program and a
 # simulated phone, waits for decoded pictures, photographs the window twice and ends all of them.
+# With --usb the phone is on a cable, behind a simulated usbmux daemon where the program looks for
+# the real one.
 # Settings and log live in out/demo, so that the user's own are neither read nor changed.
 set -euo pipefail
 
@@ -7,6 +9,8 @@ bin=build/native/bin
 work=out/demo
 log=$work/Pevrix/pevrix.log
 seconds_to_wait=20
+daemon_port=27015
+transport=${1:-}
 
 fail() {
     printf 'demo: %s; the logs are in %s.\n' "$1" "$work" >&2
@@ -55,11 +59,30 @@ start_program() {
     port=$(sed -n 's/.*listening on port //p' "$log")
 }
 
+# start_phone HOW...: HOW it and the program come together.
 start_phone() {
-    "$bin/phonesim" --host 127.0.0.1 --port "$port" --token-file "$bin/pairing-token.txt" \
-        --name "Demo phone" --size 1280x720 --fps 30 >"$work/phonesim.log" 2>&1 &
+    "$bin/phonesim" "$@" --name "Demo phone" --size 1280x720 --fps 30 \
+        >"$work/phonesim.log" 2>&1 &
     phone=$!
     pids+=($phone)
+}
+
+start_program_and_phone() {
+    if [ "$transport" != --usb ]; then
+        start_program
+        start_phone --host 127.0.0.1 --port "$port" --token-file "$bin/pairing-token.txt"
+        return
+    fi
+    start_phone --usbmux --usbmux-port "$daemon_port"
+    wait_for "$work/phonesim.log" 'usbmux daemon on port\|cannot play' \
+        "the simulated phone did not start"
+    if grep -q 'cannot play' "$work/phonesim.log"; then
+        fail "port $daemon_port is taken: end the usbmux daemon of this machine first"
+    fi
+    start_program
+}
+
+await_video() {
     wait_for "$log" 'phone .* connected' "the simulated phone did not pair"
     wait_for "$log" 'first picture of the stream' "no picture of the phone's video came"
 }
@@ -94,8 +117,8 @@ end_gently() {
 }
 
 start_display
-start_program
-start_phone
+start_program_and_phone
+await_video
 sleep 2
 photograph out/demo.png
 sleep 0.5
