@@ -30,23 +30,22 @@ use_packages native
 
 ensure_environment() {
     [ -z "${PEVRIX_INSIDE:-}" ] || return 0
-    if [ "$(environment_kind)" = host ]; then
+    find_environment_kind
+    if [ "$environment_kind" = host ]; then
         [ "${PEVRIX_ENVIRONMENT:-}" = host ] || ensure_host_packages
     else
         ensure_root
     fi
 }
 
-# Prints "host" or "root". Fast, because every command asks.
-environment_kind() {
+# Sets environment_kind to "host" or "root". Fast, because every command asks.
+find_environment_kind() {
     if [ -n "${PEVRIX_ENVIRONMENT:-}" ]; then
-        echo "$PEVRIX_ENVIRONMENT"
-    elif [ -d "$environment_root" ]; then
-        echo root
-    elif host_has_qt; then
-        echo host
+        environment_kind=$PEVRIX_ENVIRONMENT
+    elif [ ! -d "$environment_root" ] && host_has_qt; then
+        environment_kind=host
     else
-        echo root
+        environment_kind=root
     fi
 }
 
@@ -79,7 +78,8 @@ apt_update_once() {
     [ -z "$apt_updated" ] || return 0
     apt_updated=yes
     say "refreshing the package lists"
-    as_root apt-get update >"$(log_path apt-update)" 2>&1 || true
+    as_root apt-get update >"$(log_path apt-update)" 2>&1 ||
+        say "that failed (no network, or no root rights?); see $(log_path apt-update)"
 }
 
 # install_packages NAME...: with the machine's own package manager.
@@ -194,7 +194,7 @@ in_environment() {
     export CCACHE_DIR=${CCACHE_DIR:-$cache_dir/ccache} CCACHE_BASEDIR=$project
     export CCACHE_NOHASHDIR=1 CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
     local status=0
-    if [ "$(environment_kind)" = host ]; then
+    if [ "$environment_kind" = host ]; then
         "$@" || status=$?
     else
         enter_root "$@" || status=$?
