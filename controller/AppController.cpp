@@ -274,6 +274,10 @@ void AppController::onPhoneDisconnected(int id)
 
 void AppController::onStreamInfo(int id, QSize size, int fps)
 {
+    // Also strangers may describe a stream; nothing would ever take their entries out again.
+    if (!m_roster.find(id)) {
+        return;
+    }
     m_streamSizes.insert(id, size);
     m_pipeline.setFrameRate(fps);
     if (id == m_roster.activeId()) {

@@ -5,7 +5,7 @@
  * service of the system. A null camera is ignored. */
 #pragma once
 
-#if defined(__GNUC__) && !defined(_WIN32)
+#if defined(__GNUC__)
 #define SOFTCAM_API __attribute__((visibility("default")))
 #else
 #define SOFTCAM_API
