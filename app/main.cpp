@@ -2,6 +2,8 @@
 #include "app/QuitSignals.h"
 #include "controller/AppController.h"
 #include "ui/FramePreview.h"
+#include "ui/Translator.h"
+#include "ui/UpdateChecker.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -33,13 +35,20 @@ int main(int argc, char** argv)
     registerQmlTypes();
 
     pevrix::AppController controller;
+    pevrix::UpdateChecker updater({.siteUrl = QStringLiteral(PEVRIX_SITE_URL),
+                                   .endpoint = QUrl(QStringLiteral(PEVRIX_UPDATE_URL))});
     QQmlApplicationEngine engine;
     engine.rootContext()->setContextProperty(QStringLiteral("app"), &controller);
+    engine.rootContext()->setContextProperty(QStringLiteral("updater"), &updater);
+    // Before the interface loads, so that it speaks the right language from its first word.
+    pevrix::Translator translator(&application, &engine);
+    engine.rootContext()->setContextProperty(QStringLiteral("i18n"), &translator);
     engine.load(QUrl(QStringLiteral("qrc:/qml/Main.qml")));
     if (engine.rootObjects().isEmpty()) {
         qWarning("Pevrix: Main.qml failed to load (see %%LOCALAPPDATA%%\\Pevrix\\pevrix.log).");
         return -1;
     }
+    updater.check();
     controller.start();
     return QApplication::exec();
 }
