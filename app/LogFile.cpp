@@ -21,9 +21,11 @@ LogFile::LogFile(const QString& baseFolder)
 
 void LogFile::write(const QString& message) const
 {
+    // On Windows Qt appends in two steps, seeking to the end and writing there, so that without the
+    // lock one thread's line would overwrite another's.
+    const std::lock_guard lock(m_mutex);
     QFile file(m_path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
-        // One write for the whole line, so that lines of different threads do not mix.
         file.write(message.toUtf8() + '\n');
         file.close();
     }

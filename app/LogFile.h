@@ -2,12 +2,14 @@
 
 #include <QString>
 
+#include <mutex>
+
 namespace pevrix {
 
 /// The program's log: bare message texts, one a line, appended to Pevrix/pevrix.log below a base
 /// folder and echoed to standard error. There is no rotation during a run; a file that has grown
 /// beyond kMaxLogBytes is deleted when the object is made. write() may be called from any thread:
-/// it opens the file anew for each message, so that lines interleave but never tear the object.
+/// lines interleave, whole.
 class LogFile
 {
 public:
@@ -25,6 +27,7 @@ public:
 
 private:
     QString m_path;
+    mutable std::mutex m_mutex;
 };
 
 /// Sends every Qt message of the process to one LogFile in the default folder, which is prepared

@@ -14,10 +14,11 @@ using pevrix::LogFile;
 
 namespace {
 
+// With the line ends of the platform read as '\n'.
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll() : QByteArray();
 }
 
 QString makeLogOfSize(const QTemporaryDir& base, qint64 bytes)

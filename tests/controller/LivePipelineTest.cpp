@@ -2,6 +2,7 @@
 
 #include "controller/LiveStatistics.h"
 #include "tests/support/AnnexB.h"
+#include "tests/support/Platform.h"
 #include "tests/support/WaitFor.h"
 
 #include <gmock/gmock.h>
@@ -288,6 +289,10 @@ TEST_F(LivePipelineTest, RecordsWhileLiveAndEndsWhenTheSizeChanges)
     m_pipeline.toggleOutput();
     EXPECT_FALSE(m_pipeline.startRecording(file)); // paused
     m_pipeline.toggleOutput();
+    if (runsUnderWine()) {
+        EXPECT_FALSE(m_pipeline.startRecording(file));
+        GTEST_SKIP() << "Wine's sink writer cannot encode";
+    }
     ASSERT_TRUE(m_pipeline.startRecording(file));
     feed(m_live, 0, 10);
     m_pipeline.startStream({160, 96}, true); // the same size goes on

@@ -29,7 +29,7 @@ protected:
     [[nodiscard]] static QByteArray read(const QString& name)
     {
         QFile in(name);
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+        return in.open(QIODevice::ReadOnly | QIODevice::Text) ? in.readAll() : QByteArray();
     }
 
     // Whatever the file holds, what is read from it can be used.

@@ -18,6 +18,9 @@ using namespace pevrix;
 
 namespace {
 
+constexpr char kUriCharacters[] =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+
 QString tokenFile(const QTemporaryDir& folder)
 {
     return folder.filePath(QStringLiteral("pairing-token.txt"));
@@ -38,7 +41,8 @@ TEST(PairingToken, isTwentyTwoUriCharactersOfWhichEachIsDrawnAnew)
     std::array<std::set<char>, 22> seen;
     for (int i = 0; i < 300; ++i) {
         const std::string token = makePairingToken().toStdString();
-        ASSERT_THAT(token, testing::MatchesRegex("[A-Za-z0-9_-]{22}"));
+        ASSERT_EQ(token.size(), seen.size());
+        ASSERT_EQ(token.find_first_not_of(kUriCharacters), std::string::npos) << token;
         tokens.insert(token);
         for (std::size_t position = 0; position < seen.size(); ++position) {
             seen[position].insert(token[position]);
@@ -64,6 +68,10 @@ TEST(PairingToken, isKeptInASideFileThatOnlyItsOwnerReads)
 
     writeTokenFile(folder.path(), QStringLiteral("AbC-_9"));
     EXPECT_EQ(contentOf(tokenFile(folder)), "AbC-_9");
+    // Windows protects by the rights of the folder; all that Qt can do there is "read-only".
+    if (QFile::permissions(folder.path()) & QFile::ReadOther) {
+        GTEST_SKIP() << "this platform has no owner's rights on files";
+    }
     const QFile::Permissions others =
         QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
     EXPECT_FALSE(QFile::permissions(tokenFile(folder)) & others);

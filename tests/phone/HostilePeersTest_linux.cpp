@@ -1,9 +1,8 @@
 #include "phone/PhoneServer.h"
 #include "tests/phone/TestPhone.h"
+#include "tests/support/Platform.h"
 
 #include <gtest/gtest.h>
-
-#include <QDir>
 
 #include <malloc.h>
 #include <netinet/in.h>
@@ -33,11 +32,6 @@ qint64 heapBytes()
     }
     const struct mallinfo2 info = mallinfo2();
     return static_cast<qint64>(info.uordblks + info.hblkhd);
-}
-
-qsizetype openFiles()
-{
-    return QDir(u"/proc/self/fd"_s).entryList(QDir::Files | QDir::System).size();
 }
 
 // A bare socket, for what a well-mannered client cannot do.
@@ -241,7 +235,7 @@ TEST_F(HostilePeersTest, aThousandBrokenConnectionsLeaveNothingBehind)
         helloMessage("storm") + frameMessage(1, QByteArray(5000, 'a')) + frameMessage(2, "b");
     const qsizetype cuts[] = {stream.size(), stream.size() - 3000, stream.size() - 20, 3, 0};
     qint64 heapAtWarmUp = 0;
-    qsizetype filesAtWarmUp = 0;
+    int filesAtWarmUp = 0;
     for (int cycle = 0; cycle < 1000; ++cycle) {
         {
             const RawPeer peer(server.port());
@@ -257,11 +251,11 @@ TEST_F(HostilePeersTest, aThousandBrokenConnectionsLeaveNothingBehind)
             ASSERT_TRUE(goodPhoneIsServed(20));
             if (cycle == 100) {
                 heapAtWarmUp = heapBytes();
-                filesAtWarmUp = openFiles();
+                filesAtWarmUp = openHandles();
             }
         }
     }
-    EXPECT_TRUE(waitUntil([&] { return openFiles() == filesAtWarmUp; }));
+    EXPECT_TRUE(waitUntil([&] { return openHandles() == filesAtWarmUp; }));
     EXPECT_LT(heapBytes() - heapAtWarmUp, 2 * kMiB);
     EXPECT_GT(disconnects, 0);
     EXPECT_TRUE(goodPhoneIsServed());

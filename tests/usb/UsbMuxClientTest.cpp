@@ -1,12 +1,12 @@
 #include "usb/UsbMuxClient.h"
 
 #include "tests/support/FakeMuxDaemon.h"
+#include "tests/support/Platform.h"
 #include "tests/support/WaitFor.h"
 #include "usb/Plist.h"
 
 #include <gmock/gmock.h>
 
-#include <QDir>
 #include <QPointer>
 
 #include <random>
@@ -254,9 +254,6 @@ TEST_F(UsbMuxClientTest, takesNoMorePhonesThanABusCanHold)
 
 TEST_F(UsbMuxClientTest, leavesNothingBehindWhenPhonesComeAndGo)
 {
-    const auto openFiles = [] {
-        return QDir(QStringLiteral("/proc/self/fd")).count();
-    };
     const auto cycle = [&] {
         tunnels.clear();
         daemon.announce(daemon.attached("1"));
@@ -267,11 +264,11 @@ TEST_F(UsbMuxClientTest, leavesNothingBehindWhenPhonesComeAndGo)
         ASSERT_TRUE(waitFor([&] { return daemon.connections() == 1; }));
     };
     cycle();
-    const auto before = openFiles();
+    const int before = openHandles();
     for (int i = 0; i < 500; ++i) {
         cycle();
     }
-    EXPECT_EQ(openFiles(), before);
+    EXPECT_EQ(openHandles(), before);
     EXPECT_TRUE(client.findChildren<QTcpSocket*>().isEmpty());
 }
 

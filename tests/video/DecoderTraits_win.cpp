@@ -1,6 +1,5 @@
+#include "tests/support/Platform.h"
 #include "tests/video/DecoderTraits.h"
-
-#include <windows.h>
 
 namespace pevrix {
 
@@ -9,7 +8,7 @@ namespace pevrix {
 // picture.
 DecoderTraits decoderTraits()
 {
-    const bool wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    const bool wine = runsUnderWine();
     return {.keepsTimes = !wine, .dropsOtherFormats = !wine, .crops = false};
 }
 

@@ -1,4 +1,5 @@
 // The recorder over a scripted sink writer, and over the system's own.
+#include "tests/support/Platform.h"
 #include "tests/video/RecorderTraits.h"
 #include "tests/video/ScriptedTransform_win.h"
 #include "video/Mp4RecorderPlatform_win.h"
@@ -282,11 +283,6 @@ TEST_F(Mp4RecorderScripted, GoesOnAfterStepsThatNeedNotSucceed)
 
 // Wine's writer takes no pictures, and never closes the file that it has made: it cannot be
 // deleted.
-bool runsUnderWine()
-{
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
-
 TEST(Mp4RecorderSystem, RecordsOrFailsCleanly)
 {
     const TemporaryFolder folder;

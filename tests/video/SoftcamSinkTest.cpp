@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <future>
 #include <iostream>
 #include <limits>
@@ -280,7 +281,12 @@ TEST(SoftcamSinkLibrary, NeedsEveryEntryPointButOne)
 TEST(SoftcamSinkLibraryDeathTest, PrefersTheOneBesideTheExecutableToTheSystems)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const char* before = std::getenv(TESTCAM_SEARCH_VARIABLE);
     static std::string searchPath = TESTCAM_SEARCH_VARIABLE "=" TESTCAM_ELSEWHERE;
+    if (before != nullptr) {
+        const bool windows = std::filesystem::path::preferred_separator == L'\\';
+        searchPath += (windows ? ';' : ':') + std::string(before);
+    }
     ASSERT_EQ(putenv(searchPath.data()), 0);
     const auto success = testing::ExitedWithCode(0);
     EXPECT_EXIT(tellWhichLibraryIsUsed(TESTCAM_NAME), success, "camera of beside");

@@ -39,13 +39,23 @@ fi
 wineserver -p >/dev/null 2>&1
 boot_wine
 
+# Every program is one test to ctest, which does not see what a program skips.
+list_skipped() {
+    sed -n '/: Skipped$/{n;s/\r//;h}
+        /^\[  SKIPPED \] .* ms)/{s/^\[  SKIPPED \] \(.*\) (.*/skipped: \1: /;G;s/\n//;s/\r//;p}' \
+        "$build/Testing/Temporary/LastTest.log"
+}
+
+status=0
 if [ -z "${PEVRIX_QT_WINDOWS:-}" ]; then
-    ctest --preset windows "$@"
+    ctest --preset windows "$@" || status=$?
 else
     compiler=x86_64-w64-mingw32ucrt-g++
     libraries="Z:$PEVRIX_QT_WINDOWS/bin"
     for library in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
         libraries+=";Z:$(dirname "$(realpath "$($compiler -print-file-name=$library)")")"
     done
-    WINEPATH=$libraries xvfb-run -a ctest --preset windows "$@"
+    WINEPATH=$libraries xvfb-run -a ctest --preset windows "$@" || status=$?
 fi
+list_skipped
+exit $status
