@@ -15,7 +15,8 @@ endif()
 
 # On Windows the system decodes and encodes.
 if(NOT WIN32)
-    pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavcodec libavutil libavformat)
+    pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavcodec libavutil
+        libavformat>=61.7) # FFmpeg 7.1: recordings that survive a crash
 endif()
 
 if(PEVRIX_QRCODEGEN_SOURCE)

@@ -1,5 +1,6 @@
-# The demo's session, run inside the environment: starts a virtual display, the program and a
-# simulated phone, waits for decoded pictures, photographs the window twice and ends all of them.
+# The demo's session, run inside the environment: starts a virtual display, a media service of its
+# own, the program and a simulated phone, waits for decoded pictures, photographs the window twice,
+# reads the virtual camera as another program does, records, and ends all of them.
 # With --usb the phone is on a cable, behind a simulated usbmux daemon where the program looks for
 # the real one.
 # Settings and log live in out/demo, so that the user's own are neither read nor changed.
@@ -23,6 +24,7 @@ end_all() {
         kill "$pid" 2>/dev/null || true
     done
     wait 2>/dev/null || true
+    [ -z "${runtime:-}" ] || rm -rf "$runtime"
 }
 trap end_all EXIT
 
@@ -45,6 +47,22 @@ start_display() {
     pids+=($!)
     wait_for "$work/display" . "the virtual display did not start"
     export DISPLAY=:$(cat "$work/display")
+}
+
+# PipeWire, in which the virtual camera appears. It lies in a short path: sockets allow 108 characters.
+start_media_service() {
+    runtime=$(mktemp -d)
+    export XDG_RUNTIME_DIR=$runtime
+    unset PIPEWIRE_REMOTE PIPEWIRE_RUNTIME_DIR DBUS_SESSION_BUS_ADDRESS
+    pipewire 2>"$work/pipewire.log" &
+    pids+=($!)
+    local deadline=$((SECONDS + seconds_to_wait))
+    until [ -S "$runtime/pipewire-0" ]; do
+        [ $SECONDS -lt $deadline ] || fail "the media service did not start"
+        sleep 0.1
+    done
+    wireplumber -p video-only 2>"$work/wireplumber.log" &
+    pids+=($!)
 }
 
 start_program() {
@@ -87,6 +105,19 @@ await_video() {
     wait_for "$log" 'first picture of the stream' "no picture of the phone's video came"
 }
 
+# Reads five seconds of the virtual camera and computes the rate from the times of the pictures.
+measure_camera() {
+    timeout $((5 + seconds_to_wait)) gst-launch-1.0 -v pipewiresrc target-object=pevrix-camera \
+        num-buffers=150 ! video/x-raw,format=YUY2,width=1280,height=720 ! \
+        fakesink silent=false sync=false >"$work/camera.log" 2>&1 ||
+        fail "the virtual camera could not be read"
+    camera=$(sed -n 's/.*chain .* pts: \([0-9]*\):\([0-9]*\):\([0-9.]*\),.*/\1 \2 \3/p' "$work/camera.log" |
+        awk '{t = $1 * 3600 + $2 * 60 + $3; if (NR == 1) first = t; last = t}
+            END {if (NR < 2 || last <= first) exit 1
+                printf "%.2f pictures a second over %.1f s", (NR - 1) / (last - first), last - first}') ||
+        fail "the virtual camera gave no pictures with times"
+}
+
 # The Record button is at the bottom right of the window.
 press_record() {
     xdotool mousemove 480 608 click 1
@@ -117,6 +148,7 @@ end_gently() {
 }
 
 start_display
+start_media_service
 start_program_and_phone
 await_video
 sleep 2
@@ -124,11 +156,13 @@ photograph out/demo.png
 sleep 0.5
 photograph "$work/later.png"
 cmp -s out/demo.png "$work/later.png" && fail "the picture in the window does not move"
+measure_camera
 record
 end_gently "$phone" "the simulated phone"
 end_gently "$program" "the program"
 
 grep -hE 'phone .* connected|first picture|stopped after' "$log"
 tail -n 1 "$work/phonesim.log"
+echo "camera as another program sees it: $camera"
 echo "recording $recording"
 echo "demo: the window with the live picture is in out/demo.png"
