@@ -3,6 +3,7 @@
 #include "tests/support/WaitFor.h"
 
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
@@ -18,8 +19,11 @@ inline QStringList words(const char* text)
 class Program
 {
 public:
-    Program(const QString& program, const QStringList& arguments)
+    explicit Program(
+        const QString& program, const QStringList& arguments = {},
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
     {
+        m_process.setProcessEnvironment(environment);
         m_process.start(program, arguments);
     }
 

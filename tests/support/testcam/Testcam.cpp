@@ -1,6 +1,12 @@
 #include "tests/support/testcam/Testcam.h"
 
+#include "tests/support/testcam/CameraLog.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #ifdef _WIN32
@@ -11,8 +17,51 @@
 
 namespace {
 
+using pevrix::CameraEvent;
+
+// Every record is in the file when the call returns, however the program ends.
+class Log
+{
+public:
+    Log()
+    {
+        if (const char* name = std::getenv(pevrix::kCameraLogVariable)) {
+            m_file.reset(std::fopen(name, "ab"));
+        }
+    }
+
+    void write(CameraEvent event, int width, int height, const void* pixels = nullptr)
+    {
+        if (!m_file) {
+            return;
+        }
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
+        pevrix::CameraRecord record{.event = event,
+                                    .time = std::chrono::nanoseconds(now).count(),
+                                    .width = width,
+                                    .height = height};
+        if (pixels) {
+            record.hash = pevrix::pictureHash(static_cast<const std::uint8_t*>(pixels),
+                                              std::size_t{3} * static_cast<std::size_t>(width) *
+                                                  static_cast<std::size_t>(height));
+        }
+        std::fwrite(&record, sizeof record, 1, m_file.get());
+        std::fflush(m_file.get());
+    }
+
+private:
+    struct Close
+    {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    std::unique_ptr<std::FILE, Close> m_file;
+};
+
 struct Camera
 {
+    int width = 0;
+    int height = 0;
+    Log log;
     std::atomic<bool> exists = true;
     std::atomic<bool> sending = false;
 };
@@ -39,7 +88,11 @@ TESTCAM_EXPORT void* scCreateCamera(int width, int height, float fps)
         return nullptr;
     }
     ++state.created;
-    return cameras.emplace_back(std::make_unique<Camera>()).get();
+    auto camera = std::make_unique<Camera>();
+    camera->width = width;
+    camera->height = height;
+    camera->log.write(CameraEvent::Created, width, height);
+    return cameras.emplace_back(std::move(camera)).get();
 }
 
 TESTCAM_EXPORT void scDeleteCamera(void* handle)
@@ -50,6 +103,7 @@ TESTCAM_EXPORT void scDeleteCamera(void* handle)
         ++state.misuses;
     }
     ++state.deleted;
+    camera->log.write(CameraEvent::Deleted, camera->width, camera->height);
 }
 
 #ifndef TESTCAM_WITHOUT_SEND
@@ -61,6 +115,7 @@ TESTCAM_EXPORT void scSendFrame(void* handle, const void* pixels)
         ++state.misuses;
     }
     ++state.sent;
+    camera->log.write(CameraEvent::Sent, camera->width, camera->height, pixels);
     if (state.onSend) {
         state.onSend(static_cast<const std::uint8_t*>(pixels));
     }

@@ -1,0 +1,136 @@
+#include "tests/endtoend/Footage.h"
+
+#include "tests/support/AnnexB.h"
+#include "video/Card.h"
+#include "video/H264Decoder.h"
+#include "video/PictureSize.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include <algorithm>
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+
+namespace pevrix {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// What holds on a machine that has time for us, and what holds on one where the sanitized program
+// and its phones wait for a processor: a camera that nobody feeds gets nothing for much longer.
+constexpr std::chrono::nanoseconds kLongestGap = 100ms;
+constexpr double kShareOfShortGaps = 0.98;
+constexpr std::chrono::nanoseconds kLongestGapUnderLoad = 1s;
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return file.readAll();
+}
+
+} // namespace
+
+void Footage::addPhone(const QString& name, const QString& file)
+{
+    const QByteArray content = contentOf(file);
+    const std::vector<std::uint8_t> bytes(content.begin(), content.end());
+    int& number = m_sent[name];
+    H264Decoder decoder([&](const std::uint8_t* bgr, int width, int height, std::int64_t) {
+        const std::uint64_t hash = pictureHash(bgr, pictureBytes(width, height));
+        EXPECT_TRUE(m_origins.insert({hash, {name, ++number}}).second) << "pictures are alike";
+    });
+    ASSERT_TRUE(decoder.initialize(160, 120));
+    const auto units = splitAccessUnits(bytes);
+    for (const AccessUnit& unit : units) {
+        decoder.feed(unit.bytes, 0);
+    }
+    EXPECT_EQ(number, std::ssize(units));
+}
+
+void Footage::addCard(const QString& name, const std::vector<std::uint8_t>& pixels)
+{
+    m_origins[pictureHash(pixels.data(), pixels.size())] = {name, 0};
+}
+
+void Footage::addIdleCard(QSize size, const QString& address)
+{
+    addCard(u"idle"_s, drawIdleCard(size, address));
+}
+
+void Footage::addPausedCard(QSize size)
+{
+    addCard(u"paused"_s, drawPausedCard(size));
+}
+
+QStringList Footage::story(std::span<const std::uint64_t> hashes, bool repeats)
+{
+    QStringList story;
+    QHash<QString, int> latest;
+    m_seen.clear();
+    std::uint64_t previous = 0;
+    for (const std::uint64_t hash : hashes) {
+        if (repeats && hash == std::exchange(previous, hash)) {
+            continue;
+        }
+        const auto found = m_origins.find(hash);
+        const Origin origin = found != m_origins.end() ? found->second : Origin{u"?"_s};
+        if (origin.number > 0) {
+            EXPECT_GT(origin.number, latest[origin.name]) << qPrintable(origin.name);
+            latest[origin.name] = origin.number;
+            ++m_seen[origin.name];
+        }
+        if (story.isEmpty() || story.constLast() != origin.name) {
+            story += origin.name;
+        }
+    }
+    return story;
+}
+
+std::vector<CameraRecord> readCameraLog(const QString& file)
+{
+    const QByteArray content = contentOf(file);
+    std::vector<CameraRecord> log(static_cast<std::size_t>(content.size()) / sizeof(CameraRecord));
+    std::memcpy(log.data(), content.data(), log.size() * sizeof(CameraRecord));
+    return log;
+}
+
+std::vector<std::uint64_t> sentHashes(const std::vector<CameraRecord>& log)
+{
+    std::vector<std::uint64_t> hashes;
+    for (const CameraRecord& record : log) {
+        if (record.event == CameraEvent::Sent) {
+            hashes.push_back(record.hash);
+        }
+    }
+    return hashes;
+}
+
+int countEvents(const std::vector<CameraRecord>& log, CameraEvent event)
+{
+    return static_cast<int>(std::ranges::count(log, event, &CameraRecord::event));
+}
+
+void expectNeverStarved(const std::vector<CameraRecord>& log)
+{
+    ASSERT_FALSE(log.empty());
+    EXPECT_EQ(log.front().event, CameraEvent::Created);
+    EXPECT_EQ(log.back().event, CameraEvent::Deleted);
+    std::vector<std::chrono::nanoseconds> gaps;
+    for (std::size_t i = 1; i < log.size(); ++i) {
+        EXPECT_EQ(log[i].event == CameraEvent::Created, log[i - 1].event == CameraEvent::Deleted);
+        if (log[i - 1].event == CameraEvent::Sent) {
+            gaps.emplace_back(log[i].time - log[i - 1].time);
+        }
+    }
+    ASSERT_FALSE(gaps.empty());
+    const auto isShort = std::ranges::count_if(gaps, [](auto gap) { return gap <= kLongestGap; });
+    EXPECT_GE(static_cast<double>(isShort), kShareOfShortGaps * static_cast<double>(gaps.size()));
+    EXPECT_LE(std::ranges::max(gaps), kLongestGapUnderLoad);
+}
+
+} // namespace pevrix

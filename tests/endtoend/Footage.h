@@ -1,0 +1,60 @@
+#pragma once
+
+#include "tests/support/testcam/CameraLog.h"
+
+#include <QHash>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <map>
+#include <span>
+#include <vector>
+
+namespace pevrix {
+
+// Every picture that a camera may show in a scenario: what a decoder alone makes of the bytes that
+// phones sent, and cards. Pictures are told apart by their hashes.
+class Footage
+{
+public:
+    // `file` has every H.264 byte that the phone sent. Fails when two pictures of it are alike.
+    void addPhone(const QString& name, const QString& file);
+    void addIdleCard(QSize size, const QString& address);
+    void addPausedCard(QSize size);
+
+    // Who is seen, one after the other; "?" for a picture that nobody sent. Fails when pictures of
+    // a phone come twice (in a row they may with `repeats`) or not in the order in which they were
+    // sent.
+    [[nodiscard]] QStringList story(std::span<const std::uint64_t> hashes, bool repeats);
+
+    // Of the phone's pictures, as many were seen by the last story().
+    [[nodiscard]] int seen(const QString& name) const { return m_seen.value(name); }
+    [[nodiscard]] int sent(const QString& name) const { return m_sent.value(name); }
+
+private:
+    struct Origin
+    {
+        QString name;
+        int number = 0; // of a phone's picture, from 1; 0 for a card
+    };
+
+    void addCard(const QString& name, const std::vector<std::uint8_t>& pixels);
+
+    std::map<std::uint64_t, Origin> m_origins;
+    QHash<QString, int> m_sent;
+    QHash<QString, int> m_seen;
+};
+
+// What the camera library wrote down.
+[[nodiscard]] std::vector<CameraRecord> readCameraLog(const QString& file);
+[[nodiscard]] std::vector<std::uint64_t> sentHashes(const std::vector<CameraRecord>& log);
+[[nodiscard]] int countEvents(const std::vector<CameraRecord>& log, CameraEvent event);
+
+// From its first picture to its deletion each camera gets one all the time; one camera is there at
+// a time, and none at the end. (A camera that was made anew has none until the first picture of its
+// size is there.)
+void expectNeverStarved(const std::vector<CameraRecord>& log);
+
+} // namespace pevrix

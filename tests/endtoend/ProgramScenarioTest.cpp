@@ -1,0 +1,141 @@
+// The program itself, without a display, with simulated phones and a camera library that writes
+// down what it was sent.
+#include "controller/LivePipeline.h"
+#include "pairing/Pairing.h"
+#include "tests/endtoend/Footage.h"
+#include "tests/support/PhoneProcess.h"
+#include "video/Card.h"
+
+#include <gmock/gmock.h>
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace pevrix {
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr QSize kSize(320, 240);
+
+class ProgramScenarioTest : public testing::Test
+{
+protected:
+    // The program looks for its camera library beside itself, so it gets a folder of its own.
+    void SetUp() override
+    {
+        const std::filesystem::path bin(PEVRIX_BIN_DIR);
+        const std::filesystem::path folder(m_folder.path().toStdString());
+        std::filesystem::create_hard_link(bin / "pevrix", folder / "pevrix");
+        std::filesystem::create_hard_link(bin / TESTCAM_NAME, folder / "libsoftcam.so");
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"LOCALAPPDATA"_s, m_folder.path());
+        environment.insert(u"XDG_CONFIG_HOME"_s, path("config"));
+        environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+        environment.insert(QString::fromLatin1(kCameraLogVariable), path("camera.log"));
+        m_program.emplace(path("pevrix"), QStringList(), environment);
+        m_port = waitForLog("listening on port (\\d+)").toUShort();
+        ASSERT_GT(m_port, 0);
+        m_address = refreshPairing(m_elsewhere.path(), m_port, false).addressText;
+        m_footage.addIdleCard({1280, 720}, m_address);
+        m_footage.addIdleCard(kSize, m_address);
+        m_footage.addPausedCard(kSize);
+    }
+
+    [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
+    [[nodiscard]] QString path(const char* name) const { return path(QString::fromLatin1(name)); }
+
+    // The last capture of the pattern in the log, once it is there.
+    QString waitForLog(const char* pattern)
+    {
+        const QRegularExpression expression(QString::fromLatin1(pattern));
+        QRegularExpressionMatch match;
+        EXPECT_TRUE(waitFor([&] {
+            match = expression.match(m_program->errors());
+            return match.hasMatch();
+        })) << pattern
+            << qPrintable(m_program->errors());
+        return match.captured(match.lastCapturedIndex());
+    }
+
+    [[nodiscard]] std::unique_ptr<PhoneProcess> phone(const QString& name,
+                                                      const char* arguments) const
+    {
+        return std::make_unique<PhoneProcess>(
+            words(arguments) + QStringList{u"--size"_s, u"320x240"_s, u"--device-id"_s, name,
+                                           u"--port"_s, QString::number(m_port), u"--token-file"_s,
+                                           path("pairing-token.txt"), u"--dump"_s,
+                                           path(name + u".h264"_s)});
+    }
+
+    // Asks the program to quit; what its camera saw.
+    [[nodiscard]] std::vector<CameraRecord> quit()
+    {
+        m_program->terminate();
+        EXPECT_EQ(m_program->exitCode(), kDone) << qPrintable(m_program->errors());
+        auto log = readCameraLog(path("camera.log"));
+        expectNeverStarved(log);
+        EXPECT_EQ(countEvents(log, CameraEvent::Created), 2); // the card's and the phone's size
+        return log;
+    }
+
+    QTemporaryDir m_folder{QStringLiteral(PEVRIX_BIN_DIR "/endtoend-XXXXXX")};
+    QTemporaryDir m_elsewhere;
+    std::optional<Program> m_program;
+    quint16 m_port = 0;
+    QString m_address;
+    Footage m_footage;
+};
+
+} // namespace
+
+TEST_F(ProgramScenarioTest, ShowsThePausedCardWhileThePhoneSendsNothing)
+{
+    const auto process =
+        phone(u"phone"_s, "--stall-after 1.5 --stall-for 3 --leave-after 6 --leave bye");
+    EXPECT_EQ(process->exitCode(), kDone);
+    waitForLog("phone 1 disconnected");
+    letEventsRunFor(300ms);
+    const auto log = quit();
+    m_footage.addPhone(u"phone"_s, path("phone.h264"));
+    const auto hashes = sentHashes(log);
+    EXPECT_EQ(m_footage.story(hashes, true), words("idle phone paused phone idle"));
+    EXPECT_GE(m_footage.seen(u"phone"_s) * 10, m_footage.sent(u"phone"_s) * 6);
+
+    const std::vector<std::uint8_t> card = drawPausedCard(kSize);
+    const auto paused =
+        std::ranges::find(log, pictureHash(card.data(), card.size()), &CameraRecord::hash);
+    ASSERT_TRUE(paused != log.begin() && paused != log.end());
+    const auto last = std::ranges::find(log, std::prev(paused)->hash, &CameraRecord::hash);
+    const std::chrono::nanoseconds still(paused->time - last->time);
+    EXPECT_GE(still, LivePipeline::kStallLimit);
+    EXPECT_LE(still, LivePipeline::kStallLimit + LivePipeline::kStallCheckInterval + 1s);
+}
+
+TEST_F(ProgramScenarioTest, GoesOnWithTheNextPhoneAndEndsWhileItIsLive)
+{
+    const auto first = phone(u"first"_s, "--noise 2 --leave-after 3");
+    waitForLog("first picture of the stream");
+    const auto second = phone(u"second"_s, "--noise 3");
+    waitForLog("phone 2 connected");
+    EXPECT_EQ(first->exitCode(), kDone);
+    waitForLog("first picture of the stream(.|\n)*first picture of the stream");
+    letEventsRunFor(1s);
+    const auto log = quit();
+    second->exitCode(); // its connection is gone
+    m_footage.addPhone(u"first"_s, path("first.h264"));
+    m_footage.addPhone(u"second"_s, path("second.h264"));
+    EXPECT_EQ(m_footage.story(sentHashes(log), true), words("idle first second"));
+    waitForLog("stopped after \\d+ access units received");
+}
+
+} // namespace pevrix

@@ -1,0 +1,274 @@
+// The whole way of the video in one process with the test's clicks: real phones, controller and
+// sink, and a camera library that writes down what it was sent.
+#include "controller/AppController.h"
+#include "tests/endtoend/Footage.h"
+#include "tests/support/PhoneProcess.h"
+#include "tests/support/testcam/Testcam.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <random>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace pevrix {
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr quint16 kNobodysPort = 1; // where no usbmux daemon is
+constexpr QSize kSmall(160, 120);   // rows of whole words, so that an image's rows have no padding
+constexpr QSize kLarge(320, 240);
+
+class ScenarioTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_library);
+        m_camera =
+            reinterpret_cast<TestcamStateFunction>(cameraEntryPoint(m_library, "testcamState"))();
+        qputenv(kCameraLogVariable, QFile::encodeName(path("camera.log")));
+    }
+
+    void TearDown() override
+    {
+        m_app.reset();
+        qunsetenv(kCameraLogVariable);
+        EXPECT_EQ(m_camera->misuses, 0);
+        EXPECT_EQ(m_camera->created, m_camera->deleted);
+    }
+
+    void startApp(quint16 usbPort = kNobodysPort)
+    {
+        ControllerOptions options;
+        options.port = 0;
+        options.usb.port = usbPort;
+        options.usb.reconnectInterval = 50ms;
+        options.usb.tunnelInterval = 50ms;
+        options.settingsFile = path("settings.ini");
+        options.tokenFolder = m_folder.path();
+        options.cameraLibrary = TESTCAM_NAME;
+        m_delivered.clear();
+        m_app = std::make_unique<AppController>(options);
+        QObject::connect(m_app.get(), &AppController::frameReady, m_app.get(),
+                         [this](const QImage& image) { note(image); });
+        m_app->setRecordingFolder(path("recordings"));
+        m_app->start();
+        ASSERT_TRUE(m_app->cameraReady());
+        m_footage.addIdleCard({1280, 720}, m_app->pairAddress());
+    }
+
+    void note(const QImage& image)
+    {
+        m_imageSize = image.size();
+        m_delivered.push_back(
+            pictureHash(image.constBits(), static_cast<std::size_t>(image.sizeInBytes())));
+        if (m_direct) {
+            EXPECT_EQ(m_app->framesDecoded(), std::ssize(m_delivered));
+        }
+    }
+
+    [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
+    [[nodiscard]] QString path(const char* name) const { return path(QString::fromLatin1(name)); }
+
+    // Keeps what it sends in a file of its name.
+    [[nodiscard]] std::unique_ptr<PhoneProcess> phone(const QString& name,
+                                                      const QStringList& arguments) const
+    {
+        return std::make_unique<PhoneProcess>(
+            QStringList{u"--device-id"_s, name, u"--dump"_s, path(name + u".h264"_s)} + arguments);
+    }
+
+    [[nodiscard]] std::unique_ptr<PhoneProcess> wifiPhone(const QString& name,
+                                                          const char* arguments) const
+    {
+        return phone(name,
+                     words(arguments) + QStringList{u"--port"_s, QString::number(m_app->port()),
+                                                    u"--token-file"_s, path("pairing-token.txt")});
+    }
+
+    [[nodiscard]] bool waitForPhones(qsizetype count) const
+    {
+        return waitFor([&] { return m_app->phones().size() == count; });
+    }
+
+    // Pictures of this size come, from now on.
+    [[nodiscard]] bool waitForPictures(QSize size, std::ptrdiff_t count = 20)
+    {
+        const auto until = std::ssize(m_delivered) + count;
+        return waitFor([&] { return std::ssize(m_delivered) >= until && m_imageSize == size; });
+    }
+
+    // The camera is sent what is current now.
+    [[nodiscard]] bool waitForCamera() const
+    {
+        const int sent = m_camera->sent;
+        return waitFor([&] { return m_camera->sent >= sent + 5; });
+    }
+
+    // The phone leaves and all that it sent is known.
+    void dismiss(PhoneProcess& process, const QString& name)
+    {
+        process.terminate();
+        EXPECT_EQ(process.exitCode(), kDone) << qPrintable(process.errors());
+        m_footage.addPhone(name, path(name + u".h264"_s));
+    }
+
+    // Ends the program; the story that the camera saw.
+    [[nodiscard]] QStringList cameraStory()
+    {
+        m_app.reset();
+        const auto log = readCameraLog(path("camera.log"));
+        expectNeverStarved(log);
+        return m_footage.story(sentHashes(log), true);
+    }
+
+    // The size and number of the pictures that another program finds in the file: "160,120,31".
+    [[nodiscard]] static QString played(const QString& file)
+    {
+        Program probe(u"ffprobe"_s, words("-v error -count_frames -show_entries "
+                                          "stream=width,height,nb_read_frames -of csv=p=0") +
+                                        QStringList{file});
+        EXPECT_EQ(probe.exitCode(), 0);
+        EXPECT_EQ(probe.errors(), QString());
+        return probe.output().trimmed();
+    }
+
+    QTemporaryDir m_folder;
+    CameraLibrary m_library = loadCameraLibrary(TESTCAM_NAME); // keeps its state alive
+    TestcamState* m_camera = nullptr;
+    std::unique_ptr<AppController> m_app;
+    Footage m_footage;
+    std::vector<std::uint64_t> m_delivered; // to the preview, as to the sink and the recorder
+    QSize m_imageSize;
+    bool m_direct = false; // each picture is to come as soon as it is decoded
+};
+
+} // namespace
+
+TEST_F(ScenarioTest, SwitchesBetweenPhonesAndGoesIdleWhenTheLastOneLeaves)
+{
+    startApp();
+    // The noise makes the pictures of two phones differ.
+    const auto first = wifiPhone(u"first"_s, "--size 160x120 --noise 2");
+    ASSERT_TRUE(waitForPictures(kSmall));
+    const auto second = wifiPhone(u"second"_s, "--size 160x120 --noise 3");
+    ASSERT_TRUE(waitForPhones(2));
+    const auto third = wifiPhone(u"third"_s, "--size 320x240");
+    ASSERT_TRUE(waitForPhones(3));
+    m_app->setActive(2);
+    ASSERT_TRUE(waitForPictures(kSmall));
+    m_app->setActive(1);
+    ASSERT_TRUE(waitForPictures(kSmall));
+    m_app->setActive(3);
+    ASSERT_TRUE(waitForPictures(kLarge));
+    dismiss(*third, u"third"_s); // the first phone of the list follows
+    ASSERT_TRUE(waitForPictures(kSmall));
+    dismiss(*first, u"first"_s);
+    ASSERT_TRUE(waitForPictures(kSmall));
+    dismiss(*second, u"second"_s);
+    ASSERT_TRUE(waitFor([&] { return !m_app->live(); }));
+    m_footage.addIdleCard(kSmall, m_app->pairAddress());
+    ASSERT_TRUE(waitForCamera());
+
+    const QStringList phones = words("first second first third first second");
+    EXPECT_EQ(m_footage.story(m_delivered, false), phones);
+    EXPECT_EQ(cameraStory(), QStringList{u"idle"_s} + phones + QStringList{u"idle"_s});
+    EXPECT_EQ(m_camera->created, 4) << "only another size needs another camera";
+}
+
+TEST_F(ScenarioTest, RecordsUntilTheSizeChangesAndUntilTheProgramEnds)
+{
+    startApp();
+    const auto process =
+        wifiPhone(u"phone"_s, "--size 160x120 --resize-after 2 --resize-to 320x240");
+    ASSERT_TRUE(waitForPictures(kSmall, 10));
+    m_app->toggleRecording();
+    ASSERT_TRUE(m_app->recording());
+    const QString first = m_app->lastRecordingPath();
+    ASSERT_TRUE(waitForPictures(kLarge, 5));
+    EXPECT_FALSE(m_app->recording());
+
+    m_app->setRecordingFolder(path("more"));
+    m_app->toggleRecording();
+    ASSERT_TRUE(waitForPictures(kLarge));
+    const QString second = m_app->lastRecordingPath();
+    const QStringList story = cameraStory(); // the end, while live
+    process->exitCode();
+    m_footage.addPhone(u"phone"_s, path("phone.h264"));
+
+    EXPECT_THAT(played(first).toStdString(), testing::MatchesRegex("160,120,[0-9]+"));
+    EXPECT_GE(played(second).section(u',', 2).toInt(), 18);
+    EXPECT_THAT(played(second).toStdString(), testing::StartsWith("320,240,"));
+    EXPECT_EQ(m_footage.story(m_delivered, false), words("phone"));
+    // The queue gives pictures up only after a hold-up of several frames.
+    EXPECT_GE(m_footage.seen(u"phone"_s) * 10, m_footage.sent(u"phone"_s) * 8);
+    EXPECT_EQ(m_footage.story(sentHashes(readCameraLog(path("camera.log"))), true),
+              words("idle phone"));
+    EXPECT_GE(m_footage.seen(u"phone"_s) * 10, m_footage.sent(u"phone"_s) * 6);
+}
+
+TEST_F(ScenarioTest, SendsPicturesFromACableAtOnceAndEvensOutTheNetwork)
+{
+    const auto cable = phone(u"cable"_s, words("--usbmux --usbmux-port 0 --size 160x120 --fps 60"));
+    const QString announcement = u"usbmux daemon on port "_s;
+    ASSERT_TRUE(waitFor([&] { return cable->output().contains(announcement); }));
+    m_direct = true;
+    startApp(cable->output().section(announcement, 1).section(u'\n', 0, 0).toUShort());
+    ASSERT_TRUE(waitForPictures(kSmall));
+    const auto wifi = wifiPhone(u"wifi"_s, "--size 320x240 --unpaced --frames 400");
+    ASSERT_TRUE(waitForPhones(2));
+    ASSERT_TRUE(waitForPictures(kSmall, 60));
+    QObject::connect(m_app.get(), &AppController::changed, m_app.get(),
+                     [this] { m_direct = m_direct && m_app->activeId() == 1; });
+    dismiss(*cable, u"cable"_s);
+    EXPECT_EQ(m_footage.story(m_delivered, false).first(1), words("cable"));
+    EXPECT_EQ(m_footage.seen(u"cable"_s), m_footage.sent(u"cable"_s));
+
+    EXPECT_EQ(wifi->exitCode(), kDone);
+    m_footage.addPhone(u"wifi"_s, path("wifi.h264"));
+    ASSERT_TRUE(waitForPhones(0));
+    EXPECT_EQ(m_app->framesDecoded(), m_footage.sent(u"cable"_s) + m_footage.sent(u"wifi"_s));
+    EXPECT_EQ(m_footage.story(m_delivered, false), words("cable wifi"));
+    EXPECT_LT(m_footage.seen(u"wifi"_s), m_footage.sent(u"wifi"_s) / 2)
+        << "the burst's oldest pictures are dropped";
+    m_footage.addIdleCard(kLarge, m_app->pairAddress());
+    ASSERT_TRUE(waitForCamera());
+    EXPECT_EQ(cameraStory(), words("idle cable wifi idle"));
+}
+
+TEST_F(ScenarioTest, EndsCleanlyAtAnyMoment)
+{
+    std::mt19937 random(5);
+    int recordings = 0;
+    for (int round = 0; round < 10; ++round) {
+        SCOPED_TRACE(round);
+        startApp();
+        const auto process = wifiPhone(u"phone"_s, "--size 160x120 --leave-after 0.6 "
+                                                   "--reconnect 9 --reconnect-delay 0");
+        letEventsRunFor(std::chrono::milliseconds(random() % 1500));
+        m_app->toggleRecording();
+        const bool recording = m_app->recording();
+        const QString file = m_app->lastRecordingPath();
+        if (recording) {
+            EXPECT_TRUE(waitForPictures(kSmall, 1 + static_cast<int>(random() % 20)));
+        }
+        m_app.reset();
+        if (recording) {
+            ++recordings;
+            EXPECT_THAT(played(file).toStdString(), testing::MatchesRegex("160,120,[1-9][0-9]*"));
+        }
+    }
+    EXPECT_GT(recordings, 0);
+    expectNeverStarved(readCameraLog(path("camera.log")));
+}
+
+} // namespace pevrix
