@@ -209,11 +209,12 @@ TEST_F(ScenarioTest, RecordsUntilTheSizeChangesAndUntilTheProgramEnds)
     EXPECT_GE(played(second).section(u',', 2).toInt(), 18);
     EXPECT_THAT(played(second).toStdString(), testing::StartsWith("320,240,"));
     EXPECT_EQ(m_footage.story(m_delivered, false), words("phone"));
-    // The queue gives pictures up only after a hold-up of several frames.
-    EXPECT_GE(m_footage.seen(u"phone"_s) * 10, m_footage.sent(u"phone"_s) * 8);
+    // The queue gives pictures up after a hold-up of several frames, and the camera shows the
+    // newest one only; both is rare, unless the machine is very busy.
+    EXPECT_GE(m_footage.seen(u"phone"_s) * 2, m_footage.sent(u"phone"_s));
     EXPECT_EQ(m_footage.story(sentHashes(readCameraLog(path("camera.log"))), true),
               words("idle phone"));
-    EXPECT_GE(m_footage.seen(u"phone"_s) * 10, m_footage.sent(u"phone"_s) * 6);
+    EXPECT_GE(m_footage.seen(u"phone"_s) * 3, m_footage.sent(u"phone"_s));
 }
 
 TEST_F(ScenarioTest, SendsPicturesFromACableAtOnceAndEvensOutTheNetwork)

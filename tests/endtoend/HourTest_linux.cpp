@@ -1,0 +1,269 @@
+// An hour of phones that come, stall, switch and leave at random, in as long as the decoding takes:
+// nothing may be left of it.
+#include "controller/LivePipeline.h"
+#include "pairing/PhoneRoster.h"
+#include "tests/support/AnnexB.h"
+#include "video/SoftcamSink.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <map>
+#include <random>
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // gcc comes without its header
+#else
+#include <malloc.h>
+#endif
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace pevrix {
+
+namespace {
+
+constexpr int kStepsPerSecond = 30;
+constexpr int kHour = 3600 * kStepsPerSecond;
+constexpr int kPart = kHour / 6; // memory is looked at after each; the first one is the warm-up
+constexpr QSize kSize(160, 96);
+
+// Thirty times as fast as real time, so that a camera that is made anew costs a few milliseconds.
+PacingTime fastTime()
+{
+    static constexpr int kFactor = 30;
+    const auto start = std::chrono::steady_clock::now();
+    const auto now = [start] {
+        return start + (std::chrono::steady_clock::now() - start) * kFactor;
+    };
+    return {.now = now, .sleepUntil = [now](PacingTime::Point time) {
+                std::this_thread::sleep_for((time - now()) / kFactor);
+            }};
+}
+
+// Memory that is allocated just now. (Of the resident memory a sanitizer keeps a lot that was
+// freed.)
+std::size_t allocatedBytes()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    return __sanitizer_get_current_allocated_bytes();
+#else
+    return mallinfo2().uordblks;
+#endif
+}
+
+qsizetype countOf(const char* folder)
+{
+    return QDir(u"/proc/self/"_s + QLatin1StringView(folder))
+        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
+        .size();
+}
+
+// Pictures of one size that a phone sends in a loop; the first one is a keyframe.
+struct Clip
+{
+    QSize size;
+    std::vector<QByteArray> units;
+};
+
+Clip loadClip(const char* name, std::size_t first, std::size_t count, QSize size)
+{
+    QFile file(QStringLiteral(PEVRIX_TEST_DATA "/") + QLatin1StringView(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    const std::vector<std::uint8_t> bytes(content.begin(), content.end());
+    const auto units = splitAccessUnits(bytes);
+    Clip clip{size, {}};
+    for (const AccessUnit& unit : std::span(units).subspan(first, count)) {
+        clip.units.emplace_back(reinterpret_cast<const char*>(unit.bytes.data()),
+                                std::ssize(unit.bytes));
+    }
+    return clip;
+}
+
+class HourTest : public testing::Test
+{
+protected:
+    struct Phone
+    {
+        const Clip* clip = nullptr;
+        bool usb = false;
+        int stepsPerPicture = 1;
+        std::size_t next = 0; // access unit
+        int leaves = 0;       // times in steps
+        int stalls = 0;
+        int resumes = 0;
+    };
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_pipeline.createCamera());
+        m_pipeline.setPairAddress(u"192.168.1.42:8788"_s);
+        m_pipeline.showIdle();
+        QObject::connect(&m_pipeline, &LivePipeline::frameReady, &m_pipeline,
+                         [this](const QImage& image) { m_shown = image; });
+    }
+
+    int between(int low, int high) { return std::uniform_int_distribution(low, high)(m_random); }
+    int secondsFromNow(int low, int high) { return m_step + between(low * 30, high * 30); }
+
+    // The phone in use sends its video from the beginning.
+    void startStream()
+    {
+        const auto found = m_phones.find(m_roster.activeId());
+        if (found != m_phones.end()) {
+            found->second.next = 0;
+            m_pipeline.startStream(found->second.clip->size, found->second.usb);
+            m_pipeline.setFrameRate(kStepsPerSecond / found->second.stepsPerPicture);
+        }
+    }
+
+    void join()
+    {
+        const int stalls = secondsFromNow(1, 40);
+        const Phone phone{.clip = &m_clips[static_cast<std::size_t>(between(0, 3))],
+                          .usb = between(0, 1) == 1,
+                          .stepsPerPicture = between(1, 4),
+                          .leaves = secondsFromNow(2, 60),
+                          .stalls = stalls,
+                          .resumes = stalls + between(10, 150)};
+        m_phones[++m_lastId] = phone;
+        if (m_roster.add({m_lastId, QString::number(m_lastId % 7), {}, {}, {}, {}, phone.usb})) {
+            startStream();
+        }
+    }
+
+    void leave(int id)
+    {
+        m_phones.erase(id);
+        if (m_roster.remove(id)) {
+            if (m_roster.isEmpty()) {
+                m_pipeline.goIdle();
+            } else {
+                startStream();
+            }
+        }
+    }
+
+    // What the phone in use does now; others send nothing.
+    void send(Phone& phone)
+    {
+        if (m_step >= phone.resumes) {
+            phone.stalls = secondsFromNow(5, 40);
+            phone.resumes = phone.stalls + between(10, 150);
+            if (between(0, 1) == 1) { // or it goes on where it was
+                startStream();
+            }
+        }
+        if (m_step >= phone.stalls || m_step % phone.stepsPerPicture != 0) {
+            return;
+        }
+        if (between(0, 500) == 0) {
+            m_pipeline.feed("\0\0\1\x65 no slice", 0);
+        }
+        m_pipeline.feed(phone.clip->units[phone.next], 0);
+        phone.next = (phone.next + 1) % phone.clip->units.size();
+    }
+
+    void click()
+    {
+        if (m_phones.size() > 1 && m_roster.setActive(m_phones.begin()->first)) {
+            startStream();
+        }
+        if (between(0, 3) > 0) {
+            m_pipeline.stopRecording();
+        } else if (m_pipeline.isLive() && !m_pipeline.isRecording()) {
+            EXPECT_TRUE(m_pipeline.startRecording(m_folder.filePath(u"a.mp4"_s)));
+        }
+    }
+
+    void step()
+    {
+        ++m_step;
+        m_now += std::chrono::nanoseconds(1s) / kStepsPerSecond;
+        if (m_phones.size() < 3 && between(0, 20 * kStepsPerSecond) == 0) {
+            join();
+        }
+        for (const auto& [id, phone] : std::map(m_phones)) {
+            if (m_step >= phone.leaves) {
+                leave(id);
+            }
+        }
+        if (const auto active = m_phones.find(m_roster.activeId()); active != m_phones.end()) {
+            send(active->second);
+        }
+        m_pipeline.pacingTick();
+        if (m_step % (kStepsPerSecond * 2 / 5) == 0) {
+            m_pipeline.checkStall();
+        }
+        if (between(0, 5 * kStepsPerSecond) == 0) {
+            click();
+        }
+        ++m_steps[m_pipeline.state()];
+    }
+
+    // Everybody leaves; what the program holds then.
+    void settle()
+    {
+        m_phones.clear();
+        m_roster = {};
+        m_pipeline.stopRecording();
+        m_pipeline.startStream(kSize, true);
+        m_pipeline.goIdle();
+        m_shown = {};
+    }
+
+    std::mt19937 m_random{2024};
+    const std::vector<Clip> m_clips{
+        loadClip("live.h264", 0, 300, kSize), loadClip("sizes.h264", 0, 4, {320, 240}),
+        loadClip("sizes.h264", 4, 4, {176, 144}), loadClip("sizes.h264", 8, 4, {144, 176})};
+    QTemporaryDir m_folder;
+    std::chrono::steady_clock::time_point m_now = std::chrono::steady_clock::now();
+    SoftcamSink m_sink{TESTCAM_NAME, fastTime()};
+    LivePipeline m_pipeline{m_sink, {.now = [this] { return m_now; }, .timersRun = false}};
+    PhoneRoster m_roster;
+    std::map<int, Phone> m_phones;
+    std::map<LivePipeline::State, int> m_steps; // spent in each state
+    QImage m_shown;
+    int m_step = 0;
+    int m_lastId = 0;
+};
+
+} // namespace
+
+TEST_F(HourTest, LeavesMemoryHandlesAndThreadsAsTheyWere)
+{
+    constexpr std::size_t kTolerance = 256 * 1024; // a picture is at least 46 kB
+    std::size_t bytes = 0;
+    qsizetype handles = 0;
+    qsizetype threads = 0;
+    while (m_step < kHour) {
+        for (int i = 0; i < kPart; ++i) {
+            step();
+            ASSERT_EQ(m_pipeline.isLive(), !m_roster.isEmpty());
+            ASSERT_EQ(m_pipeline.isFeedingCards(), m_pipeline.state() != LivePipeline::State::Live);
+            ASSERT_TRUE(m_sink.isActive());
+        }
+        settle();
+        if (m_step == kPart) {
+            bytes = allocatedBytes();
+            handles = countOf("fd");
+            threads = countOf("task");
+        }
+        EXPECT_LE(allocatedBytes(), bytes + kTolerance) << "after step " << m_step;
+        EXPECT_EQ(countOf("fd"), handles);
+        EXPECT_EQ(countOf("task"), threads);
+    }
+    // The hour had something of everything.
+    EXPECT_GT(m_lastId, 100);
+    EXPECT_GT(m_pipeline.framesDecoded(), kHour / 10);
+    for (const auto state :
+         {LivePipeline::State::Idle, LivePipeline::State::Live, LivePipeline::State::Stalled}) {
+        EXPECT_GT(m_steps[state], kHour / 100);
+    }
+}
+
+} // namespace pevrix
