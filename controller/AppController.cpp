@@ -16,7 +16,9 @@ namespace pevrix {
 
 namespace {
 
-constexpr std::chrono::milliseconds kStatisticsInterval{500};
+// The firewall has hundreds of rules to look at, so that it is asked seldom (every 10 seconds), and
+// only while somebody may be waiting in vain for a phone.
+constexpr int kTicksPerFirewallTest = 20;
 
 } // namespace
 
@@ -40,7 +42,7 @@ AppController::AppController(const ControllerOptions& options, QObject* parent)
     connect(&m_pipeline, &LivePipeline::frameReady, this, &AppController::frameReady);
     connect(&m_pipeline, &LivePipeline::stateChanged, this, &AppController::onPipelineState);
     m_statisticsClock.start();
-    m_statisticsTimer.setInterval(kStatisticsInterval);
+    m_statisticsTimer.setInterval(options.statisticsInterval);
     connect(&m_statisticsTimer, &QTimer::timeout, this, &AppController::onStatisticsTick);
     connectServer();
     connectUsb();
@@ -123,6 +125,7 @@ void AppController::start()
     }
     listen();
     refreshPairingInfo();
+    refreshFirewall();
     m_pipeline.showIdle();
     m_statisticsTimer.start();
     Q_EMIT changed();
@@ -159,6 +162,10 @@ void AppController::onStatisticsTick()
     m_appConnected = m_sink.isAppConnected();
     const auto decode = m_pipeline.takeDecodeTime();
     m_statistics.tick(m_statisticsClock.restart(), framesDecoded(), decode.total, decode.count);
+    if (m_roster.isEmpty() && ++m_ticksWithoutPhones == kTicksPerFirewallTest) {
+        m_ticksWithoutPhones = 0;
+        refreshFirewall();
+    }
     Q_EMIT changed();
 }
 
@@ -184,6 +191,18 @@ void AppController::refreshPairingInfo()
     m_server.setToken(m_pairing.token);
     m_server.setPcName(m_pairing.pcName);
     m_pipeline.setPairAddress(m_pairing.addressText);
+}
+
+void AppController::refreshFirewall()
+{
+    // The rules hold the path as the system writes it.
+    std::filesystem::path program(QCoreApplication::applicationFilePath().toStdU16String());
+    program.make_preferred();
+    const bool blocked = m_options.system.isFirewallBlocking(program);
+    if (blocked != m_firewallBlocked) {
+        qInfo("Pevrix: the firewall %s phones", blocked ? "blocks" : "no longer blocks");
+        m_firewallBlocked = blocked;
+    }
 }
 
 void AppController::stop()
@@ -330,6 +349,26 @@ void AppController::regeneratePairing()
     m_server.clearTrusted();
     m_settings.forgetTrusted();
     refreshPairingInfo();
+    refreshFirewall();
+    Q_EMIT changed();
+}
+
+void AppController::registerCamera()
+{
+    m_options.system.runCameraRegistration(false);
+    Q_EMIT changed();
+}
+
+void AppController::unregisterCamera()
+{
+    m_options.system.runCameraRegistration(true);
+    Q_EMIT changed();
+}
+
+void AppController::allowThroughFirewall()
+{
+    m_options.system.runFirewallHelper();
+    refreshFirewall();
     Q_EMIT changed();
 }
 

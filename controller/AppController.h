@@ -3,6 +3,7 @@
 #include "controller/LivePipeline.h"
 #include "controller/LiveStatistics.h"
 #include "controller/Settings.h"
+#include "controller/system/SystemFunctions.h"
 #include "pairing/Pairing.h"
 #include "pairing/PhoneRoster.h"
 #include "phone/PhoneServer.h"
@@ -16,6 +17,7 @@
 #include <QTimer>
 #include <QVariantList>
 
+#include <chrono>
 #include <filesystem>
 
 namespace pevrix {
@@ -28,6 +30,8 @@ struct ControllerOptions
     QString settingsFile; // empty: the user's own
     QString tokenFolder;  // empty: beside the executable
     std::filesystem::path cameraLibrary = cameraLibraryName();
+    SystemFunctions system;
+    std::chrono::milliseconds statisticsInterval{500};
 };
 
 /// The one object that the QML interface sees: state as properties, actions as slots. Owns the
@@ -57,11 +61,13 @@ class AppController final : public QObject
     Q_PROPERTY(bool osDark READ osDark NOTIFY osDarkChanged)
     Q_PROPERTY(int themeMode READ themeMode WRITE setThemeMode NOTIFY themeModeChanged)
     Q_PROPERTY(QString appVersion READ appVersion CONSTANT)
+    Q_PROPERTY(bool cameraRegistered READ cameraRegistered NOTIFY changed)
     Q_PROPERTY(bool recording READ recording NOTIFY changed)
     Q_PROPERTY(QString lastRecordingPath READ lastRecordingPath NOTIFY changed)
     Q_PROPERTY(QString recordingFolder READ recordingFolder WRITE setRecordingFolder NOTIFY changed)
     Q_PROPERTY(bool minimizeToTray READ minimizeToTray WRITE setMinimizeToTray NOTIFY changed)
     Q_PROPERTY(bool usbAvailable READ usbAvailable NOTIFY changed)
+    Q_PROPERTY(bool firewallBlocked READ firewallBlocked NOTIFY changed)
 
 public:
     explicit AppController(const ControllerOptions& options = {}, QObject* parent = nullptr);
@@ -90,12 +96,16 @@ public:
     [[nodiscard]] bool osDark() const;
     [[nodiscard]] int themeMode() const { return m_themeMode; }
     [[nodiscard]] QString appVersion() const;
+    /// Asked of the system at each read.
+    [[nodiscard]] bool cameraRegistered() const { return m_options.system.isCameraRegistered(); }
     [[nodiscard]] bool recording() const { return m_pipeline.isRecording(); }
     /// Full path of the last recording that was started.
     [[nodiscard]] QString lastRecordingPath() const { return m_lastRecordingPath; }
     [[nodiscard]] QString recordingFolder() const { return m_recordingFolder; }
     [[nodiscard]] bool minimizeToTray() const { return m_minimizeToTray; }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
+    /// Whether the firewall keeps phones out, as of the last time that it was asked.
+    [[nodiscard]] bool firewallBlocked() const { return m_firewallBlocked; }
 
     /// Takes a path or a "file:" URL. An empty one is ignored.
     void setRecordingFolder(const QString& folder);
@@ -116,20 +126,27 @@ public Q_SLOTS:
     /// Pauses or resumes what goes to the camera.
     void toggleOutput();
 
-    /// Ends the recording, or begins one when video is live and the output is not paused.
-    void toggleRecording();
-
-    /// Opens the recording folder in the platform's file browser, making it when it is missing.
-    void openRecordingsFolder();
-
     /// 0 follows the platform, 1 light, 2 dark; other values are ignored.
     void setThemeMode(int mode);
 
     /// Forgets every trusted phone and makes a new pairing code. Phones that are connected stay.
     void regeneratePairing();
 
+    /// These three ask the user for administrator rights and wait for the outcome: the window
+    /// stands still until then, at most for half a minute once the rights are granted. A refusal
+    /// leaves everything as it was.
+    void registerCamera();
+    void unregisterCamera();
+    void allowThroughFirewall();
+
     /// Gives a connected phone's device a name that lasts; an empty one takes it back.
     void renamePhone(int id, const QString& newName);
+
+    /// Ends the recording, or begins one when video is live and the output is not paused.
+    void toggleRecording();
+
+    /// Opens the recording folder in the platform's file browser, making it when it is missing.
+    void openRecordingsFolder();
 
 Q_SIGNALS:
     void changed();
@@ -142,6 +159,7 @@ private:
     void connectUsb();
     void listen();
     void refreshPairingInfo();
+    void refreshFirewall();
     void onPhoneConnected(PhoneRoster::Phone phone);
     void onPhoneDisconnected(int id);
     void onStreamInfo(int id, QSize size, int fps);
@@ -170,6 +188,8 @@ private:
     QElapsedTimer m_statisticsClock;
     LiveStatistics m_statistics;
     bool m_appConnected = false;
+    bool m_firewallBlocked = false;
+    int m_ticksWithoutPhones = 0;
 };
 
 } // namespace pevrix

@@ -1,27 +1,9 @@
 #include "video/CameraLibrary.h"
+#include "video/ExecutableFolder_win.h"
 
-#include <array>
-#include <string>
-#include <string_view>
 #include <windows.h>
 
 namespace pevrix {
-namespace {
-
-// The running executable's folder with its closing backslash; empty when its path is too long for
-// the buffer, which is then cut off in the middle of a name.
-std::wstring executableFolder()
-{
-    std::array<wchar_t, MAX_PATH> buffer{};
-    const DWORD length = GetModuleFileNameW(nullptr, buffer.data(), MAX_PATH);
-    if (length == 0 || length >= MAX_PATH) {
-        return {};
-    }
-    const std::wstring_view path(buffer.data(), length);
-    return std::wstring(path.substr(0, path.rfind(L'\\') + 1));
-}
-
-} // namespace
 
 void CameraLibraryUnload::operator()(void* library) const
 {

@@ -41,6 +41,8 @@ protected:
         options.settingsFile = path("settings.ini");
         options.tokenFolder = m_folder.path();
         options.cameraLibrary = TESTCAM_NAME;
+        options.system = m_system;
+        options.statisticsInterval = m_statisticsInterval;
         m_app.reset(); // before the next one reads its settings
         m_app = std::make_unique<AppController>(options);
         QObject::connect(m_app.get(), &AppController::frameReady, m_app.get(),
@@ -125,6 +127,8 @@ protected:
     }
 
     QTemporaryDir m_folder;
+    SystemFunctions m_system;
+    std::chrono::milliseconds m_statisticsInterval{500};
     std::unique_ptr<AppController> m_app;
     QSize m_imageSize;      // of the last picture
     QString m_availability; // + and - for each change of the USB service
@@ -259,6 +263,54 @@ TEST_F(AppControllerTest, TakesOnlyGoodSettingsAndStoresThem)
     EXPECT_EQ(m_app->themeMode(), 2);
     EXPECT_EQ(m_app->recordingFolder(), path("My clips"));
     EXPECT_FALSE(m_app->minimizeToTray());
+}
+
+TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
+{
+    bool registered = false;
+    bool blocking = true;
+    int firewallTests = 0;
+    m_system = {.isCameraRegistered = [&] { return registered; },
+                .runCameraRegistration = [&](bool unregister) { registered = !unregister; },
+                .isFirewallBlocking =
+                    [&](const std::filesystem::path& program) {
+                        EXPECT_EQ(program, std::filesystem::read_symlink("/proc/self/exe"));
+                        ++firewallTests;
+                        return blocking;
+                    },
+                .runFirewallHelper =
+                    [&] {
+                        blocking = false;
+                    }};
+    m_statisticsInterval = 24h; // never, for now
+    startApp();
+    EXPECT_TRUE(m_app->firewallBlocked());
+    QSignalSpy changes(m_app.get(), &AppController::changed);
+    m_app->allowThroughFirewall();
+    EXPECT_FALSE(m_app->firewallBlocked());
+    EXPECT_EQ(changes.size(), 1);
+    m_app->registerCamera();
+    EXPECT_TRUE(m_app->cameraRegistered());
+    EXPECT_EQ(changes.size(), 2);
+    m_app->unregisterCamera();
+    EXPECT_FALSE(m_app->cameraRegistered());
+    EXPECT_EQ(changes.size(), 3);
+    blocking = true;
+    m_app->regeneratePairing();
+    EXPECT_TRUE(m_app->firewallBlocked());
+
+    // From here on 20 ticks take 100 ms.
+    m_statisticsInterval = 5ms;
+    startApp();
+    blocking = false;
+    EXPECT_TRUE(waitFor([&] { return !m_app->firewallBlocked(); }));
+    firewallTests = 0;
+    EXPECT_TRUE(waitFor([&] { return firewallTests >= 2; }));
+    const auto process = wifiPhone();
+    ASSERT_TRUE(waitForPhones(1));
+    firewallTests = 0;
+    letEventsRunFor(500ms);
+    EXPECT_EQ(firewallTests, 0) << "with a phone there is no need to know";
 }
 
 TEST_F(AppControllerTest, ShowsPhonesOnCablesWithoutPairing)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/ScriptedClass_win.h"
 #include "video/MediaFoundation_win.h"
 
 #include <algorithm>
@@ -45,36 +46,6 @@ struct Script
     std::vector<std::uint8_t> input{};
     LONGLONG inputTime = 0;
     LONGLONG inputDuration = 0;
-};
-
-// The reference counting of a COM object with one interface.
-template <typename Interface>
-class ComObject : public Interface
-{
-public:
-    virtual ~ComObject() = default;
-
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override
-    {
-        const bool known = id == __uuidof(IUnknown) || id == __uuidof(Interface);
-        *object = known ? static_cast<Interface*>(this) : nullptr;
-        if (known) {
-            AddRef();
-        }
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --m_references;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
-
-private:
-    ULONG m_references = 1;
 };
 
 class ScriptedTransform final : public ComObject<IMFTransform>
@@ -247,49 +218,23 @@ class ScriptedDecoderClass
 {
 public:
     explicit ScriptedDecoderClass(Script& script)
-    {
-        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-        Microsoft::WRL::ComPtr<IClassFactory> factory;
-        factory.Attach(new Factory(script));
-        m_registered =
-            SUCCEEDED(CoRegisterClassObject(CLSID_CMSH264DecoderMFT, factory.Get(),
-                                            CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &m_cookie));
-    }
-    ~ScriptedDecoderClass()
-    {
-        if (m_registered) {
-            CoRevokeClassObject(m_cookie);
-        }
-        CoUninitialize();
-    }
-    ScriptedDecoderClass(const ScriptedDecoderClass&) = delete;
-    ScriptedDecoderClass& operator=(const ScriptedDecoderClass&) = delete;
+        : m_class(CLSID_CMSH264DecoderMFT, [&script](HRESULT& result) -> IUnknown* {
+            result = script.createResult;
+            return FAILED(result) ? nullptr : new ScriptedTransform(script);
+        })
+    {}
 
 private:
-    class Factory final : public ComObject<IClassFactory>
+    struct Apartment
     {
-    public:
-        explicit Factory(Script& script)
-            : m_script(script)
-        {}
-        STDMETHODIMP CreateInstance(IUnknown*, REFIID id, void** object) override
-        {
-            *object = nullptr;
-            if (FAILED(m_script.createResult)) {
-                return m_script.createResult;
-            }
-            Microsoft::WRL::ComPtr<IMFTransform> transform;
-            transform.Attach(new ScriptedTransform(m_script));
-            return transform->QueryInterface(id, object);
-        }
-        STDMETHODIMP LockServer(BOOL) override { return S_OK; }
-
-    private:
-        Script& m_script;
+        Apartment() { CoInitializeEx(nullptr, COINIT_MULTITHREADED); }
+        ~Apartment() { CoUninitialize(); }
+        Apartment(const Apartment&) = delete;
+        Apartment& operator=(const Apartment&) = delete;
     };
 
-    DWORD m_cookie = 0;
-    bool m_registered = false;
+    Apartment m_apartment; // first, because the class is registered in it
+    ScriptedClass m_class;
 };
 
 } // namespace pevrix

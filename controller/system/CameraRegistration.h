@@ -1,0 +1,15 @@
+#pragma once
+
+namespace pevrix {
+
+// Whether the system knows the virtual camera, so that other programs can find it. Where nothing
+// needs to be registered: whether the camera library can be found.
+[[nodiscard]] bool isCameraRegistered();
+
+// Registers the camera library that lies beside the executable, or takes its registration back.
+// The system asks the user for administrator rights, and the call waits for the outcome, at most 30
+// seconds once they are granted; isCameraRegistered() tells it. Does nothing without a library, or
+// where nothing needs to be registered.
+void runCameraRegistration(bool unregister);
+
+} // namespace pevrix

@@ -1,0 +1,14 @@
+#include "controller/system/CameraRegistration.h"
+#include "video/CameraLibrary.h"
+
+namespace pevrix {
+
+// The library announces its camera itself, for as long as the camera exists.
+bool isCameraRegistered()
+{
+    return loadCameraLibrary(cameraLibraryName()) != nullptr;
+}
+
+void runCameraRegistration(bool /*unregister*/) {}
+
+} // namespace pevrix

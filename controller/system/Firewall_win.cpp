@@ -1,0 +1,190 @@
+#include "controller/system/Com_win.h"
+#include "controller/system/Firewall.h"
+#include "controller/system/FirewallRules_win.h"
+
+#include <vector>
+#include <wrl/client.h>
+
+namespace pevrix {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+// Removing goes by name, which several rules may share, and takes out one of them at a time.
+constexpr int kRemovalPasses = 16;
+
+class FirewallSession
+{
+public:
+    FirewallSession()
+    {
+        if (m_apartment.usable() &&
+            SUCCEEDED(CoCreateInstance(__uuidof(NetFwPolicy2), nullptr, CLSCTX_INPROC_SERVER,
+                                       IID_PPV_ARGS(&m_policy)))) {
+            m_policy->get_Rules(&m_rules);
+        }
+    }
+
+    // What follows must not be called otherwise.
+    [[nodiscard]] bool isOpen() const { return m_rules != nullptr; }
+
+    [[nodiscard]] INetFwRules& rules() const { return *m_rules.Get(); }
+
+    // The kinds of network that the computer is in, as bits. False when they are unknown.
+    [[nodiscard]] bool readCurrentProfiles(LONG& profiles) const
+    {
+        return SUCCEEDED(m_policy->get_CurrentProfileTypes(&profiles));
+    }
+
+private:
+    Apartment m_apartment; // first, because it must outlive the objects
+    ComPtr<INetFwPolicy2> m_policy;
+    ComPtr<INetFwRules> m_rules;
+};
+
+bool equalIgnoringCase(std::wstring_view a, std::wstring_view b)
+{
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
+                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
+}
+
+bool isFor(INetFwRule& rule, const std::wstring& applicationPath)
+{
+    Bstr application;
+    return SUCCEEDED(rule.get_ApplicationName(application.put())) &&
+           equalIgnoringCase(application.view(), applicationPath);
+}
+
+// Calls `visit` with each rule for this program. False when the rules cannot be listed.
+template <typename Visit>
+bool visitRules(INetFwRules& rules, const std::wstring& applicationPath, Visit visit)
+{
+    ComPtr<IUnknown> list;
+    ComPtr<IEnumVARIANT> items;
+    if (FAILED(rules.get__NewEnum(&list)) || list == nullptr || FAILED(list.As(&items))) {
+        return false;
+    }
+    for (;;) {
+        Variant item;
+        ULONG count = 0;
+        if (items->Next(1, item.put(), &count) != S_OK || count != 1) {
+            return true;
+        }
+        ComPtr<INetFwRule> rule;
+        if (item.object() != nullptr &&
+            SUCCEEDED(item.object()->QueryInterface(IID_PPV_ARGS(&rule))) &&
+            isFor(*rule.Get(), applicationPath)) {
+            visit(*rule.Get());
+        }
+    }
+}
+
+// Whether the rule does this to incoming connections, now, in one of these kinds of network.
+bool acts(INetFwRule& rule, NET_FW_ACTION action, LONG profiles)
+{
+    NET_FW_ACTION ruleAction{};
+    NET_FW_RULE_DIRECTION direction{};
+    VARIANT_BOOL enabled = VARIANT_FALSE;
+    LONG ruleProfiles = 0;
+    return SUCCEEDED(rule.get_Action(&ruleAction)) && SUCCEEDED(rule.get_Direction(&direction)) &&
+           SUCCEEDED(rule.get_Enabled(&enabled)) && SUCCEEDED(rule.get_Profiles(&ruleProfiles)) &&
+           ruleAction == action && direction == NET_FW_RULE_DIR_IN && enabled == VARIANT_TRUE &&
+           (ruleProfiles & profiles) != 0;
+}
+
+bool putText(INetFwRule& rule, HRESULT (STDMETHODCALLTYPE INetFwRule::*put)(BSTR),
+             const std::wstring& text)
+{
+    const Bstr value(text);
+    return value.get() != nullptr && SUCCEEDED((rule.*put)(value.get()));
+}
+
+// A rule that did not take all of its values is not added: without its program, for example, it
+// would open every port of the computer.
+bool addRule(INetFwRules& rules, const FirewallRule& values)
+{
+    ComPtr<INetFwRule> rule;
+    return SUCCEEDED(CoCreateInstance(__uuidof(NetFwRule), nullptr, CLSCTX_INPROC_SERVER,
+                                      IID_PPV_ARGS(&rule))) &&
+           putText(*rule.Get(), &INetFwRule::put_Name, values.name) &&
+           putText(*rule.Get(), &INetFwRule::put_ApplicationName, values.applicationName) &&
+           putText(*rule.Get(), &INetFwRule::put_Description, values.description) &&
+           SUCCEEDED(rule->put_Protocol(values.protocol)) &&
+           SUCCEEDED(rule->put_Direction(values.direction)) &&
+           SUCCEEDED(rule->put_Action(values.action)) &&
+           SUCCEEDED(rule->put_Profiles(values.profiles)) &&
+           SUCCEEDED(rule->put_Enabled(values.enabled)) && SUCCEEDED(rules.Add(rule.Get()));
+}
+
+} // namespace
+
+bool isFirewallBlocking(const std::filesystem::path& applicationPath)
+{
+    if (applicationPath.empty()) {
+        return false;
+    }
+    const FirewallSession session;
+    LONG profiles = 0;
+    if (!session.isOpen() || !session.readCurrentProfiles(profiles)) {
+        return false;
+    }
+    bool blocking = false;
+    visitRules(session.rules(), applicationPath.native(), [&](INetFwRule& rule) {
+        blocking = acts(rule, NET_FW_ACTION_BLOCK, profiles) || blocking;
+    });
+    return blocking;
+}
+
+bool addApplicationRule(const std::filesystem::path& applicationPath, const std::wstring& ruleName)
+{
+    if (applicationPath.empty() || ruleName.empty()) {
+        return false;
+    }
+    const FirewallSession session;
+    if (!session.isOpen()) {
+        return false;
+    }
+    // Where old rules stay the new one is wanted all the same.
+    removeRulesForApplication(session.rules(), applicationPath);
+    return addRule(session.rules(), {ruleName, applicationPath.native()});
+}
+
+bool hasApplicationRule(const std::filesystem::path& applicationPath, const std::wstring& ruleName)
+{
+    const FirewallSession session;
+    bool found = false;
+    if (session.isOpen() && !applicationPath.empty()) {
+        visitRules(session.rules(), applicationPath.native(), [&](INetFwRule& rule) {
+            Bstr name;
+            found = found || (SUCCEEDED(rule.get_Name(name.put())) && name.view() == ruleName &&
+                              acts(rule, NET_FW_ACTION_ALLOW, NET_FW_PROFILE2_ALL));
+        });
+    }
+    return found;
+}
+
+bool removeRulesForApplication(INetFwRules& rules, const std::filesystem::path& applicationPath)
+{
+    // Rules for all programs name none; they are not ours to remove.
+    if (applicationPath.empty()) {
+        return false;
+    }
+    for (int pass = 0; pass < kRemovalPasses; ++pass) {
+        std::vector<std::wstring> names;
+        const bool listed = visitRules(rules, applicationPath.native(), [&](INetFwRule& rule) {
+            Bstr name;
+            if (SUCCEEDED(rule.get_Name(name.put()))) {
+                names.emplace_back(name.view());
+            }
+        });
+        if (names.empty()) {
+            return listed;
+        }
+        for (const std::wstring& name : names) {
+            rules.Remove(Bstr(name).get());
+        }
+    }
+    return false;
+}
+
+} // namespace pevrix

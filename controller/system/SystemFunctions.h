@@ -1,0 +1,20 @@
+#pragma once
+
+#include "controller/system/CameraRegistration.h"
+#include "controller/system/Firewall.h"
+
+#include <functional>
+
+namespace pevrix {
+
+// What the controller asks of the operating system; tests put others in their place.
+struct SystemFunctions
+{
+    std::function<bool()> isCameraRegistered = pevrix::isCameraRegistered;
+    std::function<void(bool unregister)> runCameraRegistration = pevrix::runCameraRegistration;
+    std::function<bool(const std::filesystem::path& applicationPath)> isFirewallBlocking =
+        pevrix::isFirewallBlocking;
+    std::function<void()> runFirewallHelper = pevrix::runFirewallHelper;
+};
+
+} // namespace pevrix
