@@ -17,16 +17,14 @@ class FirewallSession
 {
 public:
     FirewallSession()
-    {
-        if (m_apartment.usable() &&
-            SUCCEEDED(CoCreateInstance(__uuidof(NetFwPolicy2), nullptr, CLSCTX_INPROC_SERVER,
-                                       IID_PPV_ARGS(&m_policy)))) {
-            m_policy->get_Rules(&m_rules);
-        }
-    }
+        : m_open(m_apartment.usable() &&
+                 SUCCEEDED(CoCreateInstance(__uuidof(NetFwPolicy2), nullptr, CLSCTX_INPROC_SERVER,
+                                            IID_PPV_ARGS(&m_policy))) &&
+                 SUCCEEDED(m_policy->get_Rules(&m_rules)))
+    {}
 
     // What follows must not be called otherwise.
-    [[nodiscard]] bool isOpen() const { return m_rules != nullptr; }
+    [[nodiscard]] bool isOpen() const { return m_open; }
 
     [[nodiscard]] INetFwRules& rules() const { return *m_rules.Get(); }
 
@@ -40,6 +38,7 @@ private:
     Apartment m_apartment; // first, because it must outlive the objects
     ComPtr<INetFwPolicy2> m_policy;
     ComPtr<INetFwRules> m_rules;
+    const bool m_open; // last, because opening fills the others
 };
 
 bool equalIgnoringCase(std::wstring_view a, std::wstring_view b)
