@@ -1,91 +1,75 @@
 import QtQuick
+import QtQuick.Layouts
 import Pevrix
 
-// Shown while a phone is connected: its live picture above the phone's name and the Record button.
+// Shown while a phone is connected: its picture, its name beside the Record button, and the strip
+// of all phones.
 Item {
     id: root
 
-    required property string phoneName
-    required property bool recording
-    required property bool recordable // video flows, so that a recording could begin
+    required property var app // the controller
+    required property string clock // how long the recording has lasted
+    property alias renamingCard: rail.renamingCard
 
-    signal recordClicked()
+    signal addPhoneClicked()
+    signal menuRequested(Item field, real sceneX, real sceneY)
 
-    function setFrame(image: var) {
+    function setFrame(image: var): void {
         preview.setFrame(image)
     }
 
-    Rectangle {
-        id: panel
+    PreviewPanel {
+        id: preview
 
         anchors {
             fill: parent
             leftMargin: 16
             topMargin: 16
             rightMargin: 16
-            bottomMargin: bottomBar.height + 2 * 12
+            bottomMargin: bottomBar.height + 16 + 12
         }
-        radius: 12
-        clip: true
-        gradient: Gradient {
-            GradientStop { position: 0; color: "#243049" }
-            GradientStop { position: 1; color: "#0d1220" }
-        }
-
-        FramePreview {
-            id: preview
-
-            anchors.fill: parent
-            Accessible.role: Accessible.Graphic
-            Accessible.name: qsTr("Live picture of the phone")
-        }
+        outputEnabled: root.app.outputEnabled
+        appConnected: root.app.appConnected
+        onOutputToggled: root.app.toggleOutput()
     }
 
-    Item {
+    Column {
         id: bottomBar
 
-        anchors {
-            left: parent.left
-            right: parent.right
-            bottom: parent.bottom
-            margins: 16
-            bottomMargin: 12
-        }
-        height: 34
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; margins: 16 }
+        spacing: 12
 
-        Rectangle {
-            id: dot
+        RowLayout {
+            width: parent.width
+            height: 34
+            spacing: Theme.sp2
 
-            anchors.verticalCenter: parent.verticalCenter
-            width: 8
-            height: 8
-            radius: 4
-            color: Theme.accent
-        }
+            Dot {}
 
-        Text {
-            anchors {
-                left: dot.right
-                leftMargin: Theme.sp2
-                right: recordButton.left
-                rightMargin: Theme.sp3
-                verticalCenter: parent.verticalCenter
+            ElidedText {
+                Layout.fillWidth: true
+                text: root.app.phoneName
+                font.weight: Font.DemiBold
             }
-            text: root.phoneName
-            textFormat: Text.PlainText
-            color: Theme.textc
-            font.pixelSize: Theme.fsBody
-            font.weight: Font.DemiBold
-            elide: Text.ElideRight
+
+            RecordButton {
+                recording: root.app.recording
+                clock: root.clock
+                enabled: root.app.recording || (root.app.live && root.app.outputEnabled)
+                onClicked: root.app.toggleRecording()
+            }
         }
 
-        RecordButton {
-            id: recordButton
+        PhoneRail {
+            id: rail
 
-            anchors.right: parent.right
-            recording: root.recording
-            enabled: root.recording || root.recordable
-            onClicked: root.recordClicked()
+            width: parent.width
+            phones: root.app.phones
+            activeId: root.app.activeId
+            onActivated: id => root.app.setActive(id)
+            onRenamed: (id, name) => root.app.renamePhone(id, name)
+            onAddPhoneClicked: root.addPhoneClicked()
+            onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)
         }
     }
 }

@@ -3,24 +3,123 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Pevrix
 
-// The window: the pairing view while no phone is connected, the live view while one is.
+// The window: a rounded card with its own title bar and shadow, in it the pairing view while no
+// phone is connected and the live view while one is, over it the dialogs.
 Window {
     id: root
 
-    // The controller is a context property of the engine, under the name the interface uses.
-    readonly property var controller: app // qmllint disable unqualified
+    // The engine's context properties, each looked up here only.
+    readonly property var controller: app   // qmllint disable unqualified
+    readonly property var updates: updater  // qmllint disable unqualified
+    readonly property var translator: i18n  // qmllint disable unqualified
 
-    readonly property int themeMode: controller.themeMode // 0 system, 1 light, 2 dark
+    property bool captureMode: false // the card fills the window, for pictures
+    readonly property bool isMax: visibility === Window.Maximized
+    readonly property int normalShadow: 16
+    readonly property int shadowMargin: isMax || captureMode ? 0 : normalShadow
+    readonly property int cardRadius: isMax || captureMode ? 0 : Theme.rCard
+    property int _restoreW: normalWidth // the width before maximising
+    property bool _moving: false // a title-bar drag is under way
+    readonly property int normalWidth: 540
+    readonly property int normalHeight: 640
+
+    property int themeMode: controller.themeMode // 0 system, 1 light, 2 dark
     readonly property bool dark: themeMode === 0 ? controller.osDark : themeMode === 2
     readonly property bool onLive: controller.phoneConnected
+    property alias renamingCard: liveView.renamingCard
 
-    width: 540
-    height: 640
+    property int recSeconds: 0
+    readonly property string recClock: Math.floor(recSeconds / 60) + ":"
+                                       + String(recSeconds % 60).padStart(2, "0")
+
+    readonly property var langList: [
+        { code: "auto", name: qsTr("System default") },
+        { code: "en", name: "English" },
+        { code: "fr", name: "Français" },
+        { code: "es", name: "Español" },
+        { code: "de", name: "Deutsch" },
+        { code: "it", name: "Italiano" },
+        { code: "pt", name: "Português" },
+        { code: "ru", name: "Русский" },
+        { code: "tr", name: "Türkçe" },
+        { code: "zh_CN", name: "中文 (简体)" },
+        { code: "ja", name: "日本語" }
+    ]
+
+    // The palette that dialogs and menus take their colours from.
+    readonly property color bg: Theme.bg
+    readonly property color surface: Theme.surface
+    readonly property color raised: Theme.raised
+    readonly property color hair: Theme.hair
+    readonly property color textc: Theme.textc
+    readonly property color muted: Theme.muted
+    readonly property color faint: Theme.faint
+    readonly property color accent: Theme.accent
+    readonly property color accentInk: Theme.accentInk
+    readonly property color red: Theme.red
+    readonly property color amber: Theme.amber
+    readonly property string mono: Theme.mono
+    readonly property int rz: 6 // thickness of the resize grips
+
+    width: normalWidth
+    height: normalHeight
     minimumWidth: 460
     minimumHeight: 502
     visible: true
     title: "Pevrix"
-    color: Theme.bg
+    flags: Qt.Window | Qt.FramelessWindowHint
+    color: "transparent"
+
+    // For this run only: the stored setting stays.
+    function shotSetTheme(mode: int): void {
+        themeMode = mode
+    }
+
+    function shotOpenView(view: string): void {
+        switch (view) {
+        case "settings": settings.open(); break
+        case "language": language.open(); break
+        case "addphone": addPhone.open(); break
+        }
+    }
+
+    function closeOrHide(): void {
+        if (controller.minimizeToTray) {
+            hide()
+        } else {
+            Qt.quit()
+        }
+    }
+
+    function toggleMaximized(): void {
+        if (isMax) {
+            showNormal()
+        } else {
+            _restoreW = width
+            showMaximized()
+        }
+    }
+
+    // A maximised window is restored first, so that the pointer keeps its relative place on the
+    // title bar; `at` is in the bar, `global` on the screen.
+    function startMove(at: point, global: point, barWidth: real): void {
+        _moving = true
+        moveTimer.restart()
+        if (isMax) {
+            const cardWidth = _restoreW - 2 * normalShadow
+            showNormal()
+            x = Math.round(global.x - normalShadow - at.x / barWidth * cardWidth)
+            y = Math.round(global.y - at.y - normalShadow)
+        }
+        startSystemMove()
+    }
+
+    onClosing: close => {
+        if (controller.minimizeToTray) {
+            close.accepted = false
+            hide()
+        }
+    }
 
     Binding {
         target: Theme
@@ -36,22 +135,162 @@ Window {
         }
     }
 
-    PairingView {
-        anchors.fill: parent
-        visible: !root.onLive
-        qrDataUrl: root.controller.qrDataUrl
-        pairAddress: root.controller.pairAddress
-        pcName: root.controller.pcName
+    Timer {
+        interval: 1000
+        repeat: true
+        running: root.controller.recording
+        onRunningChanged: root.recSeconds = 0
+        onTriggered: ++root.recSeconds
     }
 
-    LiveView {
-        id: liveView
+    // The system does not reliably tell when its move has ended.
+    Timer {
+        id: moveTimer
+
+        interval: 400
+        onTriggered: root._moving = false
+    }
+
+    Shortcut {
+        sequence: "Ctrl+0"
+        onActivated: {
+            root.showNormal()
+            root.width = root.normalWidth
+            root.height = root.normalHeight
+        }
+    }
+
+    Shadow {
+        anchors.fill: card
+        visible: root.shadowMargin > 0
+        radius: card.radius
+        color: card.color
+        shadowColor: Theme.shadow
+    }
+
+    Rectangle {
+        id: card
+
+        anchors { fill: parent; margins: root.shadowMargin }
+        radius: root.cardRadius
+        color: Theme.bg
+        border.color: Theme.hair
+
+        TitleBar {
+            id: titleBar
+
+            anchors { left: parent.left; right: parent.right; top: parent.top; margins: 1 }
+            topRadius: Math.max(0, card.radius - 1)
+            maximized: root.isMax
+            onSettingsClicked: settings.open()
+            onMinimizeClicked: root.showMinimized()
+            onMaximizeToggled: root.toggleMaximized()
+            onCloseClicked: root.closeOrHide()
+            onDragStarted: (point, global) => root.startMove(point, global, width)
+            onDragEnded: root._moving = false
+        }
+
+        UpdateBar {
+            id: updateBar
+
+            anchors { left: titleBar.left; right: titleBar.right; top: titleBar.bottom }
+            available: root.updates.available
+            latestVersion: root.updates.latestVersion
+            onDownloadClicked: root.updates.openDownload()
+        }
+
+        Item {
+            id: views
+
+            anchors {
+                left: parent.left
+                right: parent.right
+                top: updateBar.bottom
+                bottom: parent.bottom
+            }
+
+            PairingView {
+                anchors.fill: parent
+                visible: !root.onLive
+                qrDataUrl: root.controller.qrDataUrl
+                pairAddress: root.controller.pairAddress
+                pcName: root.controller.pcName
+                firewallBlocked: root.controller.firewallBlocked
+                appUrl: root.updates.siteUrl + "/app"
+                onAllowClicked: root.controller.allowThroughFirewall()
+            }
+
+            LiveView {
+                id: liveView
+
+                anchors.fill: parent
+                visible: root.onLive
+                app: root.controller
+                clock: root.recClock
+                onAddPhoneClicked: addPhone.open()
+                onMenuRequested: (field, x, y) => editMenu.openFor(field, x, y)
+            }
+        }
+
+        SettingsDialog {
+            id: settings
+
+            theme: root
+            app: root.controller
+            i18n: root.translator
+            updater: root.updates
+            langList: root.langList
+            onLanguageClicked: {
+                close()
+                language.open()
+            }
+        }
+
+        LanguageDialog {
+            id: language
+
+            theme: root
+            i18n: root.translator
+            langList: root.langList
+        }
+
+        AddPhoneDialog {
+            id: addPhone
+
+            theme: root
+            qrDataUrl: root.controller.qrDataUrl
+            pairAddress: root.controller.pairAddress
+        }
+    }
+
+    ResizeGrips {
+        anchors.fill: card
+        visible: !root.isMax && !root._moving
+        thickness: root.rz
+        onResizeStarted: edges => root.startSystemResize(edges)
+    }
+
+    // While a name is edited, a click anywhere else commits it and does nothing more.
+    MouseArea {
+        id: renameCatcher
 
         anchors.fill: parent
-        visible: root.onLive
-        phoneName: root.controller.phoneName
-        recording: root.controller.recording
-        recordable: root.controller.live && root.controller.outputEnabled
-        onRecordClicked: root.controller.toggleRecording()
+        z: 300
+        visible: root.renamingCard !== null
+        acceptedButtons: Qt.AllButtons
+        onPressed: mouse => {
+            const inCard = root.renamingCard.mapFromItem(renameCatcher, mouse.x, mouse.y)
+            if (root.renamingCard.contains(inCard)) {
+                mouse.accepted = false
+            } else {
+                root.renamingCard.commitRename()
+            }
+        }
+    }
+
+    EditMenu {
+        id: editMenu
+
+        theme: root
     }
 }

@@ -1,23 +1,24 @@
 import QtQuick
 import Pevrix
 
-// Shown while no phone is connected: the QR code to scan, and the address for typing it in.
+// Shown while no phone is connected: the code to scan, and the address for typing it in.
 Item {
     id: root
 
-    required property string qrDataUrl   // empty while there is no code
-    required property string pairAddress // address and port
+    required property string qrDataUrl
+    required property string pairAddress
     required property string pcName
+    required property bool firewallBlocked
+    required property string appUrl // where to get the phone app
 
-    Flickable {
+    signal allowClicked()
+
+    ScrollBody {
         id: scroller
 
         anchors.fill: parent
-        contentWidth: width
+        barWidth: 11
         contentHeight: column.height + 40
-        interactive: contentHeight > height + 1
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
 
         Column {
             id: column
@@ -28,8 +29,6 @@ Item {
             spacing: 14
 
             Rectangle {
-                id: chip
-
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: chipRow.width + 28
                 height: 28
@@ -43,21 +42,9 @@ Item {
                     anchors.centerIn: parent
                     spacing: Theme.sp2
 
-                    Rectangle {
-                        id: dot
-
+                    Dot {
                         anchors.verticalCenter: parent.verticalCenter
-                        width: 8
-                        height: 8
-                        radius: 4
-                        color: Theme.accent
-
-                        SequentialAnimation on opacity {
-                            running: root.visible
-                            loops: Animation.Infinite
-                            NumberAnimation { to: 0.3; duration: 700; easing.type: Easing.InOutQuad }
-                            NumberAnimation { to: 1.0; duration: 700; easing.type: Easing.InOutQuad }
-                        }
+                        pulsing: root.visible
                     }
 
                     Text {
@@ -83,68 +70,58 @@ Item {
                 text: qsTr("Scan this code with the Pevrix app. Keep your phone on the same Wi-Fi as this PC.")
                 color: Theme.muted
                 font.pixelSize: Theme.fsBody
+                lineHeight: 1.15
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
             }
 
-            Rectangle {
+            FirewallPanel {
+                width: parent.width
+                visible: root.firewallBlocked
+                onAllowClicked: root.allowClicked()
+            }
+
+            QrCode {
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: 198
                 height: 198
-                radius: 16
-                color: Theme.paper
-
-                // No smoothing: the modules of the code stay sharp.
-                Image {
-                    anchors.centerIn: parent
-                    width: 168
-                    height: 168
-                    source: root.qrDataUrl
-                    smooth: false
-                    visible: root.qrDataUrl !== ""
-                    Accessible.role: Accessible.Graphic
-                    Accessible.name: qsTr("Pairing code")
-                }
-
-                Text {
-                    anchors.centerIn: parent
-                    visible: root.qrDataUrl === ""
-                    text: "…"
-                    color: "#8a95a7"
-                    font.pixelSize: 22
-                }
+                url: root.qrDataUrl
+                codeSize: 168
+                // In the light theme the paper needs an edge.
+                border.color: Theme.dark ? Theme.paper : Theme.hair
             }
 
-            Rectangle {
+            AddressRow {
                 width: parent.width
-                height: 44
-                radius: Theme.rRow
-                color: Theme.raised
+                address: root.pairAddress
+            }
 
-                Text {
-                    anchors { left: parent.left; leftMargin: 14; verticalCenter: parent.verticalCenter }
-                    text: qsTr("Can't scan?")
+            Row {
+                anchors.horizontalCenter: parent.horizontalCenter
+                spacing: Theme.sp2
+
+                ElidedText {
+                    width: Math.min(implicitWidth, column.width - dot.width - getApp.width
+                                                   - 2 * Theme.sp2)
+                    text: qsTr("This PC: %1").arg(root.pcName)
                     color: Theme.muted
-                    font.pixelSize: Theme.fsBody
+                    font.pixelSize: Theme.fsCaption
                 }
 
                 Text {
-                    anchors { right: parent.right; rightMargin: 14; verticalCenter: parent.verticalCenter }
-                    text: root.pairAddress
-                    color: Theme.textc
-                    font.pixelSize: Theme.fsBtnLg
-                    font.weight: Font.DemiBold
-                }
-            }
+                    id: dot
 
-            Text {
-                width: parent.width
-                text: qsTr("This PC: %1").arg(root.pcName)
-                textFormat: Text.PlainText
-                color: Theme.faint
-                font.pixelSize: Theme.fsCaption
-                horizontalAlignment: Text.AlignHCenter
-                elide: Text.ElideRight
+                    text: "·"
+                    color: Theme.muted
+                    font.pixelSize: Theme.fsCaption
+                }
+
+                LinkText {
+                    id: getApp
+
+                    label: qsTr("Get the app")
+                    url: root.appUrl
+                }
             }
         }
     }

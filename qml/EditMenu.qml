@@ -1,0 +1,130 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Pevrix
+
+// The right-click menu of text fields, one for the whole window. It never takes the focus: a field
+// that commits when it loses the focus is not committed by opening its menu. From the keyboard its
+// actions are the shortcuts that it shows.
+Item {
+    id: root
+
+    property var theme: null // the window, for its colours; without one the light colours
+    property var target: null // the text input that it serves
+    property bool shown: false
+
+    readonly property bool hasSelection: target !== null && target.selectedText.length > 0
+    readonly property int edge: 4 // kept free between the panel and the window's sides
+
+    anchors.fill: parent
+    z: 400
+    visible: shown
+
+    function openFor(field: Item, sceneX: real, sceneY: real): void {
+        target = field
+        field.forceActiveFocus()
+        const point = mapFromItem(null, sceneX, sceneY)
+        panel.x = Math.max(edge, Math.min(point.x, width - panel.width - edge))
+        panel.y = Math.max(edge, Math.min(point.y, height - panel.height - edge))
+        shown = true
+    }
+
+    function close(): void {
+        shown = false
+    }
+
+    function run(action: string): void {
+        target[action]()
+        close()
+    }
+
+    Shortcut {
+        sequence: "Escape"
+        enabled: root.shown
+        onActivated: root.close()
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        acceptedButtons: Qt.AllButtons
+        onPressed: root.close()
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Shadow {
+        anchors.fill: panel
+        radius: panel.radius
+        color: panel.color
+        shadowColor: "#40000000"
+        blur: 0.5
+    }
+
+    Rectangle {
+        id: panel
+
+        width: 176
+        height: rows.height + 10
+        radius: 7
+        color: root.theme ? root.theme.surface : "#ffffff"
+        border.width: 1
+        border.color: root.theme ? root.theme.hair : "#e0e6ee"
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: qsTr("Edit")
+
+        MouseArea { // between the rows: part of the panel
+            anchors.fill: parent
+            acceptedButtons: Qt.AllButtons
+        }
+
+        Column {
+            id: rows
+
+            anchors { left: parent.left; right: parent.right; top: parent.top; margins: 5 }
+
+            EditMenuRow {
+                theme: root.theme
+                label: qsTr("Cut")
+                keys: "Ctrl+X"
+                active: root.hasSelection && !root.target.readOnly
+                onTriggered: root.run("cut")
+            }
+
+            EditMenuRow {
+                theme: root.theme
+                label: qsTr("Copy")
+                keys: "Ctrl+C"
+                active: root.hasSelection
+                onTriggered: root.run("copy")
+            }
+
+            EditMenuRow {
+                theme: root.theme
+                label: qsTr("Paste")
+                keys: "Ctrl+V"
+                active: root.target !== null && root.target.canPaste
+                onTriggered: root.run("paste")
+            }
+
+            Item {
+                width: parent.width
+                height: 7
+
+                Rectangle {
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: parent.width
+                    height: 1
+                    color: root.theme ? root.theme.hair : "#e0e6ee"
+                }
+            }
+
+            EditMenuRow {
+                theme: root.theme
+                label: qsTr("Select all")
+                keys: "Ctrl+A"
+                active: root.target !== null && root.target.text.length > 0
+                onTriggered: root.run("selectAll")
+            }
+        }
+    }
+}

@@ -1,0 +1,63 @@
+import QtQuick
+import Pevrix
+
+// One action of the edit menu.
+Rectangle {
+    id: root
+
+    required property var theme
+    required property string label
+    required property string keys // its shortcut
+    required property bool active
+
+    readonly property color hoverColor: theme ? theme.raised : "#f4f7fb"
+    readonly property color mutedColor: theme ? theme.muted : "#5c6675"
+
+    signal triggered()
+
+    width: parent.width
+    height: 26
+    radius: 5
+    color: Qt.alpha(hoverColor, active && area.containsMouse ? 1 : 0)
+
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: label
+    Accessible.onPressAction: if (active) {
+        triggered()
+    }
+
+    Behavior on color { ColorAnimation { duration: 80 } }
+
+    ElidedText {
+        anchors {
+            left: parent.left
+            leftMargin: 9
+            right: shortcut.left
+            rightMargin: Theme.sp2
+            verticalCenter: parent.verticalCenter
+        }
+        text: root.label
+        color: !root.active ? root.mutedColor : root.theme ? root.theme.textc : "#131a25"
+        font.pixelSize: Theme.fsCaption
+    }
+
+    Text {
+        id: shortcut
+
+        anchors { right: parent.right; rightMargin: 9; verticalCenter: parent.verticalCenter }
+        text: root.keys
+        color: root.mutedColor
+        font.pixelSize: 10
+    }
+
+    MouseArea {
+        id: area
+
+        anchors.fill: parent
+        hoverEnabled: true
+        cursorShape: root.active ? Qt.PointingHandCursor : Qt.ArrowCursor
+        onClicked: if (root.active) {
+            root.triggered()
+        }
+    }
+}

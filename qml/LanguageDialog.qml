@@ -1,0 +1,53 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Pevrix
+
+// The languages to choose from.
+Modal {
+    id: root
+
+    required property var i18n // the translator
+    required property var langList
+
+    title: qsTr("Language")
+    panelWidth: 320
+    bodySpacing: 6
+
+    Repeater {
+        model: root.langList
+
+        Clickable {
+            id: row
+
+            required property var modelData
+            readonly property bool selected: modelData.code === root.i18n.language
+
+            width: parent.width
+            height: 36
+            ringRadius: 9
+            Accessible.role: Accessible.RadioButton
+            Accessible.name: modelData.name
+            Accessible.checkable: true
+            Accessible.checked: selected
+            onClicked: {
+                root.close() // first: another language makes this row anew
+                root.i18n.setLanguage(modelData.code)
+            }
+
+            background: Rectangle {
+                radius: 9
+                color: row.selected ? Theme.accent : Qt.alpha(Theme.raised, row.hovered ? 1 : 0)
+                border.color: row.selected ? Theme.accent : Theme.hair
+            }
+            contentItem: ElidedText {
+                text: row.modelData.name
+                leftPadding: 12
+                rightPadding: 12
+                color: row.selected ? Theme.accentInk : Theme.textc
+                font.weight: row.selected ? Font.DemiBold : Font.Normal
+                verticalAlignment: Text.AlignVCenter
+            }
+        }
+    }
+}

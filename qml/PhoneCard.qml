@@ -1,0 +1,135 @@
+import QtQuick
+import Pevrix
+
+// One connected phone. A click makes it the active one; a double-click, the pencil or F2 begins
+// to rename it. Enter or the loss of the focus commits the name, Escape leaves the old one.
+Clickable {
+    id: root
+
+    required property var entry // of the roster; null for a moment while the list shrinks
+    required property bool active
+
+    readonly property int phoneId: entry?.id ?? 0
+    readonly property bool editing: editedId !== 0
+    property int editedId: 0 // the phone being renamed; the entry may become another's meanwhile
+
+    readonly property string system: entry ? entry.model || entry.os : ""
+    readonly property string subline: !entry || !entry.usb ? system
+                                      : system === "" ? "USB" : system + " · USB"
+
+    signal activated()
+    signal renamed(int id, string name)
+    signal menuRequested(Item field, real sceneX, real sceneY)
+
+    implicitWidth: 116
+    implicitHeight: 118
+    focusPolicy: editing ? Qt.NoFocus : Qt.StrongFocus
+    ringRadius: 12
+    ringGap: -2
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: entry ? entry.name : ""
+    Accessible.description: subline
+    Accessible.checkable: true
+    Accessible.checked: active
+
+    onClicked: if (!editing) {
+        activated()
+    }
+    onDoubleClicked: beginRename()
+    onPhoneIdChanged: commitRename()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_F2) {
+            beginRename()
+            event.accepted = true
+        }
+    }
+
+    function beginRename(): void {
+        if (editing || !entry) {
+            return
+        }
+        editedId = phoneId
+        field.begin(entry.name)
+    }
+
+    function commitRename(): void {
+        if (editing) {
+            const id = editedId
+            editedId = 0 // hiding the field takes its focus, which must not commit again
+            renamed(id, field.text)
+        }
+    }
+
+    function cancelRename(): void {
+        editedId = 0
+    }
+
+    background: Rectangle {
+        radius: 12
+        color: root.active ? Theme.accentSoft : root.hovered ? Theme.raisedHover : Theme.raised
+        border.width: root.active ? 2 : 1
+        border.color: root.active ? Theme.accent : Theme.hair
+    }
+
+    contentItem: Item {
+        HoverHandler { id: hover }
+
+        PhoneGlyph {
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: 12
+            ink: root.active ? Theme.accent : Theme.faint
+        }
+
+        LiveBadge {
+            x: 8
+            y: 8
+            visible: root.active
+        }
+
+        ElidedText {
+            x: 8
+            y: 78
+            width: parent.width - 16
+            visible: !root.editing
+            text: root.entry ? root.entry.name : ""
+            font.pixelSize: Theme.fsCaption
+            font.weight: Font.DemiBold
+            horizontalAlignment: Text.AlignHCenter
+        }
+
+        ElidedText {
+            x: 8
+            y: 96
+            width: parent.width - 16
+            text: root.subline
+            color: Theme.muted
+            font.pixelSize: Theme.fsEyebrow
+            horizontalAlignment: Text.AlignHCenter
+        }
+
+        RenameField {
+            id: field
+
+            anchors.fill: parent
+            visible: root.editing
+            onFocusLost: root.commitRename()
+            onAccepted: {
+                root.commitRename()
+                root.forceActiveFocus()
+            }
+            onCancelled: {
+                root.cancelRename()
+                root.forceActiveFocus()
+            }
+            onMenuRequested: (input, x, y) => root.menuRequested(input, x, y)
+        }
+
+        RenameButton {
+            x: parent.width - width - 7
+            y: 7
+            visible: !root.editing
+            revealed: hover.hovered || root.visualFocus
+            onClicked: root.beginRename()
+        }
+    }
+}

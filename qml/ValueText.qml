@@ -1,0 +1,13 @@
+import QtQuick
+import QtQuick.Layouts
+import Pevrix
+
+// A measured or given value at the end of an info row.
+ElidedText {
+    Layout.maximumWidth: 250
+    Layout.rightMargin: 6
+    color: Theme.muted
+    font.family: Theme.mono
+    font.pixelSize: Theme.fsCaption
+    horizontalAlignment: Text.AlignRight
+}
