@@ -7,12 +7,7 @@ Column {
     id: root
 
     required property var app
-    required property var i18n
-    required property var langList
-
-    // The code itself stands for a language that is not offered.
-    readonly property string languageName: langList.find(entry => entry.code === i18n.language)?.name
-                                           ?? i18n.language
+    required property string languageName // of the interface
 
     signal languageClicked()
 

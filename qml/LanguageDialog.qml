@@ -7,21 +7,23 @@ import Pevrix
 Modal {
     id: root
 
-    required property var i18n // the translator
-    required property var langList
+    required property var languages // { code, name } each
+    required property string current // code
+
+    signal picked(string code)
 
     title: qsTr("Language")
     panelWidth: 320
     bodySpacing: 6
 
     Repeater {
-        model: root.langList
+        model: root.languages
 
         Clickable {
             id: row
 
             required property var modelData
-            readonly property bool selected: modelData.code === root.i18n.language
+            readonly property bool selected: modelData.code === root.current
 
             width: parent.width
             height: 36
@@ -32,7 +34,7 @@ Modal {
             Accessible.checked: selected
             onClicked: {
                 root.close() // first: another language makes this row anew
-                root.i18n.setLanguage(modelData.code)
+                root.picked(modelData.code)
             }
 
             background: Rectangle {

@@ -27,6 +27,8 @@ Window {
     readonly property bool dark: themeMode === 0 ? controller.osDark : themeMode === 2
     readonly property bool onLive: controller.phoneConnected
     property alias renamingCard: liveView.renamingCard
+    // The translator ends before the engine does.
+    readonly property string languageCode: translator ? translator.language : ""
 
     property int recSeconds: 0
     readonly property string recClock: Math.floor(recSeconds / 60) + ":"
@@ -81,6 +83,11 @@ Window {
         case "language": language.open(); break
         case "addphone": addPhone.open(); break
         }
+    }
+
+    // The code itself stands for a language that is not offered.
+    function nameOfLanguage(code: string): string {
+        return langList.find(entry => entry.code === code)?.name ?? code
     }
 
     function closeOrHide(): void {
@@ -235,11 +242,11 @@ Window {
         SettingsDialog {
             id: settings
 
+            objectName: "settings"
             theme: root
             app: root.controller
-            i18n: root.translator
-            updater: root.updates
-            langList: root.langList
+            homeUrl: root.updates.siteUrl
+            languageName: root.nameOfLanguage(root.languageCode)
             onLanguageClicked: {
                 close()
                 language.open()
@@ -249,14 +256,17 @@ Window {
         LanguageDialog {
             id: language
 
+            objectName: "language"
             theme: root
-            i18n: root.translator
-            langList: root.langList
+            languages: root.langList
+            current: root.languageCode
+            onPicked: code => root.translator.setLanguage(code)
         }
 
         AddPhoneDialog {
             id: addPhone
 
+            objectName: "addPhone"
             theme: root
             qrDataUrl: root.controller.qrDataUrl
             pairAddress: root.controller.pairAddress
@@ -291,6 +301,7 @@ Window {
     EditMenu {
         id: editMenu
 
+        objectName: "editMenu"
         theme: root
     }
 }

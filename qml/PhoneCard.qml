@@ -21,6 +21,7 @@ Clickable {
     signal renamed(int id, string name)
     signal menuRequested(Item field, real sceneX, real sceneY)
 
+    objectName: "phoneCard"
     implicitWidth: 116
     implicitHeight: 118
     focusPolicy: editing ? Qt.NoFocus : Qt.StrongFocus

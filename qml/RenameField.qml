@@ -33,6 +33,7 @@ MouseArea {
     TextInput {
         id: input
 
+        objectName: "nameField"
         x: 13
         y: 78
         width: parent.width - 2 * x

@@ -24,15 +24,15 @@ Item {
 
         MouseArea {
             required property var modelData
-            readonly property bool left: (modelData.edges & Qt.LeftEdge) !== 0
-            readonly property bool right: (modelData.edges & Qt.RightEdge) !== 0
-            readonly property bool top: (modelData.edges & Qt.TopEdge) !== 0
-            readonly property bool bottom: (modelData.edges & Qt.BottomEdge) !== 0
+            readonly property bool atLeft: (modelData.edges & Qt.LeftEdge) !== 0
+            readonly property bool atRight: (modelData.edges & Qt.RightEdge) !== 0
+            readonly property bool atTop: (modelData.edges & Qt.TopEdge) !== 0
+            readonly property bool atBottom: (modelData.edges & Qt.BottomEdge) !== 0
 
-            x: right ? root.width - root.thickness : 0
-            y: bottom ? root.height - root.thickness : 0
-            width: left || right ? root.thickness : root.width
-            height: top || bottom ? root.thickness : root.height
+            x: atRight ? root.width - root.thickness : 0
+            y: atBottom ? root.height - root.thickness : 0
+            width: atLeft || atRight ? root.thickness : root.width
+            height: atTop || atBottom ? root.thickness : root.height
             cursorShape: modelData.cursor
             onPressed: root.resizeStarted(modelData.edges)
         }

@@ -6,10 +6,9 @@ import Pevrix
 Modal {
     id: root
 
-    required property var app     // the controller
-    required property var i18n    // the translator
-    required property var updater
-    required property var langList
+    required property var app // the controller
+    required property string languageName
+    required property string homeUrl
     property int tab: 0
 
     signal languageClicked()
@@ -40,8 +39,7 @@ Modal {
             width: parent.width
             visible: root.tab === 0
             app: root.app
-            i18n: root.i18n
-            langList: root.langList
+            languageName: root.languageName
             onLanguageClicked: root.languageClicked()
         }
 
@@ -67,7 +65,7 @@ Modal {
             anchors.fill: parent
             visible: root.tab === 3
             version: root.app.appVersion
-            homeUrl: root.updater.siteUrl
+            homeUrl: root.homeUrl
         }
     }
 }

@@ -37,9 +37,10 @@ wait_for() {
     done
 }
 
+# The window without the transparent margin around its card, which nothing blends here.
 photograph() {
-    ffmpeg -loglevel error -y -f x11grab -draw_mouse 0 -i "$DISPLAY" -frames:v 1 "$1" \
-        2>"$work/photograph.log" || fail "the window could not be photographed"
+    ffmpeg -loglevel error -y -f x11grab -draw_mouse 0 -video_size 508x608 \
+        -i "$DISPLAY+16,16" -frames:v 1 "$1" 2>"$work/photograph.log" || fail "the window could not be photographed"
 }
 
 start_display() {
@@ -118,9 +119,9 @@ measure_camera() {
         fail "the virtual camera gave no pictures with times"
 }
 
-# The Record button is at the bottom right of the window.
+# The Record button is at the right, above the strip of phones.
 press_record() {
-    xdotool mousemove 480 608 click 1
+    xdotool mousemove 460 459 click 1
 }
 
 # Records three seconds as a person would do it and prints what the file is.

@@ -1,0 +1,89 @@
+#include "tools/gallery/Gallery.h"
+
+#include "pairing/Pairing.h"
+#include "tools/gallery/Scene.h"
+
+#include <QDir>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQuickWindow>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace pevrix {
+
+namespace {
+
+// Longer than every animation of the interface, and than the window's first frames.
+constexpr int kSettleMs = 500;
+
+enum ThemeMode
+{
+    Light = 1,
+    Dark = 2
+};
+
+} // namespace
+
+Gallery::Gallery(const Options& options)
+    : m_options(options)
+{
+    m_app = make(u"ScriptedApp"_s);
+    m_updater = make(u"ScriptedUpdater"_s);
+    const PairingInfo pairing = describePairing({}, {}, {}, 0, true);
+    m_app->setProperty("qrDataUrl", pairing.qrDataUrl);
+    m_app->setProperty("pairAddress", pairing.addressText);
+    m_app->setProperty("pcName", pairing.pcName);
+    m_app->setProperty("themeMode", options.dark ? Dark : Light);
+    m_engine.rootContext()->setContextProperty(u"app"_s, m_app.get());
+    m_engine.rootContext()->setContextProperty(u"updater"_s, m_updater.get());
+}
+
+Gallery::~Gallery() = default;
+
+bool Gallery::load()
+{
+    m_engine.load(QUrl(u"qrc:/qml/Main.qml"_s));
+    m_window = qobject_cast<QQuickWindow*>(m_engine.rootObjects().value(0));
+    if (m_window == nullptr) {
+        return false;
+    }
+    m_views = make(u"Views"_s, {{u"window"_s, QVariant::fromValue<QObject*>(m_window)},
+                                {u"app"_s, QVariant::fromValue(m_app.get())},
+                                {u"updater"_s, QVariant::fromValue(m_updater.get())}});
+    m_window->setProperty("captureMode", true);
+    m_window->resize(m_options.size);
+    QMetaObject::invokeMethod(m_app.get(), "frameReady",
+                              Q_ARG(QVariant, QVariant::fromValue(paintScene())));
+    return true;
+}
+
+QStringList Gallery::takePictures()
+{
+    QStringList failed;
+    const QDir folder(m_options.folder);
+    const QLatin1StringView theme = m_options.dark ? "dark"_L1 : "light"_L1;
+    const QStringList names = m_views->property("names").toStringList();
+    for (const QString& name : names) {
+        QMetaObject::invokeMethod(m_views.get(), "arrange", Q_ARG(QString, name));
+        QTest::qWait(kSettleMs);
+        const QString file = folder.filePath(name + u'-' + theme + ".png"_L1);
+        if (!folder.mkpath(u"."_s) || !m_window->grabWindow().save(file)) {
+            failed.append(file);
+        }
+    }
+    return failed;
+}
+
+std::unique_ptr<QObject> Gallery::make(const QString& component, const QVariantMap& properties)
+{
+    QQmlComponent made(&m_engine, QUrl("qrc:/gallery/"_L1 + component + ".qml"_L1));
+    std::unique_ptr<QObject> object(made.createWithInitialProperties(properties));
+    if (!object) {
+        qFatal("%s", qPrintable(made.errorString()));
+    }
+    return object;
+}
+
+} // namespace pevrix

@@ -1,0 +1,67 @@
+import QtQuick
+
+// Brings the window into the state of each view of the gallery.
+QtObject {
+    id: root
+
+    required property var window
+    required property var app
+    required property var updater
+
+    readonly property list<string> names: [
+        "pairing", "firewall", "update", "live", "paused", "recording", "edit-menu", "add-phone",
+        "settings-general", "settings-camera", "settings-status", "settings-about", "language"
+    ]
+
+    function arrange(view: string): void {
+        for (const dialog of ["settings", "language", "addPhone", "editMenu"]) {
+            find(window.contentItem, dialog).close()
+        }
+        window.renamingCard?.cancelRename()
+        updater.available = view === "update"
+        updater.latestVersion = "1.2"
+        const themeMode = app.themeMode
+        app.reset()
+        app.themeMode = themeMode
+        if (["live", "paused", "recording", "edit-menu", "add-phone"].includes(view)) {
+            app.connectPhones()
+        }
+        switch (view) {
+        case "firewall": app.firewallBlocked = true; break
+        case "live": app.appConnected = true; break
+        case "paused": app.outputEnabled = false; break
+        case "recording":
+            app.recording = app.appConnected = true
+            window.recSeconds = 187
+            break
+        case "edit-menu": openEditMenu(); break
+        case "add-phone": window.shotOpenView("addphone"); break
+        case "language": window.shotOpenView("language"); break
+        }
+        const tab = ["general", "camera", "status", "about"].indexOf(view.replace("settings-", ""))
+        if (tab >= 0) {
+            window.shotOpenView("settings")
+            find(window.contentItem, "settings").tab = tab
+        }
+    }
+
+    function openEditMenu(): void {
+        const card = find(window.contentItem, "phoneCard")
+        card.beginRename()
+        const point = card.mapToItem(null, card.width / 2, 20)
+        card.menuRequested(find(card, "nameField"), point.x, point.y)
+    }
+
+    function find(item: Item, name: string): Item {
+        if (item.objectName === name) {
+            return item
+        }
+        for (const child of item.children) {
+            const found = find(child, name)
+            if (found !== null) {
+                return found
+            }
+        }
+        return null
+    }
+}

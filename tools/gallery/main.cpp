@@ -1,0 +1,83 @@
+#include "tools/gallery/Gallery.h"
+#include "ui/FramePreview.h"
+#include "ui/Translator.h"
+
+#include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QQmlContext>
+#include <QQuickWindow>
+#include <QStandardPaths>
+
+#include <cstdio>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<QSize> parseSize(const QString& text)
+{
+    const QStringList sides = text.split(u'x');
+    const QSize size(sides.value(0).toInt(), sides.value(1).toInt());
+    return sides.size() == 2 && !size.isEmpty() ? std::optional(size) : std::nullopt;
+}
+
+// Qt reads the factor when the application object is made, before which there is no parser.
+void setScale(int argc, char** argv)
+{
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (qstrcmp(argv[i], "--scale") == 0) {
+            qputenv("QT_SCALE_FACTOR", argv[i + 1]);
+        }
+    }
+}
+
+pevrix::Gallery::Options parseOptions(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        u"Writes a picture of every view of the interface. Needs a graphics API, for example "
+        "OpenGL on a virtual X display."_s);
+    parser.addHelpOption();
+    parser.addOptions({
+        {u"out"_s, u"Folder of the pictures."_s, u"folder"_s, u"gallery"_s},
+        {u"theme"_s, u"dark or light."_s, u"theme"_s, u"dark"_s},
+        {u"lang"_s, u"Language of the interface."_s, u"code"_s, u"en"_s},
+        {u"size"_s, u"Size of the window."_s, u"WxH"_s, u"540x640"_s},
+        {u"scale"_s, u"Pixels for each pixel of the window's size."_s, u"factor"_s, u"1"_s},
+    });
+    parser.process(application);
+    const QString theme = parser.value(u"theme"_s);
+    const auto size = parseSize(parser.value(u"size"_s));
+    if (!size || (theme != "dark"_L1 && theme != "light"_L1)) {
+        std::fputs("pevrix_gallery: that is no size or no theme; see --help.\n", stderr);
+        std::exit(EXIT_FAILURE);
+    }
+    return {.folder = parser.value(u"out"_s), .dark = theme == "dark"_L1, .size = *size};
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    setScale(argc, argv);
+    QStandardPaths::setTestModeEnabled(true); // the user's own settings are left alone
+    QQuickWindow::setDefaultAlphaBuffer(true);
+    QGuiApplication application(argc, argv);
+    // What the program has on Windows, or what stands in for it.
+    QGuiApplication::setFont(QFont(u"Segoe UI"_s));
+    qmlRegisterType<pevrix::FramePreview>("Pevrix", 1, 0, "FramePreview");
+    qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
+
+    pevrix::Gallery gallery(parseOptions(application));
+    pevrix::Translator translator(&application, gallery.engine());
+    gallery.engine()->rootContext()->setContextProperty(u"i18n"_s, &translator);
+    if (!gallery.load()) {
+        return EXIT_FAILURE;
+    }
+    const QStringList failed = gallery.takePictures();
+    for (const QString& file : failed) {
+        std::fprintf(stderr, "pevrix_gallery: cannot write %s\n", qPrintable(file));
+    }
+    return failed.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
