@@ -13,7 +13,9 @@ T.AbstractButton {
 
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
+    Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.onPressAction: click()
 
     Keys.onReturnPressed: click()
     Keys.onEnterPressed: click()

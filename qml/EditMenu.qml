@@ -63,6 +63,7 @@ Item {
     Rectangle {
         id: panel
 
+        objectName: "panel"
         width: 176
         height: rows.height + 10
         radius: 7
@@ -84,26 +85,29 @@ Item {
 
             EditMenuRow {
                 theme: root.theme
+                action: "cut"
                 label: qsTr("Cut")
                 keys: "Ctrl+X"
                 active: root.hasSelection && !root.target.readOnly
-                onTriggered: root.run("cut")
+                onTriggered: root.run(action)
             }
 
             EditMenuRow {
                 theme: root.theme
+                action: "copy"
                 label: qsTr("Copy")
                 keys: "Ctrl+C"
                 active: root.hasSelection
-                onTriggered: root.run("copy")
+                onTriggered: root.run(action)
             }
 
             EditMenuRow {
                 theme: root.theme
+                action: "paste"
                 label: qsTr("Paste")
                 keys: "Ctrl+V"
                 active: root.target !== null && root.target.canPaste
-                onTriggered: root.run("paste")
+                onTriggered: root.run(action)
             }
 
             Item {
@@ -120,10 +124,11 @@ Item {
 
             EditMenuRow {
                 theme: root.theme
+                action: "selectAll"
                 label: qsTr("Select all")
                 keys: "Ctrl+A"
                 active: root.target !== null && root.target.text.length > 0
-                onTriggered: root.run("selectAll")
+                onTriggered: root.run(action)
             }
         }
     }

@@ -6,6 +6,7 @@ Rectangle {
     id: root
 
     required property var theme
+    required property string action // the text input's function
     required property string label
     required property string keys // its shortcut
     required property bool active
@@ -15,6 +16,7 @@ Rectangle {
 
     signal triggered()
 
+    objectName: action
     width: parent.width
     height: 26
     radius: 5

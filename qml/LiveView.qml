@@ -53,6 +53,7 @@ Item {
             }
 
             RecordButton {
+                objectName: "recordButton"
                 recording: root.app.recording
                 clock: root.clock
                 enabled: root.app.recording || (root.app.live && root.app.outputEnabled)

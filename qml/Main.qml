@@ -200,6 +200,7 @@ Window {
         UpdateBar {
             id: updateBar
 
+            objectName: "updateBar"
             anchors { left: titleBar.left; right: titleBar.right; top: titleBar.bottom }
             available: root.updates.available
             latestVersion: root.updates.latestVersion
@@ -217,6 +218,7 @@ Window {
             }
 
             PairingView {
+                objectName: "pairingView"
                 anchors.fill: parent
                 visible: !root.onLive
                 qrDataUrl: root.controller.qrDataUrl
@@ -230,6 +232,7 @@ Window {
             LiveView {
                 id: liveView
 
+                objectName: "liveView"
                 anchors.fill: parent
                 visible: root.onLive
                 app: root.controller

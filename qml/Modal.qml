@@ -38,16 +38,32 @@ Item {
         shown = false
     }
 
+    function takeFocus(): void {
+        if (shown && visible) {
+            card.forceActiveFocus()
+        }
+    }
+
+    function focusFirst(): void {
+        closeButton.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    function focusLast(): void {
+        end.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+    }
+
     onShownChanged: {
         if (shown) {
             returnFocus = Window.activeFocusItem
             scroller.contentY = 0
-            card.forceActiveFocus()
+            takeFocus()
         } else if (returnFocus !== null) {
             returnFocus.forceActiveFocus()
             returnFocus = null
         }
     }
+
+    onVisibleChanged: takeFocus() // unseen it cannot
 
     Behavior on opacity { NumberAnimation { duration: 130; easing.type: Easing.OutCubic } }
 
@@ -71,9 +87,18 @@ Item {
         onWheel: wheel => wheel.accepted = true
     }
 
+    // Going back from the first control leads to the last one. Its counterpart is at the end.
+    Item {
+        activeFocusOnTab: root.shown
+        onActiveFocusChanged: if (activeFocus) {
+            root.focusLast()
+        }
+    }
+
     Rectangle {
         id: card
 
+        objectName: "card"
         readonly property real chrome: 2 * root.padding + root.headerHeight + root.headerGap
 
         anchors.centerIn: parent
@@ -85,20 +110,15 @@ Item {
         border.color: root.theme ? root.theme.hair : "#e0e6ee"
         scale: root.shown ? 1 : 0.96
 
+        Keys.onTabPressed: root.focusFirst()
+        Keys.onBacktabPressed: root.focusLast()
+
         Behavior on scale { NumberAnimation { duration: 130; easing.type: Easing.OutCubic } }
 
         MouseArea {
             anchors.fill: parent
             acceptedButtons: Qt.AllButtons
             onPressed: card.forceActiveFocus()
-        }
-
-        // Tab before the first control goes to the last one, and behind the last to the first.
-        Item {
-            activeFocusOnTab: root.shown
-            onActiveFocusChanged: if (activeFocus) {
-                end.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-            }
         }
 
         ElidedText {
@@ -139,6 +159,7 @@ Item {
         ScrollBody {
             id: scroller
 
+            objectName: "scroller"
             x: root.padding - root.ringRoom
             y: root.padding + root.headerHeight + root.headerGap - root.ringRoom
             width: column.width + root.ringRoom + 14
@@ -160,7 +181,7 @@ Item {
 
             activeFocusOnTab: root.shown
             onActiveFocusChanged: if (activeFocus) {
-                closeButton.forceActiveFocus(Qt.TabFocusReason)
+                root.focusFirst()
             }
         }
     }

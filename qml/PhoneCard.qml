@@ -6,25 +6,22 @@ import Pevrix
 Clickable {
     id: root
 
-    required property var entry // of the roster; null for a moment while the list shrinks
+    required property int phoneId
+    required property var entry // of the roster; null once the phone has left
     required property bool active
-
-    readonly property int phoneId: entry?.id ?? 0
-    readonly property bool editing: editedId !== 0
-    property int editedId: 0 // the phone being renamed; the entry may become another's meanwhile
+    property bool editing: false
 
     readonly property string system: entry ? entry.model || entry.os : ""
     readonly property string subline: !entry || !entry.usb ? system
                                       : system === "" ? "USB" : system + " · USB"
 
     signal activated()
-    signal renamed(int id, string name)
+    signal renamed(string name)
     signal menuRequested(Item field, real sceneX, real sceneY)
 
     objectName: "phoneCard"
     implicitWidth: 116
     implicitHeight: 118
-    focusPolicy: editing ? Qt.NoFocus : Qt.StrongFocus
     ringRadius: 12
     ringGap: -2
     Accessible.role: Accessible.RadioButton
@@ -37,7 +34,6 @@ Clickable {
         activated()
     }
     onDoubleClicked: beginRename()
-    onPhoneIdChanged: commitRename()
     Keys.onPressed: event => {
         if (event.key === Qt.Key_F2) {
             beginRename()
@@ -46,23 +42,21 @@ Clickable {
     }
 
     function beginRename(): void {
-        if (editing || !entry) {
-            return
+        if (!editing && entry) {
+            editing = true
+            field.begin(entry.name)
         }
-        editedId = phoneId
-        field.begin(entry.name)
     }
 
     function commitRename(): void {
         if (editing) {
-            const id = editedId
-            editedId = 0 // hiding the field takes its focus, which must not commit again
-            renamed(id, field.text)
+            editing = false // first: hiding the field takes its focus, which commits, too
+            renamed(field.text)
         }
     }
 
     function cancelRename(): void {
-        editedId = 0
+        editing = false
     }
 
     background: Rectangle {
@@ -82,8 +76,8 @@ Clickable {
         }
 
         LiveBadge {
-            x: 8
-            y: 8
+            x: 7
+            y: 7
             visible: root.active
         }
 
@@ -129,6 +123,7 @@ Clickable {
             x: parent.width - width - 7
             y: 7
             visible: !root.editing
+            phoneName: root.entry ? root.entry.name : ""
             revealed: hover.hovered || root.visualFocus
             onClicked: root.beginRename()
         }

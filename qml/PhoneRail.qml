@@ -24,6 +24,27 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     clip: true
 
+    onPhonesChanged: followPhones()
+    Component.onCompleted: followPhones()
+
+    // A card lasts as long as its phone stays: making all anew would end a renaming.
+    function followPhones(): void {
+        for (let i = ids.count - 1; i >= 0; --i) {
+            const id = ids.get(i).phoneId
+            if (!phones.some(phone => phone.id === id)) {
+                if (renamingCard?.phoneId === id) {
+                    renamingCard.cancelRename()
+                }
+                ids.remove(i)
+            }
+        }
+        for (let i = 0; i < phones.length; ++i) {
+            if (i >= ids.count || ids.get(i).phoneId !== phones[i].id) {
+                ids.insert(i, { phoneId: phones[i].id })
+            }
+        }
+    }
+
     // The card that takes the keyboard focus comes into view.
     onFocusItemChanged: {
         for (let item = focusItem; item !== null; item = item.parent) {
@@ -48,20 +69,16 @@ Flickable {
         y: 1
         spacing: 10
 
-        // By index: a change of the list updates the cards instead of making them anew, which
-        // would end a renaming.
         Repeater {
-            model: root.phones.length
+            model: ListModel { id: ids }
 
             PhoneCard {
                 id: card
 
-                required property int index
-
-                entry: root.phones[index] ?? null
-                active: entry !== null && entry.id === root.activeId
-                onActivated: root.activated(entry.id)
-                onRenamed: (id, name) => root.renamed(id, name)
+                entry: root.phones.find(phone => phone.id === phoneId) ?? null
+                active: phoneId === root.activeId
+                onActivated: root.activated(phoneId)
+                onRenamed: name => root.renamed(phoneId, name)
                 onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)
                 onEditingChanged: {
                     if (editing) {

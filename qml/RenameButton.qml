@@ -6,13 +6,14 @@ import Pevrix
 Clickable {
     id: root
 
+    required property string phoneName
     required property bool revealed
 
     implicitWidth: 20
     implicitHeight: 18
     opacity: revealed || visualFocus ? 1 : 0
     ringRadius: Theme.rChip
-    Accessible.name: qsTr("Rename")
+    Accessible.name: qsTr("Rename %1").arg(phoneName)
 
     background: Rectangle {
         radius: Theme.rChip

@@ -31,7 +31,7 @@ Gallery::Gallery(const Options& options)
 {
     m_app = make(u"ScriptedApp"_s);
     m_updater = make(u"ScriptedUpdater"_s);
-    const PairingInfo pairing = describePairing({}, {}, {}, 0, true);
+    const PairingInfo pairing = describePairing({}, {}, {}, 8788, true);
     m_app->setProperty("qrDataUrl", pairing.qrDataUrl);
     m_app->setProperty("pairAddress", pairing.addressText);
     m_app->setProperty("pcName", pairing.pcName);

@@ -93,7 +93,7 @@ void paintPerson(QPainter& painter)
     painter.drawEllipse(QPointF(640, 330), 112, 140); // face
     QPainterPath fringe;
     fringe.moveTo(524, 300);
-    fringe.cubicTo(540, 170, 740, 160, 758, 300);
+    fringe.cubicTo(530, 90, 750, 90, 758, 300);
     fringe.cubicTo(720, 250, 640, 230, 600, 236);
     fringe.cubicTo(570, 250, 545, 270, 524, 300);
     painter.setBrush(QColor(0x3a2a25));

@@ -48,7 +48,7 @@ QtObject {
     function openEditMenu(): void {
         const card = find(window.contentItem, "phoneCard")
         card.beginRename()
-        const point = card.mapToItem(null, card.width / 2, 20)
+        const point = card.mapToItem(null, card.width - 14, 88)
         card.menuRequested(find(card, "nameField"), point.x, point.y)
     }
 

@@ -65,7 +65,9 @@ int main(int argc, char** argv)
     QQuickWindow::setDefaultAlphaBuffer(true);
     QGuiApplication application(argc, argv);
     // What the program has on Windows, or what stands in for it.
-    QGuiApplication::setFont(QFont(u"Segoe UI"_s));
+    QFont font;
+    font.setFamilies({u"Segoe UI"_s, u"Open Sans"_s});
+    QGuiApplication::setFont(font);
     qmlRegisterType<pevrix::FramePreview>("Pevrix", 1, 0, "FramePreview");
     qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
 

@@ -1,0 +1,59 @@
+#include "ui/FramePreview.h"
+#include "ui/Translator.h"
+
+#include <QtQuickTest/quicktest.h>
+
+#include <QCoreApplication>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QStandardPaths>
+
+#include <memory>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace pevrix {
+
+/// Gives each test file's engine what the program gives its own, scripted where a state at will is
+/// needed.
+class Setup : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void applicationAvailable()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        qmlRegisterType<FramePreview>("Pevrix", 1, 0, "FramePreview");
+        qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
+    }
+
+    void qmlEngineAvailable(QQmlEngine* engine)
+    {
+        provide(engine, u"app"_s, make(engine, u"ScriptedApp"_s));
+        provide(engine, u"updater"_s, make(engine, u"ScriptedUpdater"_s));
+        auto* translator = new Translator(QCoreApplication::instance(), engine, engine);
+        engine->rootContext()->setContextProperty(u"i18n"_s, translator);
+    }
+
+private:
+    static QObject* make(QQmlEngine* engine, const QString& component)
+    {
+        QQmlComponent made(engine, QUrl("qrc:/gallery/"_L1 + component + ".qml"_L1));
+        return made.create();
+    }
+
+    static void provide(QQmlEngine* engine, const QString& name, QObject* object)
+    {
+        object->setParent(engine);
+        engine->rootContext()->setContextProperty(name, object);
+    }
+};
+
+} // namespace pevrix
+
+QUICK_TEST_MAIN_WITH_SETUP(qml, pevrix::Setup)
+
+#include "QmlTests.moc"

@@ -1,0 +1,289 @@
+import QtQuick
+import QtTest
+import Pevrix
+import "qrc:/qml"
+
+// The main window around a scripted controller.
+TestCase {
+    id: test
+
+    name: "Window"
+    when: windowShown
+
+    readonly property var controller: app
+    property var window: null
+
+    Component { id: mainComponent; Main {} }
+
+    function init() {
+        failOnWarning(/.?/)
+        controller.reset()
+        updater.available = false
+        window = createTemporaryObject(mainComponent, test)
+        window.requestActivate()
+        tryVerify(() => window.active)
+    }
+
+    function part(name, item = window.contentItem) {
+        if (item.objectName === name) {
+            return item
+        }
+        for (const child of item.children) {
+            const found = part(name, child)
+            if (found !== null) {
+                return found
+            }
+        }
+        return null
+    }
+
+    function open(view) {
+        window.shotOpenView(view)
+        const dialog = part({ settings: "settings", language: "language", addphone: "addPhone" }[view])
+        tryCompare(dialog, "opacity", 1)
+        return dialog
+    }
+
+    // Every control below `item` that can be used now.
+    function controlsIn(item, found = []) {
+        for (const child of item.children) {
+            if (child.visible && child.enabled) {
+                if (child.visualFocus !== undefined && child.clicked) {
+                    found.push(child)
+                }
+                controlsIn(child, found)
+            }
+        }
+        return found
+    }
+
+    // Walks with Tab from wherever the focus is until it comes round.
+    function walk() {
+        const seen = []
+        for (let i = 0; i < 60; ++i) {
+            keyClick(Qt.Key_Tab)
+            const item = window.activeFocusItem
+            if (seen.includes(item)) {
+                break
+            }
+            verify(item.visualFocus, `no focus ring: ${item}`)
+            seen.push(item)
+        }
+        return seen
+    }
+
+    function checkTabOrder(scope) {
+        const controls = controlsIn(scope)
+        const seen = walk()
+        for (const control of controls) {
+            verify(seen.includes(control), `Tab misses "${control.Accessible.name}"`)
+        }
+        compare(seen.length, controls.length, "Tab leaves the dialog")
+        for (const item of seen) {
+            verify(item.Accessible.role !== Accessible.NoRole, item)
+            verify(item.Accessible.name !== "", item)
+        }
+        compare(new Set(seen.map(item => item.Accessible.name + item.Accessible.role)).size,
+                seen.length, "two controls of one name")
+    }
+
+    function test_tabReachesEveryControlWhichHasARoleAndAName_data() {
+        return [
+            { tag: "pairing" },
+            { tag: "live" },
+            { tag: "general", dialog: "settings", tab: 0 },
+            { tag: "camera", dialog: "settings", tab: 1 },
+            { tag: "status", dialog: "settings", tab: 2 },
+            { tag: "about", dialog: "settings", tab: 3 },
+            { tag: "language", dialog: "language" },
+            { tag: "add phone", dialog: "addphone" }
+        ]
+    }
+
+    function test_tabReachesEveryControlWhichHasARoleAndAName(row) {
+        controller.firewallBlocked = updater.available = true
+        updater.latestVersion = "1.2"
+        if (row.tag === "live") {
+            controller.connectPhones()
+        }
+        let scope = window.contentItem
+        if (row.dialog) {
+            scope = open(row.dialog)
+            if (row.tab !== undefined) {
+                scope.tab = row.tab
+            }
+        }
+        checkTabOrder(scope)
+    }
+
+    function test_viewFollowsThePhonesAndTheirFramesAreShown() {
+        const live = part("liveView")
+        const pairing = part("pairingView")
+        verify(pairing.visible && !live.visible)
+        controller.connectPhones()
+        verify(live.visible && !pairing.visible)
+        controller.phoneConnected = false
+        verify(pairing.visible && !live.visible)
+    }
+
+    function test_recordButton_data() {
+        return [
+            { tag: "no video", live: false, output: true, recording: false, enabled: false },
+            { tag: "paused", live: true, output: false, recording: false, enabled: false },
+            { tag: "live", live: true, output: true, recording: false, enabled: true },
+            { tag: "recording though paused", live: false, output: false, recording: true, enabled: true }
+        ]
+    }
+
+    function test_recordButton(row) {
+        controller.connectPhones()
+        controller.live = row.live
+        controller.outputEnabled = row.output
+        controller.recording = row.recording
+        const button = part("recordButton")
+        compare(button.enabled, row.enabled)
+        mouseClick(button)
+        compare(controller.calls.includes("toggleRecording"), row.enabled)
+    }
+
+    function test_recordingClockRunsFromZero() {
+        controller.recording = true
+        compare(window.recClock, "0:00")
+        tryVerify(() => window.recSeconds > 0)
+        window.recSeconds = 187
+        compare(window.recClock, "3:07")
+        controller.recording = false
+        compare(window.recSeconds, 0)
+    }
+
+    function cards() {
+        controller.connectPhones()
+        controller.calls = []
+        waitForRendering(window.contentItem)
+        return controlsIn(window.contentItem).filter(item => item.objectName === "phoneCard")
+    }
+
+    function type(text) {
+        for (const letter of text) {
+            keyClick(letter)
+        }
+    }
+
+    function test_aClickOnACardActivatesAndADoubleClickRenames() {
+        const [first, second] = cards()
+        mouseClick(second, 50, 40)
+        compare(controller.calls, ["setActive 2"])
+        verify(second.active && !first.active)
+        mouseDoubleClickSequence(first, 50, 40)
+        compare(window.renamingCard, first)
+    }
+
+    function test_renamingEndsAsItShould_data() {
+        const other = "renamePhone 1 new"
+        return [
+            { tag: "Enter", end: () => keyClick(Qt.Key_Return), calls: [other] },
+            { tag: "Escape", end: () => keyClick(Qt.Key_Escape), calls: [] },
+            { tag: "Tab", end: () => keyClick(Qt.Key_Tab), calls: [other] },
+            { tag: "second card", end: (first, second) => second.beginRename(), calls: [other],
+              goesOn: true },
+            { tag: "click elsewhere, which does no more",
+              end: (first, second) => mouseClick(second, 50, 40), calls: [other] },
+            { tag: "click on the card", end: first => mouseClick(first, 50, 40), calls: [], goesOn: true },
+            { tag: "other phone leaves", end: () => controller.phones = controller.phones.slice(0, 1),
+              calls: [], goesOn: true },
+            { tag: "phone leaves", end: () => controller.phones = controller.phones.slice(1),
+              calls: [] },
+            { tag: "all phones leave", end: () => controller.phones = [], calls: [] }
+        ]
+    }
+
+    function test_renamingEndsAsItShould(row) {
+        const [first, second] = cards()
+        first.forceActiveFocus(Qt.TabFocusReason)
+        keyClick(Qt.Key_F2)
+        compare(window.renamingCard, first)
+        compare(part("nameField").selectedText, "Kitchen phone")
+        type("new")
+        row.end(first, second)
+        compare(controller.calls, row.calls)
+        compare(window.renamingCard !== null, row.goesOn ?? false)
+    }
+
+    function test_editMenuOfTheNameFieldLeavesTheRenamingOpen() {
+        const [first] = cards()
+        first.beginRename()
+        const field = part("nameField")
+        mouseClick(field, 5, 5, Qt.RightButton)
+        const menu = part("editMenu")
+        verify(menu.shown)
+        keyClick(Qt.Key_Escape)
+        verify(!menu.shown)
+        compare(window.renamingCard, first)
+        compare(controller.calls, [])
+    }
+
+    function test_updateBarIsDismissedForTheRun() {
+        const bar = part("updateBar")
+        compare(bar.height, 0)
+        updater.latestVersion = "1.2"
+        updater.available = true
+        compare(bar.height, 36)
+        const [download, dismiss] = controlsIn(bar)
+        mouseClick(download)
+        compare(updater.downloads, 1)
+        mouseClick(dismiss)
+        verify(!bar.visible)
+        updater.available = false
+        updater.available = true
+        verify(!bar.visible)
+    }
+
+    function test_themeFollowsTheSystemTheSettingAndAForcedOne() {
+        verify(Theme.dark)
+        controller.osDark = false
+        verify(!Theme.dark)
+        controller.themeMode = 2
+        verify(Theme.dark)
+        window.shotSetTheme(1)
+        verify(!Theme.dark)
+        compare(controller.themeMode, 2)
+        controller.themeMode = 0
+        compare(window.themeMode, 1)
+    }
+
+    function test_captureModeIsASquareCardWithoutMargin() {
+        compare([window.shadowMargin, window.cardRadius], [16, 12])
+        window.captureMode = true
+        compare([window.shadowMargin, window.cardRadius], [0, 0])
+    }
+
+    function test_closingHidesOnlyWithTheTray() {
+        window.close()
+        verify(!window.visible)
+        window.show()
+        controller.minimizeToTray = false
+        window.close()
+        verify(!window.visible)
+    }
+
+    function test_settingsOpenOnTheFirstTabAndWriteThrough() {
+        const settings = open("settings")
+        const controls = () => controlsIn(settings)
+        const press = name => mouseClick(controls().find(item => item.Accessible.name === name))
+        press("Dark")
+        compare(window.themeMode, 2)
+        press("Camera")
+        compare(settings.tab, 1)
+        press("Regenerate")
+        verify(controller.calls.includes("regeneratePairing"))
+        settings.close()
+        tryVerify(() => !settings.visible)
+        open("settings")
+        compare(settings.tab, 0)
+    }
+
+    function test_languageOfTheInterfaceChangesWhileItRuns() {
+        compare(window.nameOfLanguage("ja"), "日本語")
+        compare(window.nameOfLanguage("xx"), "xx")
+    }
+}
