@@ -1,0 +1,14 @@
+# ./dev gallery: a picture of every view of the interface, dark and light, into docs/gallery/.
+
+command_gallery() {
+    [ $# = 0 ] || fail "the gallery takes no arguments" \
+        "build/native/bin/pevrix_gallery --help tells what the program itself can do"
+    build_preset native --target pevrix_gallery
+    local theme
+    for theme in dark light; do
+        say "photographing the $theme theme"
+        in_environment xvfb-run -a -s '-screen 0 1280x1024x24' \
+            build/native/bin/pevrix_gallery --out docs/gallery --theme "$theme" ||
+            fail "not every picture of the $theme theme was taken" "mend the error above"
+    done
+}
