@@ -58,18 +58,19 @@ Item {
             anchors.fill: parent
             visible: !root.outputEnabled
         }
+    }
 
-        OutputChip {
-            x: 12
-            y: 12
-            live: root.outputEnabled
-            onClicked: root.outputToggled()
-        }
+    // Not in the panel, whose mask would have to be drawn anew for each step of a pulse.
+    OutputChip {
+        x: 12
+        y: 12
+        live: root.outputEnabled
+        onClicked: root.outputToggled()
+    }
 
-        InUseChip {
-            x: parent.width - width - 12
-            y: 12
-            visible: root.appConnected
-        }
+    InUseChip {
+        x: parent.width - width - 12
+        y: 12
+        visible: root.appConnected
     }
 }
