@@ -224,7 +224,7 @@ Window {
                 qrDataUrl: root.controller.qrDataUrl
                 pairAddress: root.controller.pairAddress
                 pcName: root.controller.pcName
-                firewallBlocked: root.controller.firewallBlocked
+                firewallBlocked: root.controller.firewallBlocked === true
                 appUrl: root.updates.siteUrl + "/app"
                 onAllowClicked: root.controller.allowThroughFirewall()
             }
