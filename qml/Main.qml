@@ -242,37 +242,43 @@ Window {
             }
         }
 
-        SettingsDialog {
+        LazyDialog {
             id: settings
 
-            objectName: "settings"
-            theme: root
-            app: root.controller
-            homeUrl: root.updates.siteUrl
-            languageName: root.nameOfLanguage(root.languageCode)
-            onLanguageClicked: {
-                close()
-                language.open()
+            sourceComponent: SettingsDialog {
+                objectName: "settings"
+                theme: root
+                app: root.controller
+                homeUrl: root.updates.siteUrl
+                languageName: root.nameOfLanguage(root.languageCode)
+                onLanguageClicked: {
+                    close()
+                    language.open()
+                }
             }
         }
 
-        LanguageDialog {
+        LazyDialog {
             id: language
 
-            objectName: "language"
-            theme: root
-            languages: root.langList
-            current: root.languageCode
-            onPicked: code => root.translator.setLanguage(code)
+            sourceComponent: LanguageDialog {
+                objectName: "language"
+                theme: root
+                languages: root.langList
+                current: root.languageCode
+                onPicked: code => root.translator.setLanguage(code)
+            }
         }
 
-        AddPhoneDialog {
+        LazyDialog {
             id: addPhone
 
-            objectName: "addPhone"
-            theme: root
-            qrDataUrl: root.controller.qrDataUrl
-            pairAddress: root.controller.pairAddress
+            sourceComponent: AddPhoneDialog {
+                objectName: "addPhone"
+                theme: root
+                qrDataUrl: root.controller.qrDataUrl
+                pairAddress: root.controller.pairAddress
+            }
         }
     }
 

@@ -15,7 +15,7 @@ QtObject {
 
     function arrange(view: string): void {
         for (const dialog of ["settings", "language", "addPhone", "editMenu"]) {
-            find(window.contentItem, dialog).close()
+            find(window.contentItem, dialog)?.close()
         }
         window.renamingCard?.cancelRename()
         updater.available = view === "update"

@@ -1,0 +1,13 @@
+import QtQuick
+
+// A dialog that is made when it is opened for the first time, so that the window appears sooner.
+Loader {
+    anchors.fill: parent
+    z: 200
+    active: false
+
+    function open(): void {
+        active = true
+        (item as Modal).open()
+    }
+}
