@@ -16,15 +16,15 @@ Column {
         label: qsTr("CAMERA")
 
         InfoRow {
-            Dot { color: root.app.cameraRegistered === true ? Theme.accent : Theme.amber }
+            Dot { color: root.app.cameraRegistered ? Theme.accent : Theme.amber }
 
             ElidedText {
                 Layout.fillWidth: true
-                text: root.app.cameraRegistered === true ? qsTr("Registered") : qsTr("Not registered")
+                text: root.app.cameraRegistered ? qsTr("Registered") : qsTr("Not registered")
             }
 
             AppButton {
-                visible: root.app.cameraRegistered === true
+                visible: root.app.cameraRegistered
                 size: Theme.btnHsm
                 text: qsTr("Unregister")
                 onClicked: root.app.unregisterCamera()

@@ -8,6 +8,7 @@ Loader {
 
     function open(): void {
         active = true
-        (item as Modal).open()
+        const dialog = item as Modal
+        dialog.open()
     }
 }

@@ -28,7 +28,7 @@ Window {
     readonly property bool onLive: controller.phoneConnected
     property alias renamingCard: liveView.renamingCard
     // The translator ends before the engine does.
-    readonly property string languageCode: translator ? translator.language : ""
+    readonly property string languageCode: translator?.language ?? ""
 
     property int recSeconds: 0
     readonly property string recClock: Math.floor(recSeconds / 60) + ":"
@@ -224,7 +224,7 @@ Window {
                 qrDataUrl: root.controller.qrDataUrl
                 pairAddress: root.controller.pairAddress
                 pcName: root.controller.pcName
-                firewallBlocked: root.controller.firewallBlocked === true
+                firewallBlocked: root.controller.firewallBlocked
                 appUrl: root.updates.siteUrl + "/app"
                 onAllowClicked: root.controller.allowThroughFirewall()
             }
@@ -289,27 +289,10 @@ Window {
         onResizeStarted: edges => root.startSystemResize(edges)
     }
 
-    // While a name is edited, a click anywhere else commits it and does nothing more.
-    MouseArea {
-        id: renameCatcher
-
-        anchors.fill: parent
-        z: 300
-        visible: root.renamingCard !== null
-        acceptedButtons: Qt.AllButtons
-        onPressed: mouse => {
-            const inCard = root.renamingCard.mapFromItem(renameCatcher, mouse.x, mouse.y)
-            if (root.renamingCard.contains(inCard)) {
-                mouse.accepted = false
-            } else {
-                root.renamingCard.commitRename()
-            }
-        }
-    }
+    RenameCatcher { card: root.renamingCard }
 
     EditMenu {
         id: editMenu
-
         objectName: "editMenu"
         theme: root
     }
