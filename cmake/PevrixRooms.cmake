@@ -48,6 +48,16 @@ function(pevrix_executable name)
     set_target_properties(${name} PROPERTIES AUTOMOC ${PEVRIX_QT})
 endfunction()
 
+# pevrix_windows_resources(TARGET DESCRIPTION)
+# Manifest (TARGET.manifest, beside the CMakeLists.txt), version and icon of a Windows program.
+function(pevrix_windows_resources target description)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/program.rc.in ${target}.rc @ONLY)
+    target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
+    if(MSVC)
+        target_link_options(${target} PRIVATE /MANIFEST:NO) # no second one beside ours
+    endif()
+endfunction()
+
 # pevrix_test(NAME SOURCES file... LINKS target...)
 # A GoogleTest program; every test in it is a ctest test. Qt's own display is never needed. For
 # Windows the whole program is one ctest test: starting it takes Wine about a second.

@@ -1,20 +1,26 @@
 # ./dev windows: the 64-bit Windows program, cross-compiled with MinGW-w64 and tested under Wine.
-# With a Qt for Windows it is the whole program, without one the rooms that are free of Qt.
+# Its Qt is the one in PEVRIX_QT_WINDOWS, else qt-windows in this project's cache folder, else one
+# that is built from source. 'windows test' goes without: the rooms that are free of Qt need minutes.
 #
-# PEVRIX_QT_WINDOWS=FOLDER  the Qt for Windows (default: qt-windows in this project's cache folder)
+# PEVRIX_QT_WINDOWS=FOLDER  the Qt for Windows
 
 command_windows() {
     local action=${1:-}
     shift || true
     case $action in
-        build | test) ;;
-        *) fail "'windows' takes build or test" "for example: ./dev windows test" ;;
+        build | test | run | package) ;;
+        *) fail "'windows' takes build, test, run or package" "for example: ./dev windows test" ;;
     esac
     find_windows_qt
     use_packages native windows
     ensure_environment
+    [ -n "$windows_qt" ] || [ "$action" = test ] || build_windows_qt
     build_windows
-    [ "$action" = build ] || test_windows "$@"
+    case $action in
+        test) test_windows "$@" ;;
+        run) run_windows "$@" ;;
+        package) source tools/dev/windows-package.sh && package_windows ;;
+    esac
 }
 
 # Sets windows_qt to the folder of the Qt for Windows, or to nothing where there is none.
@@ -26,13 +32,22 @@ find_windows_qt() {
     elif [ -n "${PEVRIX_QT_WINDOWS:-}" ]; then
         fail "there is no Qt for Windows in $windows_qt" "set PEVRIX_QT_WINDOWS to the folder that has its lib/cmake"
     else
-        say "without a Qt for Windows: only the rooms that are free of Qt"
         windows_qt=
     fi
 }
 
+build_windows_qt() {
+    windows_qt=$cache_dir/qt-windows
+    say "there is no Qt for Windows; building it takes about 50 minutes on two cores, once \
+(interrupted, it goes on where it stopped; PEVRIX_QT_WINDOWS names one that you have)"
+    in_environment tools/windows/build-qt "$windows_qt" ||
+        fail "Qt for Windows could not be built" "see the message above"
+    export PEVRIX_QT_WINDOWS=$windows_qt
+}
+
 build_windows() {
     local options=(-DPEVRIX_QT=OFF) log
+    [ -n "$windows_qt" ] || say "without a Qt for Windows: only the rooms that are free of Qt"
     log=$(log_path configure-windows)
     if [ -n "$windows_qt" ]; then
         ensure_qrcodegen_source
@@ -48,6 +63,13 @@ build_windows() {
     printf '%s\n' "${options[*]/--fresh/}" | sed 's/ *$//' >build/windows/options
     in_environment cmake --build build/windows ||
         fail "building 'windows' failed" "mend the error above and run the command again"
+    [ -z "$windows_qt" ] || deploy_windows build/windows/bin --qml tests/qml
+}
+
+# deploy_windows FOLDER [OPTION...]: puts beside the programs in the folder what they need to start.
+deploy_windows() {
+    in_environment tools/windows/deploy --qt "$windows_qt" --qml qml "${@:2}" "$1" ||
+        fail "the Windows programs in $1 lack something" "see the message above"
 }
 
 # Debian has the QR library built for Linux only; its one source file is compiled for Windows.
@@ -64,6 +86,18 @@ ensure_qrcodegen_source() {
 
 test_windows() {
     say "testing under Wine (windows)"
-    in_environment bash tools/dev/windows-session.sh "$@" ||
+    in_environment xvfb-run -a bash tools/dev/windows-session.sh "$@" ||
         fail "tests failed" "run one alone with: ./dev windows test -R NAME"
+    if [ -n "$windows_qt" ] && [ $# = 0 ]; then
+        build_preset native --target phonesim
+        say "the program, with a simulated phone"
+        in_environment bash tools/dev/windows-program-session.sh ||
+            fail "the Windows program failed" "see the messages above"
+    fi
+}
+
+run_windows() {
+    [ -n "${DISPLAY:-}" ] || fail "there is no display to show the window on" \
+        "use a virtual one: xvfb-run -a ./dev windows run"
+    in_environment tools/dev/wine-run build/windows/bin/pevrix.exe "$@"
 }

@@ -1,0 +1,160 @@
+; The Windows installer: per machine, silent with /S, another folder with /D=FOLDER (last).
+; makensis gets VERSION, STAGE (the folder with the program's files), LISTS (the folder with the
+; uninstaller's lists of them) and OUTFILE.
+Unicode true
+Target amd64-unicode
+SetCompressor /SOLID lzma
+RequestExecutionLevel admin
+ManifestDPIAware true
+ManifestLongPathAware true
+ManifestSupportedOS Win10
+
+!include LogicLib.nsh
+!include MUI2.nsh
+
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Pevrix"
+!define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
+; The name that pevrix-camsetup.exe gives its rule.
+!define FIREWALL_RULE "Pevrix"
+
+Name "Pevrix"
+OutFile "${OUTFILE}"
+InstallDir "$PROGRAMFILES64\Pevrix"
+InstallDirRegKey HKLM "${UNINSTALL_KEY}" "InstallLocation"
+BrandingText "Pevrix ${VERSION}"
+VIProductVersion "${VERSION}.0.0"
+VIAddVersionKey ProductName "Pevrix"
+VIAddVersionKey ProductVersion "${VERSION}"
+VIAddVersionKey FileVersion "${VERSION}"
+VIAddVersionKey FileDescription "Pevrix installer"
+VIAddVersionKey CompanyName "Pevrix"
+VIAddVersionKey LegalCopyright "Pevrix"
+
+!define MUI_ICON "${STAGE}\..\app-icon.ico"
+!define MUI_UNICON "${STAGE}\..\app-icon.ico"
+!define MUI_ABORTWARNING
+!define MUI_FINISHPAGE_RUN "$WINDIR\explorer.exe"
+!define MUI_FINISHPAGE_RUN_PARAMETERS '"$INSTDIR\pevrix.exe"' ; by the shell: without our rights
+!define MUI_FINISHPAGE_RUN_TEXT "Start Pevrix"
+!insertmacro MUI_PAGE_WELCOME
+!insertmacro MUI_PAGE_LICENSE "${STAGE}\NOTICES.txt"
+!insertmacro MUI_PAGE_COMPONENTS
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE English
+
+; Windows keeps the file of a running program from being opened for writing.
+!macro REFUSE_WHILE_RUNNING
+    ${Do}
+        ${IfNot} ${FileExists} "$INSTDIR\pevrix.exe"
+            ${Break}
+        ${EndIf}
+        ClearErrors
+        FileOpen $0 "$INSTDIR\pevrix.exe" a
+        ${IfNot} ${Errors}
+            FileClose $0
+            ${Break}
+        ${EndIf}
+        ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
+            "Pevrix is running. Quit it from its icon in the notification area, then try again." \
+            /SD IDCANCEL IDCANCEL`
+            SetErrorLevel 3
+            Abort
+        ${EndIf}
+    ${Loop}
+!macroend
+
+Section "Pevrix" SectionProgram
+    SectionIn RO
+    !insertmacro REFUSE_WHILE_RUNNING
+    ; An older version goes first, so that no file of it stays behind; settings are kept.
+    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
+        ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
+    ${EndIf}
+
+    SetOutPath "$INSTDIR"
+    File /r "${STAGE}\*"
+    WriteUninstaller "$INSTDIR\uninstall.exe"
+    SetShellVarContext all
+    CreateShortcut "$SMPROGRAMS\Pevrix.lnk" "$INSTDIR\pevrix.exe"
+
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayName" "Pevrix"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "Publisher" "Pevrix"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\pevrix.exe"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+    WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoModify" 1
+    WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoRepair" 1
+    SectionGetSize ${SectionProgram} $0
+    WriteRegDWORD HKLM "${UNINSTALL_KEY}" "EstimatedSize" $0
+SectionEnd
+
+!if /FileExists "${STAGE}\softcam.dll"
+Section "Camera for other programs" SectionCamera
+    ExecWait '"$SYSDIR\regsvr32.exe" /s "$INSTDIR\softcam.dll"' $0
+    ${If} $0 != 0
+        DetailPrint "The camera could not be registered (status $0)."
+        MessageBox MB_OK|MB_ICONEXCLAMATION "The camera could not be registered. Try it again in \
+            Pevrix: Settings, Camera, Register." /SD IDOK
+    ${EndIf}
+SectionEnd
+!endif
+
+Section "Let phones through the Windows Firewall" SectionFirewall
+    ExecWait '"$INSTDIR\pevrix-camsetup.exe" --firewall' $0
+    ${If} $0 != 0
+        DetailPrint "The firewall rule could not be added (status $0)."
+        MessageBox MB_OK|MB_ICONEXCLAMATION "The firewall rule could not be added. Pevrix offers it \
+            again when Windows blocks a phone." /SD IDOK
+    ${EndIf}
+SectionEnd
+
+Section /o "Start Pevrix with Windows" SectionStart
+    WriteRegStr HKLM "${RUN_KEY}" "Pevrix" '"$INSTDIR\pevrix.exe"'
+SectionEnd
+
+Section "Uninstall"
+    !insertmacro REFUSE_WHILE_RUNNING
+    ${If} ${FileExists} "$INSTDIR\softcam.dll"
+        ExecWait '"$SYSDIR\regsvr32.exe" /s /u "$INSTDIR\softcam.dll"'
+    ${EndIf}
+    nsExec::Exec 'netsh advfirewall firewall delete rule name="${FIREWALL_RULE}" \
+        program="$INSTDIR\pevrix.exe"'
+    Pop $0
+
+    ; Only what was installed, file by file, and what the program leaves beside itself.
+    !include "${LISTS}\delete-files.nsh"
+    Delete "$INSTDIR\pairing-token.txt"
+    Delete "$INSTDIR\uninstall.exe"
+    !include "${LISTS}\remove-folders.nsh"
+    RMDir "$INSTDIR"
+
+    SetShellVarContext all
+    Delete "$SMPROGRAMS\Pevrix.lnk"
+    DeleteRegKey HKLM "${UNINSTALL_KEY}"
+    DeleteRegValue HKLM "${RUN_KEY}" "Pevrix"
+
+    SetShellVarContext current
+    Delete "$LOCALAPPDATA\Pevrix\pevrix.log"
+    RMDir "$LOCALAPPDATA\Pevrix"
+    ${If} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
+        "Remove your settings and the list of trusted phones as well?" /SD IDNO IDYES`
+        Delete "$APPDATA\Pevrix\Pevrix.ini"
+        RMDir "$APPDATA\Pevrix"
+    ${EndIf}
+SectionEnd
+
+!insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
+    !insertmacro MUI_DESCRIPTION_TEXT ${SectionProgram} "The program."
+    !ifdef SectionCamera
+        !insertmacro MUI_DESCRIPTION_TEXT ${SectionCamera} "Registers the camera, so that video-call \
+            programs list it."
+    !endif
+    !insertmacro MUI_DESCRIPTION_TEXT ${SectionFirewall} "Phones connect to this PC over your network."
+    !insertmacro MUI_DESCRIPTION_TEXT ${SectionStart} "For every user of this PC."
+!insertmacro MUI_FUNCTION_DESCRIPTION_END

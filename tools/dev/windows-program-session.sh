@@ -1,0 +1,79 @@
+# The Windows program as a person has it, under Wine and on a virtual display, inside the environment:
+# it starts in a folder of its own, a simulated phone of this machine pairs and streams, the pictures
+# reach the camera library, the window is photographed by the program itself, and it ends.
+# The picture is out/windows.png.
+set -euo pipefail
+
+build=$PWD/build/windows
+export WINEPREFIX=$build/wine
+home=$build/program # the installed program, but for the camera: that is the tests' own
+work=$build/program-logs
+users=$WINEPREFIX/drive_c/users/$(id -un)
+log=$users/AppData/Local/Pevrix/pevrix.log
+settings=$users/AppData/Roaming/Pevrix/Pevrix.ini
+seconds_to_wait=60
+
+fail() {
+    printf 'windows: %s.\n' "$1" >&2
+    cat "$log" "$work"/* 2>/dev/null >&2 || true
+    exit 1
+}
+
+pids=()
+end_all() {
+    for pid in "${pids[@]}"; do
+        kill "$pid" 2>/dev/null || true
+    done
+    end_wine
+}
+trap end_all EXIT
+
+# wait_for FILE TEXT WHAT: until the text stands in the file.
+wait_for() {
+    local deadline=$((SECONDS + seconds_to_wait))
+    until grep -q "$2" "$1" 2>/dev/null; do
+        [ $SECONDS -lt $deadline ] || fail "$3"
+        sleep 0.2
+    done
+}
+
+rm -rf "$home" "$work" "${log%/*}" "${settings%/*}" out/windows.png
+mkdir -p "$home" "$work" out
+cp -l "$build"/bin/{pevrix.exe,*.dll,qt.conf} "$home/"
+cp -rl "$build"/bin/{plugins,qml} "$home/"
+rm -f "$home"/testcam*.dll
+cp "$build/bin/testcam.dll" "$home/softcam.dll"
+
+Xvfb -displayfd 7 -screen 0 1280x800x24 -nolisten tcp 7>"$work/display" 2>/dev/null &
+pids+=($!)
+wait_for "$work/display" . "the virtual display did not start"
+export DISPLAY=:$(cat "$work/display")
+source tools/dev/wine-home.sh
+trap end_all EXIT
+
+TESTCAM_LOG="Z:$work/camera" tools/dev/wine-run "$home/pevrix.exe" --shot 540x640 \
+    --out "Z:$PWD/out/windows.png" --shot-active "Windows demo" --shot-delay 90000 \
+    >"$work/program" 2>&1 &
+program=$!
+pids+=($program)
+wait_for "$log" 'listening on port' "the program did not start to listen"
+port=$(sed -n 's/.*listening on port \([0-9]*\).*/\1/p' "$log")
+wait_for "$home/pairing-token.txt" . "the program left no pairing token"
+
+build/native/bin/phonesim --host 127.0.0.1 --port "$port" --token-file "$home/pairing-token.txt" \
+    --name "Windows demo" --size 1280x720 --fps 30 >"$work/phonesim" 2>&1 &
+pids+=($!)
+wait_for "$log" 'phone 1 connected' "the simulated phone did not pair"
+wait_for "$log" 'first picture of the stream, 1280x720' "no picture of the phone's video came"
+
+status=0
+wait "$program" || status=$?
+[ $status = 0 ] || fail "the program ended with status $status"
+[ -s out/windows.png ] || fail "the program took no picture of its window"
+grep -q 'shot saved' "$log" || fail "the picture was not logged"
+grep -q '^\[trusted\]' "$settings" || fail "the phone is not in the settings file"
+# A record of the camera library's log has 32 bytes.
+sent=$(($(stat -c %s "$work/camera") / 32))
+[ "$sent" -gt 30 ] || fail "the camera library saw $sent calls only"
+echo "the Windows program: $(grep -h 'stopped after' "$log" | sed 's/^Pevrix: //'), \
+$sent calls of the camera library, the window in out/windows.png"
