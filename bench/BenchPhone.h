@@ -102,8 +102,7 @@ private:
         }
         greet(*socket);
         sendVideo(*socket);
-        ask(*socket, MessageType::Ping, MessageType::Pong); // answered when all before is decoded
-        QThread::msleep(300);                               // what is queued is shown
+        QThread::msleep(300); // what is queued is shown
         socket->disconnectFromHost();
     }
 
@@ -157,6 +156,8 @@ private:
             while (socket.bytesToWrite() > 0 && (socket.flush() || socket.waitForBytesWritten())) {
             }
         }
+        // Answered when everything before it is decoded.
+        ask(socket, MessageType::Ping, MessageType::Pong);
         m_cpuSeconds =
             cpuSeconds(RUSAGE_SELF) - allBefore - (cpuSeconds(RUSAGE_THREAD) - ownBefore);
     }
