@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QStringList>
 
 #include <algorithm>
 #include <chrono>
@@ -20,11 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// What holds on a machine that has time for us, and what holds on one where the sanitized program
-// and its phones wait for a processor: a camera that nobody feeds gets nothing for much longer.
 constexpr std::chrono::nanoseconds kLongestGap = 100ms;
-constexpr double kShareOfShortGaps = 0.98;
-constexpr std::chrono::nanoseconds kLongestGapUnderLoad = 1s;
 
 QByteArray contentOf(const QString& path)
 {
@@ -67,7 +64,7 @@ void Footage::addPausedCard(QSize size)
     addCard(u"paused"_s, drawPausedCard(size));
 }
 
-QStringList Footage::story(std::span<const std::uint64_t> hashes, bool repeats)
+std::string Footage::story(std::span<const std::uint64_t> hashes, bool repeats)
 {
     QStringList story;
     QHash<QString, int> latest;
@@ -88,7 +85,7 @@ QStringList Footage::story(std::span<const std::uint64_t> hashes, bool repeats)
             story += origin.name;
         }
     }
-    return story;
+    return story.join(u' ').toStdString();
 }
 
 std::vector<CameraRecord> readCameraLog(const QString& file)
@@ -115,7 +112,27 @@ int countEvents(const std::vector<CameraRecord>& log, CameraEvent event)
     return static_cast<int>(std::ranges::count(log, event, &CameraRecord::event));
 }
 
-void expectNeverStarved(const std::vector<CameraRecord>& log)
+HoldUps::HoldUps()
+    : m_thread([this](const std::stop_token& stop) {
+        auto before = std::chrono::steady_clock::now();
+        while (!stop.stop_requested()) {
+            std::this_thread::sleep_until(before + 33ms);
+            const auto now = std::chrono::steady_clock::now();
+            m_gaps.push_back(now - std::exchange(before, now));
+        }
+    })
+{}
+
+std::vector<std::chrono::nanoseconds> HoldUps::end()
+{
+    m_thread.request_stop();
+    if (m_thread.joinable()) {
+        m_thread.join();
+    }
+    return m_gaps;
+}
+
+void expectNeverStarved(const std::vector<CameraRecord>& log, HoldUps& holdUps)
 {
     ASSERT_FALSE(log.empty());
     EXPECT_EQ(log.front().event, CameraEvent::Created);
@@ -128,9 +145,15 @@ void expectNeverStarved(const std::vector<CameraRecord>& log)
         }
     }
     ASSERT_FALSE(gaps.empty());
-    const auto isShort = std::ranges::count_if(gaps, [](auto gap) { return gap <= kLongestGap; });
-    EXPECT_GE(static_cast<double>(isShort), kShareOfShortGaps * static_cast<double>(gaps.size()));
-    EXPECT_LE(std::ranges::max(gaps), kLongestGapUnderLoad);
+    // A busy machine delays the threads of a sanitized program, and so this one, by as much: then
+    // the camera may wait longer, but not much longer than anybody.
+    const auto inevitable = holdUps.end();
+    const auto isLong = [](std::chrono::nanoseconds gap) {
+        return gap > kLongestGap;
+    };
+    EXPECT_LE(std::ranges::count_if(gaps, isLong),
+              std::ssize(gaps) / 50 + 3 * std::ranges::count_if(inevitable, isLong));
+    EXPECT_LE(std::ranges::max(gaps), 3 * kLongestGap + 3 * std::ranges::max(inevitable));
 }
 
 } // namespace pevrix

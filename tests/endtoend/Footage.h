@@ -5,11 +5,13 @@
 #include <QHash>
 #include <QSize>
 #include <QString>
-#include <QStringList>
 
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <span>
+#include <string>
+#include <thread>
 #include <vector>
 
 namespace pevrix {
@@ -27,7 +29,7 @@ public:
     // Who is seen, one after the other; "?" for a picture that nobody sent. Fails when pictures of
     // a phone come twice (in a row they may with `repeats`) or not in the order in which they were
     // sent.
-    [[nodiscard]] QStringList story(std::span<const std::uint64_t> hashes, bool repeats);
+    [[nodiscard]] std::string story(std::span<const std::uint64_t> hashes, bool repeats);
 
     // Of the phone's pictures, as many were seen by the last story().
     [[nodiscard]] int seen(const QString& name) const { return m_seen.value(name); }
@@ -52,9 +54,22 @@ private:
 [[nodiscard]] std::vector<std::uint64_t> sentHashes(const std::vector<CameraRecord>& log);
 [[nodiscard]] int countEvents(const std::vector<CameraRecord>& log, CameraEvent event);
 
-// From its first picture to its deletion each camera gets one all the time; one camera is there at
-// a time, and none at the end. (A camera that was made anew has none until the first picture of its
-// size is there.)
-void expectNeverStarved(const std::vector<CameraRecord>& log);
+// How long this machine holds up a thread that wakes up at the camera's rate, while it lives.
+class HoldUps
+{
+public:
+    HoldUps();
+
+    [[nodiscard]] std::vector<std::chrono::nanoseconds> end();
+
+private:
+    std::vector<std::chrono::nanoseconds> m_gaps;
+    std::jthread m_thread; // last: it uses the rest
+};
+
+// From its first picture to its deletion each camera gets one at least every 100 ms, as far as the
+// machine lets anybody; one camera is there at a time, and none at the end. (A camera that was made
+// anew has none until the first picture of its size is there.)
+void expectNeverStarved(const std::vector<CameraRecord>& log, HoldUps& holdUps);
 
 } // namespace pevrix

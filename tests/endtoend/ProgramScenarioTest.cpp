@@ -83,7 +83,7 @@ protected:
         m_program->terminate();
         EXPECT_EQ(m_program->exitCode(), kDone) << qPrintable(m_program->errors());
         auto log = readCameraLog(path("camera.log"));
-        expectNeverStarved(log);
+        expectNeverStarved(log, m_holdUps);
         EXPECT_EQ(countEvents(log, CameraEvent::Created), 2); // the card's and the phone's size
         return log;
     }
@@ -94,6 +94,7 @@ protected:
     quint16 m_port = 0;
     QString m_address;
     Footage m_footage;
+    HoldUps m_holdUps;
 };
 
 } // namespace
@@ -108,7 +109,7 @@ TEST_F(ProgramScenarioTest, ShowsThePausedCardWhileThePhoneSendsNothing)
     const auto log = quit();
     m_footage.addPhone(u"phone"_s, path("phone.h264"));
     const auto hashes = sentHashes(log);
-    EXPECT_EQ(m_footage.story(hashes, true), words("idle phone paused phone idle"));
+    EXPECT_EQ(m_footage.story(hashes, true), "idle phone paused phone idle");
     EXPECT_GE(m_footage.seen(u"phone"_s) * 3, m_footage.sent(u"phone"_s));
 
     const std::vector<std::uint8_t> card = drawPausedCard(kSize);
@@ -134,7 +135,7 @@ TEST_F(ProgramScenarioTest, GoesOnWithTheNextPhoneAndEndsWhileItIsLive)
     second->exitCode(); // its connection is gone
     m_footage.addPhone(u"first"_s, path("first.h264"));
     m_footage.addPhone(u"second"_s, path("second.h264"));
-    EXPECT_EQ(m_footage.story(sentHashes(log), true), words("idle first second"));
+    EXPECT_EQ(m_footage.story(sentHashes(log), true), "idle first second");
     waitForLog("stopped after \\d+ access units received");
 }
 
