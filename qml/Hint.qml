@@ -25,8 +25,8 @@ Loader {
         implicitWidth: Math.min(content.implicitWidth, 300) + leftPadding + rightPadding
         implicitHeight: content.implicitHeight + topPadding + bottomPadding
         delay: 500
-        visible: true
         text: root.text
+        Component.onCompleted: open() // `visible: true` would not wait for the delay
 
         contentItem: Text {
             id: content

@@ -222,6 +222,20 @@ TestCase {
         compare(controller.calls, [])
     }
 
+    function test_aNameThatIsCutShowsItselfWholeOnHover() {
+        const name = "A phone whose name is far too long for its card"
+        const [card] = cards()
+        controller.renamePhone(1, name)
+        const whole = (item = window.contentItem) => (item.text === name && item.truncated === false
+                          && item.visible && item.parent.width < 320)
+                      || [...item.children].some(child => whole(child))
+        verify(!whole())
+        mouseMove(card, 50, 86)
+        tryVerify(() => whole())
+        mouseMove(window.contentItem, 1, 1)
+        tryVerify(() => !whole())
+    }
+
     function test_updateBarIsDismissedForTheRun() {
         const bar = part("updateBar")
         compare(bar.height, 0)

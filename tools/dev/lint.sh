@@ -7,6 +7,6 @@ command_lint() {
         in_environment xargs -0 -n1 -P"$(nproc)" clang-tidy -p build/asan --quiet ||
         fail "clang-tidy found something" "mend the lines named above"
     say "qmllint"
-    in_environment /usr/lib/qt6/bin/qmllint -W 0 -I qml/lint qml/*.qml ||
+    in_environment /usr/lib/qt6/bin/qmllint -W 0 -I qml/lint qml/*.qml tools/gallery/*.qml ||
         fail "qmllint found something" "mend the lines named above"
 }
