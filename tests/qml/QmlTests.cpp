@@ -1,13 +1,14 @@
 #include "ui/FramePreview.h"
 #include "ui/Translator.h"
 
-#include <QtQuickTest/quicktest.h>
-
-#include <QCoreApplication>
+#include <QFont>
+#include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
-#include <QStandardPaths>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QtQuickTest/quicktest.h>
 
 #include <memory>
 #include <vector>
@@ -25,7 +26,10 @@ class Setup : public QObject
 public Q_SLOTS:
     void applicationAvailable()
     {
-        QStandardPaths::setTestModeEnabled(true);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+        QFont font; // the width of texts matters
+        font.setFamilies({u"Segoe UI"_s, u"Open Sans"_s});
+        QGuiApplication::setFont(font);
         qmlRegisterType<FramePreview>("Pevrix", 1, 0, "FramePreview");
         qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
     }
@@ -34,11 +38,13 @@ public Q_SLOTS:
     {
         provide(engine, u"app"_s, make(engine, u"ScriptedApp"_s));
         provide(engine, u"updater"_s, make(engine, u"ScriptedUpdater"_s));
-        auto* translator = new Translator(QCoreApplication::instance(), engine, engine);
+        auto* translator = new Translator(QGuiApplication::instance(), engine, engine);
         engine->rootContext()->setContextProperty(u"i18n"_s, translator);
     }
 
 private:
+    const QTemporaryDir m_settings; // the user's own are left alone
+
     static QObject* make(QQmlEngine* engine, const QString& component)
     {
         QQmlComponent made(engine, QUrl("qrc:/gallery/"_L1 + component + ".qml"_L1));

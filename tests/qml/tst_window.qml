@@ -1,6 +1,7 @@
 import QtQuick
 import QtTest
 import Pevrix
+import "qrc:/gallery"
 import "qrc:/qml"
 
 // The main window around a scripted controller.
@@ -11,13 +12,17 @@ TestCase {
     when: windowShown
 
     readonly property var controller: app
+    readonly property var updates: updater
     property var window: null
 
     Component { id: mainComponent; Main {} }
 
+    Component { id: viewsComponent; Views { app: test.controller; updater: test.updates } }
+
     function init() {
         failOnWarning(/^(?!Failed to create Direct Composition)/)
         controller.reset()
+        i18n.setLanguage("en")
         updater.available = false
         window = createTemporaryObject(mainComponent, test)
         window.requestActivate()
@@ -271,6 +276,25 @@ TestCase {
         compare([window.shadowMargin, window.cardRadius], [0, 0])
     }
 
+    function test_aMaximisedWindowIsDraggedOutUnderThePointer() {
+        window.width = 600
+        window.toggleMaximized()
+        tryVerify(() => window.isMax && window.contentItem.width > 600)
+        compare([window.shadowMargin, window.cardRadius], [0, 0])
+        const bar = window.width - 2
+        mousePress(window.contentItem, bar / 2, 20)
+        mouseMove(window.contentItem, bar / 2 + 4, 20)
+        verify(window.isMax)
+        mouseMove(window.contentItem, bar / 2 + 5, 20)
+        tryVerify(() => !window.isMax)
+        compare(window.width, 600)
+        // The pointer was at (bar / 2 + 5, 20), the bar at (1, 1).
+        compare(window.x, Math.round(bar / 2 + 5 - 16 - (bar / 2 + 4) / bar * (600 - 32)))
+        compare(window.y, 20 - 19 - 16)
+        mouseRelease(window.contentItem, bar / 2, 20)
+        tryVerify(() => !window._moving)
+    }
+
     function test_closingHidesOnlyWithTheTray() {
         window.close()
         verify(!window.visible)
@@ -296,8 +320,28 @@ TestCase {
         compare(settings.tab, 0)
     }
 
-    function test_languageOfTheInterfaceChangesWhileItRuns() {
-        compare(window.nameOfLanguage("ja"), "日本語")
-        compare(window.nameOfLanguage("xx"), "xx")
+    function cutTexts(item) {
+        // A path may be cut in its middle.
+        const cut = item.text !== undefined && item.truncated && item.elide !== Text.ElideMiddle
+        return [...item.children].filter(child => child.visible)
+                                 .reduce((found, child) => found.concat(cutTexts(child)),
+                                         cut ? [item.text] : [])
+    }
+
+    function test_noTextIsCutInAnyLanguage_data() {
+        return ["en", "fr", "es", "de", "it", "pt", "ru", "tr", "zh_CN", "ja"].map(
+                    code => ({ tag: code }))
+    }
+
+    function test_noTextIsCutInAnyLanguage(row) {
+        i18n.setLanguage(row.tag)
+        const views = createTemporaryObject(viewsComponent, test, { window: window })
+        for (const name of views.names) {
+            views.arrange(name)
+            for (const dialog of ["settings", "language", "addPhone"]) {
+                tryVerify(() => part(dialog)?.shown !== true || part(dialog).opacity === 1)
+            }
+            compare(cutTexts(window.contentItem), [], name)
+        }
     }
 }

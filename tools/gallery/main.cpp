@@ -6,7 +6,8 @@
 #include <QGuiApplication>
 #include <QQmlContext>
 #include <QQuickWindow>
-#include <QStandardPaths>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <optional>
@@ -32,7 +33,13 @@ void setScale(int argc, char** argv)
     }
 }
 
-pevrix::Gallery::Options parseOptions(const QCoreApplication& application)
+struct Options
+{
+    pevrix::Gallery::Options gallery;
+    QString language;
+};
+
+Options parseOptions(const QCoreApplication& application)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -53,7 +60,8 @@ pevrix::Gallery::Options parseOptions(const QCoreApplication& application)
         std::fputs("pevrix_gallery: that is no size or no theme; see --help.\n", stderr);
         std::exit(EXIT_FAILURE);
     }
-    return {.folder = parser.value(u"out"_s), .dark = theme == "dark"_L1, .size = *size};
+    return {.gallery = {parser.value(u"out"_s), theme == "dark"_L1, *size},
+            .language = parser.value(u"lang"_s)};
 }
 
 } // namespace
@@ -61,7 +69,8 @@ pevrix::Gallery::Options parseOptions(const QCoreApplication& application)
 int main(int argc, char** argv)
 {
     setScale(argc, argv);
-    QStandardPaths::setTestModeEnabled(true); // the user's own settings are left alone
+    const QTemporaryDir settings; // the user's own are left alone
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     QQuickWindow::setDefaultAlphaBuffer(true);
     QGuiApplication application(argc, argv);
     // What the program has on Windows, or what stands in for it.
@@ -71,8 +80,10 @@ int main(int argc, char** argv)
     qmlRegisterType<pevrix::FramePreview>("Pevrix", 1, 0, "FramePreview");
     qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
 
-    pevrix::Gallery gallery(parseOptions(application));
+    const Options options = parseOptions(application);
+    pevrix::Gallery gallery(options.gallery);
     pevrix::Translator translator(&application, gallery.engine());
+    translator.setLanguage(options.language);
     gallery.engine()->rootContext()->setContextProperty(u"i18n"_s, &translator);
     if (!gallery.load()) {
         return EXIT_FAILURE;
