@@ -28,7 +28,9 @@ void quitOnSystemSignals(QCoreApplication& application)
         return;
     }
     auto* notifier = new QSocketNotifier(g_wakeUp[0], QSocketNotifier::Read, &application);
-    QObject::connect(notifier, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
+    // Not quit(), which would ask the window first: it hides instead of closing.
+    QObject::connect(notifier, &QSocketNotifier::activated, &application,
+                     [] { QCoreApplication::exit(0); });
     struct sigaction action = {};
     action.sa_handler = onSignal;
     action.sa_flags = SA_RESTART;

@@ -1,5 +1,8 @@
+#include "app/CaptureMode.h"
 #include "app/LogFile.h"
+#include "app/NativeWindow.h"
 #include "app/QuitSignals.h"
+#include "app/Tray.h"
 #include "controller/AppController.h"
 #include "ui/FramePreview.h"
 #include "ui/Translator.h"
@@ -11,12 +14,46 @@
 #include <QQmlContext>
 #include <QQuickWindow>
 
+#include <cstdio>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+using namespace pevrix;
+
 namespace {
 
 void registerQmlTypes()
 {
-    qmlRegisterType<pevrix::FramePreview>("Pevrix", 1, 0, "FramePreview");
-    qmlRegisterSingletonType(QUrl(QStringLiteral("qrc:/qml/Theme.qml")), "Pevrix", 1, 0, "Theme");
+    qmlRegisterType<FramePreview>("Pevrix", 1, 0, "FramePreview");
+    qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
+}
+
+// Brings the window back, maximised if it was so when it was hidden.
+void showWindow(QWindow& window)
+{
+    window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.setVisible(true);
+    window.raise();
+    window.requestActivate();
+}
+
+void connectTray(Tray& tray, AppController& controller, const Translator& translator,
+                 QWindow* window)
+{
+    const auto showState = [&tray, &controller] {
+        tray.setState({.inUse = controller.appConnected(),
+                       .live = controller.live(),
+                       .outputEnabled = controller.outputEnabled()});
+    };
+    QObject::connect(&controller, &AppController::changed, &tray, showState);
+    QObject::connect(&translator, &Translator::languageChanged, &tray, &Tray::retranslate);
+    QObject::connect(&tray, &Tray::pauseRequested, &controller, &AppController::toggleOutput);
+    // Not quit(), which would ask the window first: it hides instead of closing.
+    QObject::connect(&tray, &Tray::quitRequested, &tray, [] { QCoreApplication::exit(0); });
+    if (window) {
+        QObject::connect(&tray, &Tray::showRequested, window, [window] { showWindow(*window); });
+    }
+    showState();
 }
 
 } // namespace
@@ -25,30 +62,47 @@ void registerQmlTypes()
 // buffer must be asked for before any window exists.
 int main(int argc, char** argv)
 {
-    pevrix::installLogHandler();
+    if (isHelpRequested(argc, argv)) {
+        std::fputs(usageText(), stdout);
+        return 0;
+    }
+    installLogHandler();
     QQuickWindow::setDefaultAlphaBuffer(true);
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Pevrix"));
-    QApplication::setOrganizationName(QStringLiteral("Pevrix"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/assets/icons/app-icon-256.png")));
-    pevrix::quitOnSystemSignals(application);
+    QApplication::setApplicationName(u"Pevrix"_s);
+    QApplication::setOrganizationName(u"Pevrix"_s);
+    QApplication::setWindowIcon(QIcon(u":/assets/icons/app-icon-256.png"_s));
+    quitOnSystemSignals(application);
     registerQmlTypes();
 
-    pevrix::AppController controller;
-    pevrix::UpdateChecker updater({.siteUrl = QStringLiteral(PEVRIX_SITE_URL),
-                                   .endpoint = QUrl(QStringLiteral(PEVRIX_UPDATE_URL))});
+    AppController controller;
+    UpdateChecker updater({.siteUrl = QStringLiteral(PEVRIX_SITE_URL),
+                           .endpoint = QUrl(QStringLiteral(PEVRIX_UPDATE_URL))});
     QQmlApplicationEngine engine;
-    engine.rootContext()->setContextProperty(QStringLiteral("app"), &controller);
-    engine.rootContext()->setContextProperty(QStringLiteral("updater"), &updater);
+    engine.rootContext()->setContextProperty(u"app"_s, &controller);
+    engine.rootContext()->setContextProperty(u"updater"_s, &updater);
     // Before the interface loads, so that it speaks the right language from its first word.
-    pevrix::Translator translator(&application, &engine);
-    engine.rootContext()->setContextProperty(QStringLiteral("i18n"), &translator);
-    engine.load(QUrl(QStringLiteral("qrc:/qml/Main.qml")));
+    Translator translator(&application, &engine);
+    engine.rootContext()->setContextProperty(u"i18n"_s, &translator);
+    engine.load(QUrl(u"qrc:/qml/Main.qml"_s));
     if (engine.rootObjects().isEmpty()) {
         qWarning("Pevrix: Main.qml failed to load (see %%LOCALAPPDATA%%\\Pevrix\\pevrix.log).");
         return -1;
     }
     updater.check();
+
+    auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
+    if (window) {
+        addNativeWindowStyles(*window);
+    }
+    Tray tray;
+    connectTray(tray, controller, translator, window);
+    tray.icon().show();
+
+    std::optional<CaptureMode> capture;
+    if (const auto options = parseCaptureOptions(QApplication::arguments())) {
+        capture.emplace(*options, controller, window);
+    }
     controller.start();
     return QApplication::exec();
 }

@@ -187,7 +187,7 @@ void AppController::refreshPairingInfo()
     const QString tokenFolder = m_options.tokenFolder.isEmpty()
                                     ? QCoreApplication::applicationDirPath()
                                     : m_options.tokenFolder;
-    m_pairing = refreshPairing(tokenFolder, m_server.port(), false);
+    m_pairing = refreshPairing(tokenFolder, m_server.port(), m_captureMode);
     m_server.setToken(m_pairing.token);
     m_server.setPcName(m_pairing.pcName);
     m_pipeline.setPairAddress(m_pairing.addressText);

@@ -112,6 +112,10 @@ public:
 
     void setMinimizeToTray(bool on);
 
+    /// From the next pairing code on, what is shown of the pairing are demonstration values, so
+    /// that a published picture of the window tells nothing of this PC.
+    void setCaptureMode(bool on) { m_captureMode = on; }
+
 public Q_SLOTS:
     /// Creates the camera, listens for phones, makes the pairing code and shows the idle card.
     /// Does nothing while the camera is being fed already.
@@ -190,6 +194,7 @@ private:
     bool m_appConnected = false;
     bool m_firewallBlocked = false;
     int m_ticksWithoutPhones = 0;
+    bool m_captureMode = false;
 };
 
 } // namespace pevrix

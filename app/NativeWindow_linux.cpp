@@ -1,0 +1,7 @@
+#include "app/NativeWindow.h"
+
+namespace pevrix {
+
+void addNativeWindowStyles(QWindow&) {}
+
+} // namespace pevrix

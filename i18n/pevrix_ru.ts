@@ -1,0 +1,407 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ru_RU" sourcelanguage="en">
+<context>
+    <name>AboutTab</name>
+    <message>
+        <source>Turn your phone into a PC webcam</source>
+        <translation>Превратите телефон в веб-камеру для ПК</translation>
+    </message>
+</context>
+<context>
+    <name>AddPhoneCard</name>
+    <message>
+        <source>Add phone</source>
+        <translation>Добавить</translation>
+    </message>
+</context>
+<context>
+    <name>AddPhoneDialog</name>
+    <message>
+        <source>Add a phone</source>
+        <translation>Добавить телефон</translation>
+    </message>
+    <message>
+        <source>Scan this code with the Pevrix app on another phone.</source>
+        <translation>Отсканируйте этот код в приложении Pevrix на другом телефоне.</translation>
+    </message>
+</context>
+<context>
+    <name>AddressRow</name>
+    <message>
+        <source>Can&apos;t scan?</source>
+        <translation>Не сканируется?</translation>
+    </message>
+</context>
+<context>
+    <name>CameraTab</name>
+    <message>
+        <source>CAMERA</source>
+        <translation>КАМЕРА</translation>
+    </message>
+    <message>
+        <source>Registered</source>
+        <translation>Зарегистрирована</translation>
+    </message>
+    <message>
+        <source>Not registered</source>
+        <translation>Не зарегистрирована</translation>
+    </message>
+    <message>
+        <source>Unregister</source>
+        <translation>Отменить регистрацию</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <translation>Зарегистрировать</translation>
+    </message>
+    <message>
+        <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
+        <translation>После регистрации камеру Pevrix видят браузеры и приложения вроде Zoom и Teams. Нужны права администратора.</translation>
+    </message>
+    <message>
+        <source>RECORDINGS</source>
+        <translation>ЗАПИСИ</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Открыть</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Изменить</translation>
+    </message>
+    <message>
+        <source>Where the Record button saves .mp4 files.</source>
+        <translation>Сюда кнопка «Записать» сохраняет файлы .mp4.</translation>
+    </message>
+    <message>
+        <source>PAIRING</source>
+        <translation>ПОДКЛЮЧЕНИЕ ТЕЛЕФОНА</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Код</translation>
+    </message>
+    <message>
+        <source>Regenerate</source>
+        <translation>Создать новый</translation>
+    </message>
+    <message>
+        <source>Regenerating makes the current QR stop working for new phones.</source>
+        <translation>После этого текущий QR-код перестанет действовать для новых телефонов.</translation>
+    </message>
+    <message>
+        <source>Choose recordings folder</source>
+        <translation>Выбор папки для записей</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>Edit</source>
+        <translation>Правка</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Вырезать</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Вставить</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Выделить всё</translation>
+    </message>
+</context>
+<context>
+    <name>FirewallPanel</name>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows блокирует Pevrix в этой сети</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>Телефон не сможет подключиться к этому ПК без вашего разрешения. Нужны права администратора.</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Разрешить</translation>
+    </message>
+</context>
+<context>
+    <name>GeneralTab</name>
+    <message>
+        <source>APPEARANCE</source>
+        <translation>ОФОРМЛЕНИЕ</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Системное</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Светлое</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Тёмное</translation>
+    </message>
+    <message>
+        <source>LANGUAGE</source>
+        <translation>ЯЗЫК</translation>
+    </message>
+    <message>
+        <source>Language: %1</source>
+        <translation>Язык: %1</translation>
+    </message>
+    <message>
+        <source>WINDOW</source>
+        <translation>ОКНО</translation>
+    </message>
+    <message>
+        <source>Close to tray</source>
+        <translation>Закрывать в трей</translation>
+    </message>
+    <message>
+        <source>Keep Pevrix running in the notification area when you close the window.</source>
+        <translation>После закрытия окна Pevrix продолжит работать в области уведомлений.</translation>
+    </message>
+</context>
+<context>
+    <name>InUseChip</name>
+    <message>
+        <source>In use</source>
+        <translation>Используется</translation>
+    </message>
+</context>
+<context>
+    <name>LanguageDialog</name>
+    <message>
+        <source>Language</source>
+        <translation>Язык</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>System default</source>
+        <translation>Язык системы</translation>
+    </message>
+</context>
+<context>
+    <name>Modal</name>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+</context>
+<context>
+    <name>OutputChip</name>
+    <message>
+        <source>Pause camera</source>
+        <translation>Приостановить камеру</translation>
+    </message>
+    <message>
+        <source>Resume camera</source>
+        <translation>Включить камеру снова</translation>
+    </message>
+</context>
+<context>
+    <name>PairingView</name>
+    <message>
+        <source>Ready to pair</source>
+        <translation>Готово к подключению</translation>
+    </message>
+    <message>
+        <source>Connect your phone</source>
+        <translation>Подключите телефон</translation>
+    </message>
+    <message>
+        <source>Scan this code with the Pevrix app. Keep your phone on the same Wi-Fi as this PC.</source>
+        <translation>Отсканируйте этот код в приложении Pevrix. Телефон должен быть в той же сети Wi-Fi, что и этот ПК.</translation>
+    </message>
+    <message>
+        <source>This PC: %1</source>
+        <translation>Этот ПК: %1</translation>
+    </message>
+    <message>
+        <source>Get the app</source>
+        <translation>Скачать приложение</translation>
+    </message>
+</context>
+<context>
+    <name>PausedOverlay</name>
+    <message>
+        <source>Camera output paused</source>
+        <translation>Вывод камеры приостановлен</translation>
+    </message>
+    <message>
+        <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
+        <translation>Приложения получают застывший кадр. Нажмите «Включить камеру снова», чтобы продолжить трансляцию.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewPanel</name>
+    <message>
+        <source>Live picture of the phone</source>
+        <translation>Изображение с телефона</translation>
+    </message>
+</context>
+<context>
+    <name>QrCode</name>
+    <message>
+        <source>Pairing code</source>
+        <translation>Код подключения</translation>
+    </message>
+</context>
+<context>
+    <name>RecordButton</name>
+    <message>
+        <source>Stop recording</source>
+        <translation>Остановить запись</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Записать</translation>
+    </message>
+</context>
+<context>
+    <name>RenameButton</name>
+    <message>
+        <source>Rename %1</source>
+        <translation>Переименовать %1</translation>
+    </message>
+</context>
+<context>
+    <name>RenameField</name>
+    <message>
+        <source>Name of the phone</source>
+        <translation>Имя телефона</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Общие</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Камера</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Статус</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>О программе</translation>
+    </message>
+</context>
+<context>
+    <name>StatusTab</name>
+    <message>
+        <source>CONNECTION</source>
+        <translation>СОЕДИНЕНИЕ</translation>
+    </message>
+    <message>
+        <source>This PC</source>
+        <translation>Этот ПК</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Порт</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Готово</translation>
+    </message>
+    <message>
+        <source>Needs iTunes or the Apple Devices app</source>
+        <translation>Нужен iTunes или «Устройства Apple»</translation>
+    </message>
+    <message>
+        <source>DIAGNOSTICS</source>
+        <translation>ДИАГНОСТИКА</translation>
+    </message>
+    <message>
+        <source>Performance</source>
+        <translation>Производительность</translation>
+    </message>
+    <message>
+        <source>%1 fps · %2 ms</source>
+        <translation>%1 кадр/с · %2 мс</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Свернуть</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Восстановить</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>Развернуть</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateBar</name>
+    <message>
+        <source>Pevrix %1 is available.</source>
+        <translation>Доступна версия Pevrix %1.</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Скачать</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Скрыть</translation>
+    </message>
+</context>
+<context>
+    <name>tray</name>
+    <message>
+        <source>Show Pevrix</source>
+        <translation>Показать Pevrix</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Выход</translation>
+    </message>
+    <message>
+        <source>Pevrix - in use by an app</source>
+        <translation>Pevrix — используется приложением</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Пауза</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Продолжить</translation>
+    </message>
+</context>
+</TS>
