@@ -3,10 +3,13 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -18,16 +21,20 @@ constexpr int kPatienceMs = 60000; // a loaded machine under a sanitizer is slow
 class Program
 {
 public:
+    // "%1" in an argument stands for that folder.
     explicit Program(const QStringList& arguments = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"LOCALAPPDATA"_s, m_home.path());
+        environment.insert(u"HOME"_s, m_home.path());
         environment.insert(u"XDG_CONFIG_HOME"_s, m_home.filePath(u"config"_s));
         environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
         environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
         m_process.setProcessEnvironment(environment);
         m_process.setStandardErrorFile(m_home.filePath(u"stderr"_s));
-        m_process.start(QStringLiteral(PEVRIX_BIN_DIR "/pevrix"), arguments);
+        QStringList all = arguments;
+        m_process.start(QStringLiteral(PEVRIX_BIN_DIR "/pevrix"),
+                        all.replaceInStrings(u"%1"_s, m_home.path()));
         EXPECT_TRUE(m_process.waitForStarted(kPatienceMs));
     }
 
@@ -59,10 +66,28 @@ public:
         return {};
     }
 
+    // Whatever is not ours in the log would be a warning of the interface.
+    void expectNoWarnings() const
+    {
+        const QStringList lines = log().split(u'\n', Qt::SkipEmptyParts);
+        for (const QString& line : lines) {
+            // Qt's own: it looks for a tray where the offscreen platform has none.
+            EXPECT_TRUE(line.startsWith("Pevrix: "_L1) || line.contains("systemTrayWindow"_L1))
+                << qPrintable(line);
+        }
+    }
+
+    [[nodiscard]] QString path(const QString& name) const { return m_home.filePath(name); }
+
     // Asks the program to quit and returns its exit code.
     int quit()
     {
         m_process.terminate();
+        return waitForExit();
+    }
+
+    int waitForExit()
+    {
         EXPECT_TRUE(m_process.waitForFinished(kPatienceMs));
         EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
         return m_process.exitCode();
@@ -73,20 +98,28 @@ private:
     QProcess m_process;
 };
 
+// A simulated phone that streams to the program at the port. Ends with the object.
+std::unique_ptr<QProcess> startPhone(const QString& port, const QStringList& arguments)
+{
+    auto phone = std::make_unique<QProcess>();
+    phone->setProcessChannelMode(QProcess::MergedChannels);
+    phone->start(QStringLiteral(PEVRIX_BIN_DIR "/phonesim"),
+                 QStringList{u"--host"_s, u"127.0.0.1"_s, u"--port"_s, port, u"--token-file"_s,
+                             QStringLiteral(PEVRIX_BIN_DIR "/pairing-token.txt"), u"--size"_s,
+                             u"320x240"_s} +
+                     arguments);
+    return phone;
+}
+
 } // namespace
 
 TEST(Program, ShowsTheLiveVideoOfAPhoneAndQuitsCleanly)
 {
     Program program;
     const QString port = program.waitForLog(u"Pevrix: listening on port (\\d+)"_s);
-    QProcess phone;
-    phone.setProcessChannelMode(QProcess::MergedChannels);
-    phone.start(QStringLiteral(PEVRIX_BIN_DIR "/phonesim"),
-                {u"--host"_s, u"127.0.0.1"_s, u"--port"_s, port, u"--token-file"_s,
-                 QStringLiteral(PEVRIX_BIN_DIR "/pairing-token.txt"), u"--size"_s, u"320x240"_s,
-                 u"--frames"_s, u"30"_s});
-    ASSERT_TRUE(phone.waitForFinished(kPatienceMs));
-    EXPECT_EQ(phone.exitCode(), 0) << phone.readAll().constData();
+    const auto phone = startPhone(port, {u"--frames"_s, u"30"_s});
+    ASSERT_TRUE(phone->waitForFinished(kPatienceMs));
+    EXPECT_EQ(phone->exitCode(), 0) << phone->readAll().constData();
 
     program.waitForLog(u"Pevrix: phone 1 connected over Wi-Fi"_s);
     program.waitForLog(u"Pevrix: first picture of the stream, 320x240"_s);
@@ -94,9 +127,56 @@ TEST(Program, ShowsTheLiveVideoOfAPhoneAndQuitsCleanly)
     EXPECT_EQ(program.quit(), 0);
     EXPECT_TRUE(program.log().contains("30 access units received, 30 pictures decoded"_L1))
         << qPrintable(program.log());
-    // Anything else in the log would be a warning of the interface.
-    const auto lines = program.log().split(u'\n', Qt::SkipEmptyParts);
-    for (const QString& line : lines) {
-        EXPECT_TRUE(line.startsWith("Pevrix: "_L1)) << qPrintable(line);
+    program.expectNoWarnings();
+}
+
+TEST(Program, TakesAPictureOfItsWindowWhenTheDelayIsOver)
+{
+    Program program({u"--shot"_s, u"620x700"_s, u"--out"_s, u"%1/shot.png"_s, u"--lang"_s, u"ja"_s,
+                     u"--shot-active"_s, u"Nobody"_s, u"--shot-delay"_s, u"1000"_s});
+    EXPECT_EQ(program.waitForExit(), 0);
+    EXPECT_EQ(QImage(program.path(u"shot.png"_s)).size(), QSize(620, 700));
+    EXPECT_TRUE(program.log().contains(u"Pevrix: shot saved to "_s + program.path(u"shot.png"_s)));
+    program.expectNoWarnings();
+}
+
+TEST(Program, NamesItsPictureByTheDateAndSaysWhenItCannotBeWritten)
+{
+    Program dated({u"--shot"_s, u"--shot-delay"_s, u"200"_s});
+    EXPECT_EQ(dated.waitForExit(), 0);
+    const QStringList found = QDir(dated.path(u"Pictures/Pevrix"_s)).entryList(QDir::Files);
+    ASSERT_EQ(found.size(), 1) << qPrintable(dated.log());
+    EXPECT_TRUE(QRegularExpression(u"^Pevrix-\\d{8}-\\d{6}\\.png$"_s).match(found[0]).hasMatch());
+
+    Program nowhere({u"--shot"_s, u"--shot-delay"_s, u"200"_s, u"--out"_s, u"%1/none/shot.png"_s});
+    EXPECT_EQ(nowhere.waitForExit(), 0);
+    EXPECT_TRUE(
+        nowhere.log().contains(u"Pevrix: shot FAILED for "_s + nowhere.path(u"none/shot.png"_s)));
+}
+
+// The delay is far beyond this test's patience.
+TEST(Program, TakesAPictureSoonAfterTheFirstFrame)
+{
+    for (const QStringList& wanted : {QStringList(), {u"--shot-active"_s, u"Second"_s}}) {
+        Program program(QStringList{u"--shot"_s, u"--out"_s, u"%1/shot.png"_s, u"--shot-delay"_s,
+                                    u"6000000"_s} +
+                        wanted);
+        const QString port = program.waitForLog(u"Pevrix: listening on port (\\d+)"_s);
+        const auto first = startPhone(port, {u"--name"_s, u"First"_s});
+        const auto second = startPhone(port, {u"--name"_s, u"Second"_s});
+        EXPECT_EQ(program.waitForExit(), 0);
+        EXPECT_EQ(QImage(program.path(u"shot.png"_s)).size(), QSize(540, 640));
     }
+}
+
+TEST(Program, PrintsItsOptionsWhereThereIsNoDisplay)
+{
+    QProcess program;
+    QProcessEnvironment environment;
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(PEVRIX_BIN_DIR "/pevrix"), {u"--lang"_s, u"ja"_s, u"--help"_s});
+    ASSERT_TRUE(program.waitForFinished(kPatienceMs));
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_TRUE(program.readAllStandardOutput().contains("--shot-active NAME"));
 }

@@ -1,0 +1,93 @@
+#include "app/Tray.h"
+
+#include "tests/support/WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using pevrix::Tray;
+using pevrix::TrayState;
+
+namespace {
+
+const QColor kGreen(0x22, 0xc5, 0x5e);
+const QColor kRed(0xef, 0x44, 0x44);
+
+// The middle of the dot, where the plain icon shows its own background.
+QColor dotOf(Tray& tray)
+{
+    const QImage picture = tray.icon().icon().pixmap(QSize(32, 32), 1.0).toImage();
+    EXPECT_EQ(picture.size(), QSize(32, 32));
+    return picture.pixelColor(24, 24);
+}
+
+QAction* actionOf(Tray& tray, int index)
+{
+    return tray.icon().contextMenu()->actions().value(index);
+}
+
+} // namespace
+
+TEST(Tray, TellsOfLiveVideoAndOfACameraInUse)
+{
+    Tray tray;
+    const QColor plain = dotOf(tray);
+    EXPECT_NE(plain, kGreen);
+    EXPECT_EQ(tray.icon().toolTip(), u"Pevrix"_s);
+    EXPECT_FALSE(actionOf(tray, 2)->isEnabled());
+
+    tray.setState({.live = true});
+    EXPECT_EQ(dotOf(tray), kGreen);
+    EXPECT_TRUE(actionOf(tray, 2)->isEnabled());
+    EXPECT_EQ(actionOf(tray, 2)->text(), u"Pause"_s);
+
+    tray.setState({.inUse = true, .live = true, .outputEnabled = false});
+    EXPECT_EQ(actionOf(tray, 2)->text(), u"Resume"_s);
+    EXPECT_EQ(tray.icon().toolTip(), u"Pevrix - in use by an app"_s);
+    EXPECT_EQ(dotOf(tray), kGreen); // the blinking begins with the base icon
+    EXPECT_TRUE(pevrix::waitFor([&] { return dotOf(tray) == kRed; }));
+    EXPECT_TRUE(pevrix::waitFor([&] { return dotOf(tray) == kGreen; }));
+    EXPECT_TRUE(pevrix::waitFor([&] { return dotOf(tray) == kRed; }));
+
+    tray.setState({}); // in the red phase
+    EXPECT_EQ(dotOf(tray), plain);
+    EXPECT_EQ(tray.icon().toolTip(), u"Pevrix"_s);
+    EXPECT_FALSE(actionOf(tray, 2)->isEnabled());
+}
+
+TEST(Tray, AsksForTheWindowAtAClickAndForTheRestFromItsMenu)
+{
+    Tray tray;
+    QSignalSpy shows(&tray, &Tray::showRequested);
+    using Reason = QSystemTrayIcon::ActivationReason;
+    for (const Reason reason : {QSystemTrayIcon::Trigger, QSystemTrayIcon::DoubleClick,
+                                QSystemTrayIcon::Context, QSystemTrayIcon::MiddleClick}) {
+        Q_EMIT tray.icon().activated(reason);
+    }
+    EXPECT_EQ(shows.count(), 2);
+
+    QSignalSpy pauses(&tray, &Tray::pauseRequested);
+    QSignalSpy quits(&tray, &Tray::quitRequested);
+    tray.setState({.live = true});
+    for (QAction* action : tray.icon().contextMenu()->actions()) {
+        action->trigger();
+    }
+    EXPECT_EQ(shows.count(), 3);
+    EXPECT_EQ(pauses.count(), 1);
+    EXPECT_EQ(quits.count(), 1);
+}
+
+// Menus need the application object of widgets.
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
