@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <filesystem>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -17,13 +18,19 @@ namespace {
 
 constexpr int kPatienceMs = 60000; // a loaded machine under a sanitizer is slow
 
-// The real program without a display, with settings and log in a folder of its own.
+// The real program without a display, in a folder of its own with its camera library, its settings,
+// its log and the token that it leaves beside itself.
 class Program
 {
 public:
     // "%1" in an argument stands for that folder.
     explicit Program(const QStringList& arguments = {})
     {
+        const std::filesystem::path bin(PEVRIX_BIN_DIR);
+        const std::filesystem::path home(m_home.path().toStdString());
+        for (const char* file : {"pevrix", "libsoftcam.so"}) {
+            std::filesystem::create_hard_link(bin / file, home / file);
+        }
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"LOCALAPPDATA"_s, m_home.path());
         environment.insert(u"HOME"_s, m_home.path());
@@ -33,8 +40,7 @@ public:
         m_process.setProcessEnvironment(environment);
         m_process.setStandardErrorFile(m_home.filePath(u"stderr"_s));
         QStringList all = arguments;
-        m_process.start(QStringLiteral(PEVRIX_BIN_DIR "/pevrix"),
-                        all.replaceInStrings(u"%1"_s, m_home.path()));
+        m_process.start(path(u"pevrix"_s), all.replaceInStrings(u"%1"_s, m_home.path()));
         EXPECT_TRUE(m_process.waitForStarted(kPatienceMs));
     }
 
@@ -94,19 +100,19 @@ public:
     }
 
 private:
-    QTemporaryDir m_home;
+    QTemporaryDir m_home{QStringLiteral(PEVRIX_BIN_DIR "/program-XXXXXX")};
     QProcess m_process;
 };
 
-// A simulated phone that streams to the program at the port. Ends with the object.
-std::unique_ptr<QProcess> startPhone(const QString& port, const QStringList& arguments)
+// A simulated phone that streams to the program once it listens. Ends with the object.
+std::unique_ptr<QProcess> startPhone(const Program& program, const QStringList& arguments)
 {
+    const QString port = program.waitForLog(u"Pevrix: listening on port (\\d+)"_s);
     auto phone = std::make_unique<QProcess>();
     phone->setProcessChannelMode(QProcess::MergedChannels);
     phone->start(QStringLiteral(PEVRIX_BIN_DIR "/phonesim"),
                  QStringList{u"--host"_s, u"127.0.0.1"_s, u"--port"_s, port, u"--token-file"_s,
-                             QStringLiteral(PEVRIX_BIN_DIR "/pairing-token.txt"), u"--size"_s,
-                             u"320x240"_s} +
+                             program.path(u"pairing-token.txt"_s), u"--size"_s, u"320x240"_s} +
                      arguments);
     return phone;
 }
@@ -116,8 +122,7 @@ std::unique_ptr<QProcess> startPhone(const QString& port, const QStringList& arg
 TEST(Program, ShowsTheLiveVideoOfAPhoneAndQuitsCleanly)
 {
     Program program;
-    const QString port = program.waitForLog(u"Pevrix: listening on port (\\d+)"_s);
-    const auto phone = startPhone(port, {u"--frames"_s, u"30"_s});
+    const auto phone = startPhone(program, {u"--frames"_s, u"30"_s});
     ASSERT_TRUE(phone->waitForFinished(kPatienceMs));
     EXPECT_EQ(phone->exitCode(), 0) << phone->readAll().constData();
 
@@ -161,9 +166,8 @@ TEST(Program, TakesAPictureSoonAfterTheFirstFrame)
         Program program(QStringList{u"--shot"_s, u"--out"_s, u"%1/shot.png"_s, u"--shot-delay"_s,
                                     u"6000000"_s} +
                         wanted);
-        const QString port = program.waitForLog(u"Pevrix: listening on port (\\d+)"_s);
-        const auto first = startPhone(port, {u"--name"_s, u"First"_s});
-        const auto second = startPhone(port, {u"--name"_s, u"Second"_s});
+        const auto first = startPhone(program, {u"--name"_s, u"First"_s});
+        const auto second = startPhone(program, {u"--name"_s, u"Second"_s});
         EXPECT_EQ(program.waitForExit(), 0);
         EXPECT_EQ(QImage(program.path(u"shot.png"_s)).size(), QSize(540, 640));
     }
