@@ -138,7 +138,8 @@ TEST(Program, ShowsTheLiveVideoOfAPhoneAndQuitsCleanly)
 TEST(Program, TakesAPictureOfItsWindowWhenTheDelayIsOver)
 {
     Program program({u"--shot"_s, u"620x700"_s, u"--out"_s, u"%1/shot.png"_s, u"--lang"_s, u"ja"_s,
-                     u"--shot-active"_s, u"Nobody"_s, u"--shot-delay"_s, u"1000"_s});
+                     u"--shot-active"_s, u"Nobody"_s, u"--shot-delay"_s, u"1000"_s,
+                     u"--shot-view"_s, u"settings"_s, u"--shot-theme"_s, u"1"_s});
     EXPECT_EQ(program.waitForExit(), 0);
     EXPECT_EQ(QImage(program.path(u"shot.png"_s)).size(), QSize(620, 700));
     EXPECT_TRUE(program.log().contains(u"Pevrix: shot saved to "_s + program.path(u"shot.png"_s)));

@@ -97,6 +97,7 @@ TEST(Catalogs, TranslateEveryTextOfTheInterfaceAndNothingElse)
             EXPECT_EQ(ours.translate(qPrintable(text[0]), text[1].toUtf8(), text[2].toUtf8()),
                       translation);
         }
-        EXPECT_EQ(catalog.size(), sources.size()) << "texts that are no more in " << qPrintable(code);
+        EXPECT_EQ(catalog.size(), sources.size())
+            << "texts that are no more in " << qPrintable(code);
     }
 }

@@ -65,10 +65,10 @@ TEST_F(TranslatorTest, FindsTheLanguageOfTheSystem)
 TEST_F(TranslatorTest, TakesOnlyCodesThatItHasFromTheCommandLine)
 {
     const char* const cases[][2] = {
-        {"pevrix --lang ja", "ja"}, {"pevrix --shot --lang zh_CN x", "zh_CN"},
-        {"pevrix --lang en", "en"}, {"pevrix --lang JA", "none"},
+        {"pevrix --lang ja", "ja"},     {"pevrix --shot --lang zh_CN x", "zh_CN"},
+        {"pevrix --lang en", "en"},     {"pevrix --lang JA", "none"},
         {"pevrix --lang auto", "none"}, {"pevrix --lang zh", "none"},
-        {"pevrix --lang", "none"}, {"pevrix ja", "none"},
+        {"pevrix --lang", "none"},      {"pevrix ja", "none"},
     };
     for (const auto& [arguments, expected] : cases) {
         const QStringList list = QString::fromLatin1(arguments).split(u' ');
@@ -94,8 +94,8 @@ TEST_F(TranslatorTest, SpeaksTheStoredLanguageFromTheStartAndEnglishAfterTheEnd)
 TEST_F(TranslatorTest, ChangesTheLanguageOfEverythingThatIsShown)
 {
     QQmlComponent component(&m_engine);
-    component.setData("import QtQml\nQtObject { property string text: qsTranslate('tray', 'Quit') }",
-                      QUrl());
+    component.setData(
+        "import QtQml\nQtObject { property string text: qsTranslate('tray', 'Quit') }", QUrl());
     const std::unique_ptr<QObject> shown(component.create());
     Translator translator(QCoreApplication::instance(), &m_engine);
     QSignalSpy changes(&translator, &Translator::languageChanged);
