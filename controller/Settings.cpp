@@ -14,7 +14,6 @@ namespace {
 constexpr auto kThemeMode = "theme/mode"_L1;
 constexpr auto kRecordingFolder = "recording/folder"_L1;
 constexpr auto kMinimizeToTray = "options/minimizeToTray"_L1;
-constexpr auto kLanguage = "language"_L1;
 constexpr auto kTrusted = "trusted"_L1;
 constexpr auto kNames = "names"_L1;
 
@@ -107,17 +106,6 @@ bool Settings::minimizeToTray() const
 void Settings::setMinimizeToTray(bool on)
 {
     m_store->setValue(kMinimizeToTray, on);
-}
-
-QString Settings::language() const
-{
-    const QString code = m_store->value(kLanguage).toString();
-    return code.isEmpty() ? u"auto"_s : code;
-}
-
-void Settings::setLanguage(const QString& code)
-{
-    m_store->setValue(kLanguage, code);
 }
 
 void Settings::trust(const QString& deviceId, const QString& token)

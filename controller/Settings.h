@@ -8,10 +8,10 @@
 
 namespace pevrix {
 
-/// Everything that lasts between runs, typed, with its defaults and validation: the one place that
-/// knows the keys. Lives in an INI file that is replaced whole at each write (a lock file and a
-/// rename), so that a crash leaves the old or the new one. Values that are missing, damaged or out
-/// of range read as their defaults. GUI thread.
+/// What lasts between runs, typed, with its defaults and validation: the one place that knows the
+/// keys, but for "language", which is the Translator's. Lives in an INI file that is replaced whole
+/// at each write (a lock file and a rename), so that a crash leaves the old or the new one. Values
+/// that are missing, damaged or out of range read as their defaults. GUI thread.
 class Settings
 {
 public:
@@ -35,10 +35,6 @@ public:
     /// Closing the window hides it.
     [[nodiscard]] bool minimizeToTray() const;
     void setMinimizeToTray(bool on);
-
-    /// "auto" or a language code.
-    [[nodiscard]] QString language() const;
-    void setLanguage(const QString& code);
 
     /// Phones that may connect, with the token that each was paired with.
     [[nodiscard]] DeviceMap trusted() const { return group(QLatin1StringView("trusted")); }

@@ -38,7 +38,6 @@ protected:
         const Settings settings(file());
         EXPECT_TRUE(Settings::isThemeMode(settings.themeMode()));
         EXPECT_FALSE(settings.recordingFolder().isEmpty());
-        EXPECT_FALSE(settings.language().isEmpty());
         EXPECT_LE(settings.trusted().size() + settings.names().size(), 100);
     }
 
@@ -53,7 +52,6 @@ TEST_F(SettingsTest, HasDefaultsForEverythingThatWasNeverStored)
     EXPECT_EQ(settings.themeMode(), 0);
     EXPECT_TRUE(settings.recordingFolder().endsWith("/Pevrix"_L1));
     EXPECT_TRUE(settings.minimizeToTray());
-    EXPECT_EQ(settings.language(), u"auto"_s);
     EXPECT_TRUE(settings.trusted().isEmpty());
     EXPECT_TRUE(settings.names().isEmpty());
 }
@@ -65,21 +63,19 @@ TEST_F(SettingsTest, KeepsWhatWasStoredUnderTheKeysThatUsersKnow)
         settings.setThemeMode(2);
         settings.setRecordingFolder(u"/videos/ü"_s);
         settings.setMinimizeToTray(false);
-        settings.setLanguage(u"zh_CN"_s);
         settings.trust(u"phone-1"_s, u"token-1"_s);
         settings.trust(u"a/b\\c=d [e]"_s, u"token-2"_s); // ids are foreign text
         settings.setName(u"phone-1"_s, u"Küche"_s);
     }
     const QByteArray stored = read(file());
-    for (const char* line : {"[theme]\nmode=2", "[options]\nminimizeToTray=false", "language=zh_CN",
-                             "[trusted]\n", "phone-1=token-1"}) {
+    for (const char* line :
+         {"[theme]\nmode=2", "[options]\nminimizeToTray=false", "[trusted]\n", "phone-1=token-1"}) {
         EXPECT_TRUE(stored.contains(line)) << line << "\n" << stored.constData();
     }
     const Settings again(file());
     EXPECT_EQ(again.themeMode(), 2);
     EXPECT_EQ(again.recordingFolder(), u"/videos/ü"_s);
     EXPECT_FALSE(again.minimizeToTray());
-    EXPECT_EQ(again.language(), u"zh_CN"_s);
     EXPECT_EQ(again.trusted().value(u"phone-1"_s), u"token-1"_s);
     EXPECT_EQ(again.trusted().size(), 2);
     EXPECT_EQ(again.names().value(u"phone-1"_s), u"Küche"_s);
