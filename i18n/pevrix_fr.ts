@@ -166,7 +166,7 @@
     </message>
     <message>
         <source>Close to tray</source>
-        <translation>Réduire à la fermeture</translation>
+        <translation>Fermer vers la zone de notification</translation>
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
