@@ -28,6 +28,14 @@ void registerQmlTypes()
     qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
 }
 
+// Once the window is seen: encryption takes a quarter of a second to load.
+void checkForUpdates(UpdateChecker& updater, const QQuickWindow& window)
+{
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, &updater, &UpdateChecker::check,
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
 // Brings the window back, maximised if it was so when it was hidden.
 void showWindow(QWindow& window)
 {
@@ -89,11 +97,10 @@ int main(int argc, char** argv)
         qWarning("Pevrix: Main.qml failed to load (see %%LOCALAPPDATA%%\\Pevrix\\pevrix.log).");
         return -1;
     }
-    updater.check();
-
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (window) {
         addNativeWindowStyles(*window);
+        checkForUpdates(updater, *window);
     }
     Tray tray;
     connectTray(tray, controller, translator, window);

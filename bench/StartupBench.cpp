@@ -44,16 +44,18 @@ public:
     }
 };
 
-// Reads until the text has come; false when it does not.
-bool waitForText(QProcess& process, const char* text)
+// Reads until a frame has been swapped; false when none comes. A frame "rendered in 0ms" is none:
+// the window was not there yet.
+bool waitForFrame(QProcess& process)
 {
-    QByteArray all;
-    while (!all.contains(text)) {
+    static const QRegularExpression frame(u"frame rendered in [1-9]"_s);
+    QString log;
+    while (!log.contains(frame)) {
         if (!process.waitForReadyRead(kPatienceMs)) {
-            std::fprintf(stderr, "%s", all.constData());
+            std::fprintf(stderr, "%s", qPrintable(log));
             return false;
         }
-        all += process.readAll();
+        log += QString::fromLocal8Bit(process.readAll());
     }
     return true;
 }
@@ -74,7 +76,7 @@ bool measure(const QString& program, const QProcessEnvironment& environment, Run
     QElapsedTimer clock;
     clock.start();
     process.start(program, QStringList());
-    if (!waitForText(process, "frame rendered in")) {
+    if (!waitForFrame(process)) {
         return false;
     }
     run.firstFrameMs = static_cast<double>(clock.nsecsElapsed()) / 1e6;
