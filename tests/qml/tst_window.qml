@@ -320,6 +320,17 @@ TestCase {
         compare(settings.tab, 0)
     }
 
+    function test_languageChangesWhileTheProgramRuns() {
+        const name = () => window.langList[0].name
+        compare(name(), "System default")
+        i18n.setLanguage("ja")
+        verify(name() !== "System default")
+        compare(window.nameOfLanguage(i18n.language), "日本語")
+        i18n.setLanguage("en")
+        compare(name(), "System default")
+        compare(window.nameOfLanguage("xx"), "xx")
+    }
+
     function cutTexts(item) {
         // A path may be cut in its middle.
         const cut = item.text !== undefined && item.truncated && item.elide !== Text.ElideMiddle
@@ -341,7 +352,11 @@ TestCase {
             for (const dialog of ["settings", "language", "addPhone"]) {
                 tryVerify(() => part(dialog)?.shown !== true || part(dialog).opacity === 1)
             }
-            compare(cutTexts(window.contentItem), [], name)
+            for (const well of [true, false]) {
+                controller.cameraRegistered = controller.usbAvailable = well
+                verify(waitForPolish(window))
+                compare(cutTexts(window.contentItem), [], name)
+            }
         }
     }
 }

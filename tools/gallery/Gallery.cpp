@@ -15,8 +15,8 @@ namespace pevrix {
 
 namespace {
 
-// Longer than every animation of the interface, and than the window's first frames.
-constexpr int kSettleMs = 500;
+// Longer than every animation of the interface: the pulse of a dot that has been stopped ends last.
+constexpr int kSettleMs = 1500;
 
 enum ThemeMode
 {
