@@ -94,7 +94,7 @@ void encode(const Format& format, const std::string& file)
                       "-b:v",
                       format.bitrate,
                       "-x264-params",
-                      "keyint=60:repeat-headers=1:sliced-threads=0",
+                      "keyint=60:scenecut=0:repeat-headers=1:sliced-threads=0",
                       file});
 }
 
