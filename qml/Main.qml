@@ -199,8 +199,8 @@ Window {
 
         UpdateBar {
             id: updateBar
-
             objectName: "updateBar"
+
             anchors { left: titleBar.left; right: titleBar.right; top: titleBar.bottom }
             available: root.updates.available
             latestVersion: root.updates.latestVersion
@@ -231,8 +231,8 @@ Window {
 
             LiveView {
                 id: liveView
-
                 objectName: "liveView"
+
                 anchors.fill: parent
                 visible: root.onLive
                 app: root.controller
@@ -294,6 +294,7 @@ Window {
     EditMenu {
         id: editMenu
         objectName: "editMenu"
+
         theme: root
     }
 }

@@ -97,8 +97,8 @@ Item {
 
     Rectangle {
         id: card
-
         objectName: "card"
+
         readonly property real chrome: 2 * root.padding + root.headerHeight + root.headerGap
 
         anchors.centerIn: parent
@@ -158,8 +158,8 @@ Item {
         // The bar lies in a gutter of 14 beside the column, inside the card's padding.
         ScrollBody {
             id: scroller
-
             objectName: "scroller"
+
             x: root.padding - root.ringRoom
             y: root.padding + root.headerHeight + root.headerGap - root.ringRoom
             width: column.width + root.ringRoom + 14

@@ -27,7 +27,8 @@ Flickable {
     onPhonesChanged: followPhones()
     Component.onCompleted: followPhones()
 
-    // A card lasts as long as its phone stays: making all anew would end a renaming.
+    // A card lasts as long as its phone stays: making all anew would end a renaming. Phones keep
+    // their order.
     function followPhones(): void {
         for (let i = ids.count - 1; i >= 0; --i) {
             const id = ids.get(i).phoneId

@@ -10,9 +10,6 @@
 #include <QTemporaryDir>
 #include <QtQuickTest/quicktest.h>
 
-#include <memory>
-#include <vector>
-
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
@@ -43,8 +40,6 @@ public Q_SLOTS:
     }
 
 private:
-    const QTemporaryDir m_settings; // the user's own are left alone
-
     static QObject* make(QQmlEngine* engine, const QString& component)
     {
         QQmlComponent made(engine, QUrl("qrc:/gallery/"_L1 + component + ".qml"_L1));
@@ -56,6 +51,8 @@ private:
         object->setParent(engine);
         engine->rootContext()->setContextProperty(name, object);
     }
+
+    const QTemporaryDir m_settings; // the user's own are left alone
 };
 
 } // namespace pevrix
