@@ -11,7 +11,8 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <chrono>
+#include <cstring>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -162,7 +162,7 @@ protected:
             return;
         }
         if (between(0, 500) == 0) {
-            m_pipeline.feed("\0\0\1\x65 no slice", 0);
+            m_pipeline.feed(QByteArrayView::fromArray("\0\0\1\x65 no slice"), 0);
         }
         m_pipeline.feed(phone.clip->units[phone.next], 0);
         phone.next = (phone.next + 1) % phone.clip->units.size();
