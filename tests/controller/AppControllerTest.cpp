@@ -211,6 +211,15 @@ TEST_F(AppControllerTest, ForgetsPhonesButKeepsTheConnectedOne)
     EXPECT_EQ(m_app->activeId(), 1);
 }
 
+TEST_F(AppControllerTest, ShowsNothingOfThisPcInCaptureMode)
+{
+    startApp();
+    m_app->setCaptureMode(true);
+    m_app->regeneratePairing();
+    EXPECT_EQ(m_app->pcName(), u"DESKTOP-PEVRIX"_s);
+    EXPECT_EQ(m_app->pairAddress(), u"192.168.1.42:%1"_s.arg(m_app->port()));
+}
+
 TEST_F(AppControllerTest, ShowsTheChosenPhoneAndTheNextOneWhenItLeaves)
 {
     constexpr QSize kSmall(64, 64);

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDesktopServices>
 #include <QNetworkReply>
 #include <QSignalSpy>
 #include <QTcpServer>
@@ -116,29 +115,3 @@ TEST_F(UpdateCheckerTest, FollowsARedirect)
         check("HTTP/1.1 302 Found\r\nLocation: /moved\r\nContent-Length: 0\r\n\r\n");
     EXPECT_EQ(checker->latestVersion(), u"1.2"_s);
 }
-
-namespace {
-
-class Browser : public QObject
-{
-    Q_OBJECT
-
-public Q_SLOTS:
-    void open(const QUrl& url) { opened = url; }
-
-public:
-    QUrl opened;
-};
-
-} // namespace
-
-TEST_F(UpdateCheckerTest, OpensTheDownloadPageInTheBrowser)
-{
-    Browser browser;
-    QDesktopServices::setUrlHandler(u"https"_s, &browser, "open");
-    check(ok(kNewer))->openDownload();
-    QDesktopServices::unsetUrlHandler(u"https"_s);
-    EXPECT_EQ(browser.opened, QUrl(u"https://new.example/get"_s));
-}
-
-#include "UpdateCheckerTest.moc"
