@@ -19,7 +19,8 @@ Clickable {
 
     contentItem: Item {
         Column {
-            anchors { left: parent.left; right: parent.right; margins: 8; verticalCenter: parent.verticalCenter }
+            anchors { left: parent.left; right: parent.right; margins: 8 }
+            anchors.verticalCenter: parent.verticalCenter
             spacing: 6
 
             Item {

@@ -16,7 +16,8 @@ Rectangle {
     RowLayout {
         id: row
 
-        anchors { left: parent.left; right: parent.right; margins: 14; verticalCenter: parent.verticalCenter }
+        anchors { left: parent.left; right: parent.right; margins: 14 }
+        anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.sp3
 
         Dot {

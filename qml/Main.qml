@@ -208,14 +208,8 @@ Window {
         }
 
         Item {
-            id: views
-
-            anchors {
-                left: parent.left
-                right: parent.right
-                top: updateBar.bottom
-                bottom: parent.bottom
-            }
+            anchors { left: parent.left; right: parent.right }
+            anchors { top: updateBar.bottom; bottom: parent.bottom }
 
             PairingView {
                 objectName: "pairingView"

@@ -69,7 +69,8 @@ QtObject {
 
     function renamePhone(id: int, name: string): void {
         note("renamePhone", id, name)
-        phones = phones.map(phone => phone.id === id ? Object.assign({}, phone, { name: name }) : phone)
+        phones = phones.map(
+                    phone => phone.id === id ? Object.assign({}, phone, { name: name }) : phone)
     }
 
     function toggleOutput(): void {
