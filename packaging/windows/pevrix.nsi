@@ -34,7 +34,7 @@ VIAddVersionKey LegalCopyright "Pevrix"
 !define MUI_UNICON "${STAGE}\..\app-icon.ico"
 !define MUI_ABORTWARNING
 !define MUI_FINISHPAGE_RUN "$WINDIR\explorer.exe"
-!define MUI_FINISHPAGE_RUN_PARAMETERS '"$INSTDIR\pevrix.exe"' ; by the shell: without our rights
+!define MUI_FINISHPAGE_RUN_PARAMETERS "$\"$INSTDIR\pevrix.exe$\"" ; by the shell: without our rights
 !define MUI_FINISHPAGE_RUN_TEXT "Start Pevrix"
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_LICENSE "${STAGE}\NOTICES.txt"
@@ -141,6 +141,8 @@ Section "Uninstall"
 
     SetShellVarContext current
     Delete "$LOCALAPPDATA\Pevrix\pevrix.log"
+    RMDir /r "$LOCALAPPDATA\Pevrix\Pevrix\cache" ; of the compiled interface
+    RMDir "$LOCALAPPDATA\Pevrix\Pevrix"
     RMDir "$LOCALAPPDATA\Pevrix"
     ${If} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
         "Remove your settings and the list of trusted phones as well?" /SD IDNO IDYES`

@@ -9,7 +9,11 @@ package_windows() {
     cp build/windows/bin/{pevrix,pevrix-camsetup}.exe packaging/windows/NOTICES.txt "$stage/"
     cp assets/icons/app-icon.ico build/windows/package/
     # The camera library is another project's; whoever packages the program puts it there.
-    [ ! -f "${PEVRIX_SOFTCAM:-}" ] || cp "$PEVRIX_SOFTCAM" "$stage/softcam.dll"
+    if [ -n "${PEVRIX_SOFTCAM:-}" ]; then
+        cp "$PEVRIX_SOFTCAM" "$stage/softcam.dll"
+    else
+        say "without a camera library (PEVRIX_SOFTCAM names one): this package takes no phones"
+    fi
     deploy_windows "$stage"
     mkdir "$stage/licences"
     in_environment cp /usr/share/common-licenses/{GPL-3,LGPL-3} "$stage/licences/"

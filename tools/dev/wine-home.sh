@@ -3,7 +3,7 @@
 # started with, or nowhere when there was none.
 
 build=$PWD/build/windows
-export WINEPREFIX=$build/wine
+export WINEPREFIX=${wine_home:-$build/wine}
 unset WAYLAND_DISPLAY
 # Some of Wine's libraries complain when there is none.
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$build}
