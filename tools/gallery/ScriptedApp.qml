@@ -39,7 +39,7 @@ QtObject {
         outputEnabled = usbAvailable = cameraRegistered = osDark = minimizeToTray = true
         activeId = themeMode = 0
         phoneName = ""
-        recordingFolder = "/home/alex/Videos/Pevrix"
+        recordingFolder = "/home/user/Videos/Pevrix"
         port = 8788
         fps = 30
         decodeMs = 4
