@@ -13,11 +13,11 @@ namespace pevrix {
 struct CaptureOptions
 {
     QSize size{540, 640};                  // --shot [WIDTHxHEIGHT], of the window's client area
-    QString output = {};                   // --out FILE; empty: a dated file among the pictures
-    QString view = {};                     // --shot-view, the dialog to open; empty: none
-    QString phone = {};                    // --shot-active NAME; empty: none to wait for
+    QString output;                        // --out FILE; empty: a dated file among the pictures
+    QString view;                          // --shot-view, the dialog to open; empty: none
+    QString phone;                         // --shot-active NAME; empty: none to wait for
     std::chrono::milliseconds delay{4000}; // --shot-delay, when the picture is taken at the latest
-    std::optional<int> theme = {};         // --shot-theme, 0 system, 1 light, 2 dark
+    std::optional<int> theme;              // --shot-theme, 0 system, 1 light, 2 dark
 
     friend bool operator==(const CaptureOptions&, const CaptureOptions&) = default;
 };

@@ -28,12 +28,13 @@ void registerQmlTypes()
     qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
 }
 
-// Once the window is seen: encryption takes a quarter of a second to load.
+// Once the window is seen: encryption takes some hundred milliseconds to load.
 void checkForUpdates(UpdateChecker& updater, const QQuickWindow& window)
 {
-    QObject::connect(
-        &window, &QQuickWindow::frameSwapped, &updater, &UpdateChecker::check,
-        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    constexpr int kOnce = Qt::QueuedConnection | Qt::SingleShotConnection; // a type and a flag
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange)
+    const auto once = static_cast<Qt::ConnectionType>(kOnce);
+    QObject::connect(&window, &QQuickWindow::frameSwapped, &updater, &UpdateChecker::check, once);
 }
 
 // Brings the window back, maximised if it was so when it was hidden.

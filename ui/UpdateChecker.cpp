@@ -17,7 +17,7 @@ namespace {
 constexpr auto kOwnVersion = "1.1"_L1;
 
 // An answer is a line of text. A server that sends without end is hung up on.
-constexpr qint64 kMaxAnswerBytes = 64 * 1024;
+constexpr qint64 kMaxAnswerBytes = qint64{64} * 1024;
 
 } // namespace
 
