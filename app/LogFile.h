@@ -14,7 +14,7 @@ class LogFile
 {
 public:
     /// A log as large as this is kept; one byte more is deleted at the next start.
-    static constexpr qint64 kMaxLogBytes = 512 * 1024;
+    static constexpr qint64 kMaxLogBytes = qint64{512} * 1024;
 
     /// Creates the folder. Failure is not reported: messages then reach standard error only.
     explicit LogFile(const QString& baseFolder);

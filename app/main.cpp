@@ -80,6 +80,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Pevrix"_s);
     QApplication::setOrganizationName(u"Pevrix"_s);
+    QApplication::setDesktopFileName(u"example.pevrix.Pevrix"_s); // the Linux menu entry's name
     QApplication::setWindowIcon(QIcon(u":/assets/icons/app-icon-256.png"_s));
     quitOnSystemSignals(application);
     registerQmlTypes();

@@ -155,7 +155,7 @@ private:
     std::vector<std::uint8_t> m_cropped;
     QTimer m_pacingTimer;
     QTimer m_stallTimer;
-    Point m_lastProgress{};
+    Point m_lastProgress;
     qint64 m_framesAtLastCheck = 0;
     DecodeTime m_decodeTime;
 };
