@@ -1,9 +1,12 @@
 #include "tools/gallery/Gallery.h"
 #include "ui/FramePreview.h"
 #include "ui/Translator.h"
+#include "video/Card.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QGuiApplication>
+#include <QImage>
 #include <QQmlContext>
 #include <QQuickWindow>
 #include <QSettings>
@@ -11,6 +14,8 @@
 
 #include <cstdio>
 #include <optional>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -42,9 +47,9 @@ struct Options
 Options parseOptions(const QCoreApplication& application)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        u"Writes a picture of every view of the interface. Needs a graphics API, for example "
-        "OpenGL on a virtual X display."_s);
+    parser.setApplicationDescription(u"Writes a picture of every view of the interface and of the "
+                                     u"camera's cards. Needs a graphics API, for example "
+                                     "OpenGL on a virtual X display."_s);
     parser.addHelpOption();
     parser.addOptions({
         {u"out"_s, u"Folder of the pictures."_s, u"folder"_s, u"gallery"_s},
@@ -62,6 +67,27 @@ Options parseOptions(const QCoreApplication& application)
     }
     return {.gallery = {parser.value(u"out"_s), theme == "dark"_L1, *size},
             .language = parser.value(u"lang"_s)};
+}
+
+// What other programs see of the camera while no video flows. The names of files that cannot be
+// written.
+QStringList writeCards(const QString& folder)
+{
+    constexpr QSize kSize(1280, 720);
+    const std::pair<QString, std::vector<std::uint8_t>> cards[] = {
+        {u"card-idle.png"_s, pevrix::drawIdleCard(kSize, u"192.168.1.42:8788"_s)},
+        {u"card-paused.png"_s, pevrix::drawPausedCard(kSize)},
+    };
+    QStringList failed;
+    for (const auto& [name, pixels] : cards) {
+        const QImage image(pixels.data(), kSize.width(), kSize.height(), kSize.width() * 3,
+                           QImage::Format_BGR888);
+        const QString file = QDir(folder).filePath(name);
+        if (!image.save(file)) {
+            failed.append(file);
+        }
+    }
+    return failed;
 }
 
 } // namespace
@@ -88,7 +114,8 @@ int main(int argc, char** argv)
     if (!gallery.load()) {
         return EXIT_FAILURE;
     }
-    const QStringList failed = gallery.takePictures();
+    QStringList failed = gallery.takePictures(); // makes the folder
+    failed += writeCards(options.gallery.folder);
     for (const QString& file : failed) {
         std::fprintf(stderr, "pevrix_gallery: cannot write %s\n", qPrintable(file));
     }
