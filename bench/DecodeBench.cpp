@@ -49,28 +49,7 @@ int main()
         return 1;
     }
     const std::string file = folder + "/stream.h264";
-    // 10 seconds of 4 Mbit/s, with grain, so that there is something to decode.
-    runFfmpeg({"-f",
-               "lavfi",
-               "-i",
-               "testsrc2=size=1280x720:rate=30,noise=alls=8:allf=t:all_seed=1",
-               "-frames:v",
-               "300",
-               "-pix_fmt",
-               "yuv420p",
-               "-c:v",
-               "libx264",
-               "-profile:v",
-               "main",
-               "-preset",
-               "veryfast",
-               "-tune",
-               "zerolatency",
-               "-b:v",
-               "4M",
-               "-x264-params",
-               "keyint=60:repeat-headers=1:sliced-threads=0",
-               file});
+    bench::encodeGrain(1280, 720, 30, 300, "4M", file);
     std::ifstream input(file, std::ios::binary);
     const std::vector<char> read(std::istreambuf_iterator<char>(input), {});
     const std::vector<std::uint8_t> bytes(read.begin(), read.end());

@@ -33,4 +33,33 @@ inline double runFfmpeg(std::vector<std::string> arguments)
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
+// Encodes a test picture as phones do, a keyframe in every 60. With grain, so that there is
+// something to decode and no two pictures are alike.
+inline void encodeGrain(int width, int height, int fps, int frames, const std::string& bitrate,
+                        const std::string& file)
+{
+    runFfmpeg({"-f",
+               "lavfi",
+               "-i",
+               "testsrc2=size=" + std::to_string(width) + "x" + std::to_string(height) +
+                   ":rate=" + std::to_string(fps) + ",noise=alls=8:allf=t:all_seed=1",
+               "-frames:v",
+               std::to_string(frames),
+               "-pix_fmt",
+               "yuv420p",
+               "-c:v",
+               "libx264",
+               "-profile:v",
+               "main",
+               "-preset",
+               "veryfast",
+               "-tune",
+               "zerolatency",
+               "-b:v",
+               bitrate,
+               "-x264-params",
+               "keyint=60:scenecut=0:repeat-headers=1:sliced-threads=0",
+               file});
+}
+
 } // namespace pevrix::bench

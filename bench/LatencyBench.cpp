@@ -70,34 +70,6 @@ std::uint64_t glance(const std::uint8_t* pixels, const Format& format)
     return pictureHash(pixels + row * static_cast<std::size_t>(format.height / 2), 8 * row);
 }
 
-// Grain, so that there is something to decode and no two pictures are alike.
-void encode(const Format& format, const std::string& file)
-{
-    bench::runFfmpeg({"-f",
-                      "lavfi",
-                      "-i",
-                      "testsrc2=size=" + std::to_string(format.width) + "x" +
-                          std::to_string(format.height) + ":rate=" + std::to_string(format.fps) +
-                          ",noise=alls=8:allf=t:all_seed=1",
-                      "-frames:v",
-                      std::to_string(format.fps * format.seconds),
-                      "-pix_fmt",
-                      "yuv420p",
-                      "-c:v",
-                      "libx264",
-                      "-profile:v",
-                      "main",
-                      "-preset",
-                      "veryfast",
-                      "-tune",
-                      "zerolatency",
-                      "-b:v",
-                      format.bitrate,
-                      "-x264-params",
-                      "keyint=60:scenecut=0:repeat-headers=1:sliced-threads=0",
-                      file});
-}
-
 // A stream, its pictures and what it costs to decode it, as often as one likes.
 struct Material
 {
@@ -105,7 +77,8 @@ struct Material
         : format(theFormat)
         , file(folder.filePath(QString::number(format.height) + u".h264"_s).toStdString())
     {
-        encode(format, file);
+        bench::encodeGrain(format.width, format.height, format.fps, format.fps * format.seconds,
+                           format.bitrate, file);
         QFile input(QString::fromStdString(file));
         if (!input.open(QIODevice::ReadOnly)) {
             std::exit(EXIT_FAILURE);

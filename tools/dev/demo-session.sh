@@ -18,36 +18,19 @@ fail() {
     exit 1
 }
 
-pids=()
+source tools/dev/session.sh
+
 end_all() {
-    for pid in "${pids[@]}"; do
-        kill "$pid" 2>/dev/null || true
-    done
+    end_processes
     wait 2>/dev/null || true
     [ -z "${runtime:-}" ] || rm -rf "$runtime"
 }
 trap end_all EXIT
 
-# wait_for FILE TEXT WHAT: until the text stands in the file.
-wait_for() {
-    local deadline=$((SECONDS + seconds_to_wait))
-    until grep -q "$2" "$1" 2>/dev/null; do
-        [ $SECONDS -lt $deadline ] || fail "$3"
-        sleep 0.1
-    done
-}
-
 # The window without the transparent margin around its card, which nothing blends here.
 photograph() {
     ffmpeg -loglevel error -y -f x11grab -draw_mouse 0 -video_size 508x608 \
         -i "$DISPLAY+16,16" -frames:v 1 "$1" 2>"$work/photograph.log" || fail "the window could not be photographed"
-}
-
-start_display() {
-    Xvfb -displayfd 7 -screen 0 540x640x24 -nolisten tcp 7>"$work/display" 2>"$work/xvfb.log" &
-    pids+=($!)
-    wait_for "$work/display" . "the virtual display did not start"
-    export DISPLAY=:$(cat "$work/display")
 }
 
 # PipeWire, in which the virtual camera appears. It lies in a short path: sockets allow 108 characters.
@@ -148,7 +131,7 @@ end_gently() {
     [ "$status" = 0 ] || fail "$2 ended with status $status"
 }
 
-start_display
+start_display 540x640
 start_media_service
 start_program_and_phone
 await_video

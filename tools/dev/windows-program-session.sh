@@ -19,23 +19,13 @@ fail() {
     exit 1
 }
 
-pids=()
+source tools/dev/session.sh
+
 end_all() {
-    for pid in "${pids[@]}"; do
-        kill "$pid" 2>/dev/null || true
-    done
+    end_processes
     end_wine
 }
-trap end_all EXIT
-
-# wait_for FILE TEXT WHAT: until the text stands in the file.
-wait_for() {
-    local deadline=$((SECONDS + seconds_to_wait))
-    until grep -q "$2" "$1" 2>/dev/null; do
-        [ $SECONDS -lt $deadline ] || fail "$3"
-        sleep 0.2
-    done
-}
+trap end_processes EXIT
 
 rm -rf "$home" "$work" "${log%/*}" "${settings%/*}" out/windows.png
 mkdir -p "$home" "$work" out
@@ -44,10 +34,7 @@ cp -rl "$build"/bin/{plugins,qml} "$home/"
 rm -f "$home"/testcam*.dll
 cp "$build/bin/testcam.dll" "$home/softcam.dll"
 
-Xvfb -displayfd 7 -screen 0 1280x800x24 -nolisten tcp 7>"$work/display" 2>/dev/null &
-pids+=($!)
-wait_for "$work/display" . "the virtual display did not start"
-export DISPLAY=:$(cat "$work/display")
+start_display 1280x800
 source tools/dev/wine-home.sh
 trap end_all EXIT
 
