@@ -25,9 +25,10 @@ in_throwaway_root() {
     local lower=/ layer status=0 namespaces=(-m)
     [ "$environment_kind" = host ] || lower=$environment_root
     [ "$(id -u)" = 0 ] || namespaces=(-rm)
+    mkdir -p "$cache_dir"
     layer=$(mktemp -d -p "$cache_dir")
     mkdir "$layer"/{upper,work,merged}
-    unshare "${namespaces[@]}" bash -c '
+    unshare "${namespaces[@]}" bash -ec '
         layer=$1 lower=$2
         shift 2
         mount -t overlay overlay \
