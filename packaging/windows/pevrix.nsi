@@ -1,4 +1,5 @@
-; The Windows installer: per machine, silent with /S, another folder with /D=FOLDER (last).
+; The Windows installer: per machine, silent with /S, started with Windows with /AUTOSTART, another
+; folder with /D=FOLDER (last). Exit code: 0 done, 3 something of ours is in use, others by NSIS.
 ; makensis gets VERSION, STAGE (the folder with the program's files), LISTS (the folder with the
 ; uninstaller's lists of them) and OUTFILE.
 Unicode true
@@ -9,8 +10,10 @@ ManifestDPIAware true
 ManifestLongPathAware true
 ManifestSupportedOS Win10
 
+!include FileFunc.nsh
 !include LogicLib.nsh
 !include MUI2.nsh
+!include Sections.nsh
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Pevrix"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
@@ -46,34 +49,45 @@ VIAddVersionKey LegalCopyright "Pevrix"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
-; Windows keeps the file of a running program from being opened for writing.
-!macro REFUSE_WHILE_RUNNING
+; Windows keeps a file that is being run from being opened for writing.
+!macro REFUSE_WHILE_IN_USE FILE REMEDY
     ${Do}
-        ${IfNot} ${FileExists} "$INSTDIR\pevrix.exe"
+        ${IfNot} ${FileExists} "${FILE}"
             ${Break}
         ${EndIf}
         ClearErrors
-        FileOpen $0 "$INSTDIR\pevrix.exe" a
+        FileOpen $0 "${FILE}" a
         ${IfNot} ${Errors}
             FileClose $0
             ${Break}
         ${EndIf}
-        ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
-            "Pevrix is running. Quit it from its icon in the notification area, then try again." \
-            /SD IDCANCEL IDCANCEL`
+        ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${REMEDY}" /SD IDCANCEL IDCANCEL`
             SetErrorLevel 3
             Abort
         ${EndIf}
     ${Loop}
 !macroend
 
+!macro REFUSE_WHILE_RUNNING FOLDER
+    !insertmacro REFUSE_WHILE_IN_USE "${FOLDER}\pevrix.exe" \
+        "Pevrix is running. Quit it from its icon in the notification area, then try again."
+    !insertmacro REFUSE_WHILE_IN_USE "${FOLDER}\softcam.dll" \
+        "Another program uses the camera. Close the programs that show it, then try again."
+!macroend
+
 Section "Pevrix" SectionProgram
     SectionIn RO
-    !insertmacro REFUSE_WHILE_RUNNING
-    ; An older version goes first, so that no file of it stays behind; settings are kept.
-    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
-        ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
+    ; An older version goes first, wherever it is, so that no file of it stays behind; settings are kept.
+    ReadRegStr $1 HKLM "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} $1 != ""
+    ${AndIf} ${FileExists} "$1\uninstall.exe"
+        !insertmacro REFUSE_WHILE_RUNNING "$1"
+        ExecWait '"$1\uninstall.exe" /S _?=$1'
+        ; Told where it runs (_?=), it waits for itself, and so cannot delete itself.
+        Delete "$1\uninstall.exe"
+        RMDir "$1"
     ${EndIf}
+    !insertmacro REFUSE_WHILE_RUNNING "$INSTDIR"
 
     SetOutPath "$INSTDIR"
     File /r "${STAGE}\*"
@@ -118,14 +132,29 @@ Section /o "Start Pevrix with Windows" SectionStart
     WriteRegStr HKLM "${RUN_KEY}" "Pevrix" '"$INSTDIR\pevrix.exe"'
 SectionEnd
 
+; Whoever had it started with Windows keeps that.
+Function .onInit
+    ReadRegStr $0 HKLM "${RUN_KEY}" "Pevrix"
+    ${GetParameters} $1
+    ClearErrors
+    ${GetOptions} $1 "/AUTOSTART" $2
+    ${IfNot} ${Errors}
+    ${OrIf} $0 != ""
+        !insertmacro SelectSection ${SectionStart}
+    ${EndIf}
+FunctionEnd
+
 Section "Uninstall"
-    !insertmacro REFUSE_WHILE_RUNNING
+    !insertmacro REFUSE_WHILE_RUNNING "$INSTDIR"
     ${If} ${FileExists} "$INSTDIR\softcam.dll"
-        ExecWait '"$SYSDIR\regsvr32.exe" /s /u "$INSTDIR\softcam.dll"'
+        ExecWait '"$SYSDIR\regsvr32.exe" /s /u "$INSTDIR\softcam.dll"' $0
+        ${If} $0 != 0
+            DetailPrint "The camera could not be unregistered (status $0)."
+        ${EndIf}
     ${EndIf}
     nsExec::Exec 'netsh advfirewall firewall delete rule name="${FIREWALL_RULE}" \
         program="$INSTDIR\pevrix.exe"'
-    Pop $0
+    Pop $0 ; 1 where there was none
 
     ; Only what was installed, file by file, and what the program leaves beside itself.
     !include "${LISTS}\delete-files.nsh"

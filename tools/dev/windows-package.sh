@@ -21,20 +21,32 @@ package_windows() {
     say "packing"
     (cd build/windows/package && in_environment cmake -E tar cf "$project/out/Pevrix-$version.zip" \
         --format=zip Pevrix)
-    list_for_uninstaller "$stage" build/windows/package
-    in_environment makensis -V2 "-DVERSION=$version" "-DSTAGE=$project/$stage" \
-        "-DLISTS=$project/build/windows/package" "-DOUTFILE=$project/out/Pevrix-$version-setup.exe" \
-        packaging/windows/pevrix.nsi >"$(log_path installer)" 2>&1 ||
-        fail_with_log "making the installer failed" "$(log_path installer)"
+    make_installer "$version" "$stage" "out/Pevrix-$version-setup.exe"
+
+    # The same with a camera library that only takes note of being registered.
+    cp -rl "$stage" "$stage-camera"
+    cp --remove-destination build/windows/bin/registering_library.dll "$stage-camera/softcam.dll"
+    make_installer "$version" "$stage-camera" build/windows/package/with-camera-setup.exe \
+        '-XSetCompressor /FINAL zlib' # a tenth of the time
 
     say "trying the installer under Wine"
     in_environment xvfb-run -a bash tools/dev/windows-package-session.sh \
-        "out/Pevrix-$version-setup.exe" || fail "the installer does not work" "see the messages above"
+        "out/Pevrix-$version-setup.exe" build/windows/package/with-camera-setup.exe ||
+        fail "the installer does not work" "see the messages above"
     du -k out/Pevrix-* | awk '{print $2 ": " $1 " kB"}'
+}
+
+# make_installer VERSION STAGE FILE [OPTION...]
+make_installer() {
+    list_for_uninstaller "$2" "$2-lists"
+    in_environment makensis -V2 "-DVERSION=$1" "-DSTAGE=$project/$2" "-DLISTS=$project/$2-lists" \
+        "-DOUTFILE=$project/$3" "${@:4}" packaging/windows/pevrix.nsi >"$(log_path installer)" 2>&1 ||
+        fail_with_log "making the installer failed" "$(log_path installer)"
 }
 
 # list_for_uninstaller STAGE FOLDER: what the installer puts on a machine, as NSIS commands.
 list_for_uninstaller() {
+    mkdir -p "$2"
     (cd "$1" && find . -type f -printf 'Delete "$INSTDIR\\%P"\n') | tr / '\\' >"$2/delete-files.nsh"
     (cd "$1" && find . -depth -mindepth 1 -type d -printf 'RMDir "$INSTDIR\\%P"\n') |
         tr / '\\' >"$2/remove-folders.nsh"
