@@ -1,7 +1,7 @@
 ; The Windows installer: per machine, silent with /S, started with Windows with /AUTOSTART, another
 ; folder with /D=FOLDER (last). Exit code: 0 done, 3 something of ours is in use, others by NSIS.
 ; makensis gets VERSION, STAGE (the folder with the program's files), LISTS (the folder with the
-; uninstaller's lists of them) and OUTFILE.
+; uninstaller's lists of them), ART (the folder with the icon and the picture) and OUTFILE.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -33,13 +33,21 @@ VIAddVersionKey FileDescription "Pevrix installer"
 VIAddVersionKey CompanyName "Pevrix"
 VIAddVersionKey LegalCopyright "Pevrix"
 
-!define MUI_ICON "${STAGE}\..\app-icon.ico"
-!define MUI_UNICON "${STAGE}\..\app-icon.ico"
+!define MUI_ICON "${ART}\app-icon.ico"
+!define MUI_UNICON "${ART}\app-icon.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${ART}\side.bmp"
+!define MUI_COMPONENTSPAGE_SMALLDESC ; the long names need the width
 !define MUI_ABORTWARNING
 !define MUI_FINISHPAGE_RUN "$WINDIR\explorer.exe"
 !define MUI_FINISHPAGE_RUN_PARAMETERS "$\"$INSTDIR\pevrix.exe$\"" ; by the shell: without our rights
 !define MUI_FINISHPAGE_RUN_TEXT "Start Pevrix"
 !insertmacro MUI_PAGE_WELCOME
+; Using the program asks for no consent.
+!define MUI_PAGE_HEADER_TEXT "Notices"
+!define MUI_PAGE_HEADER_SUBTEXT "Of the software that comes with Pevrix."
+!define MUI_LICENSEPAGE_TEXT_TOP "Press Page Down to see the rest."
+!define MUI_LICENSEPAGE_TEXT_BOTTOM "They are installed with the program, as NOTICES.txt."
+!define MUI_LICENSEPAGE_BUTTON "&Next >"
 !insertmacro MUI_PAGE_LICENSE "${STAGE}\NOTICES.txt"
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY

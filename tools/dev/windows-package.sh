@@ -8,6 +8,11 @@ package_windows() {
     mkdir -p "$stage" out
     cp build/windows/bin/{pevrix,pevrix-camsetup}.exe packaging/windows/NOTICES.txt "$stage/"
     cp assets/icons/app-icon.ico build/windows/package/
+    # NSIS reads no other kind of picture; twice its place, for screens of a finer scale.
+    in_environment rsvg-convert --width 328 --output build/windows/package/side.png \
+        assets/icons/installer-side.svg
+    in_environment ffmpeg -loglevel error -i build/windows/package/side.png -pix_fmt bgr24 \
+        build/windows/package/side.bmp
     # The camera library is another project's; whoever packages the program puts it there.
     if [ -n "${PEVRIX_SOFTCAM:-}" ]; then
         cp "$PEVRIX_SOFTCAM" "$stage/softcam.dll"
@@ -40,7 +45,7 @@ package_windows() {
 make_installer() {
     list_for_uninstaller "$2" "$2-lists"
     in_environment makensis -V2 "-DVERSION=$1" "-DSTAGE=$project/$2" "-DLISTS=$project/$2-lists" \
-        "-DOUTFILE=$project/$3" "${@:4}" packaging/windows/pevrix.nsi >"$(log_path installer)" 2>&1 ||
+        "-DART=$project/build/windows/package" "-DOUTFILE=$project/$3" "${@:4}" packaging/windows/pevrix.nsi >"$(log_path installer)" 2>&1 ||
         fail_with_log "making the installer failed" "$(log_path installer)"
 }
 
