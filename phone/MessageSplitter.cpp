@@ -8,8 +8,8 @@ namespace {
 // that headers which announce much and deliver nothing cost nothing.
 constexpr qsizetype kFirstAllocation = 64 * 1024;
 
-// A larger payload's memory grows by this factor whenever it is full, so that at most a third of
-// its bytes are moved again.
+// A larger payload's memory grows by this factor whenever it is full, so that at most a third more
+// bytes than it has are moved again.
 constexpr qsizetype kGrowthFactor = 4;
 
 } // namespace

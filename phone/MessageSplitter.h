@@ -47,6 +47,9 @@ public:
     // Says that the first count bytes of writable() were filled.
     [[nodiscard]] Result commit(qsizetype count);
 
+    // The payload memory of the message that is coming in.
+    [[nodiscard]] qsizetype heldBytes() const { return m_message.payload.capacity(); }
+
     // The message that commit() announced, once.
     [[nodiscard]] Message take() { return std::exchange(m_message, {}); }
 

@@ -46,6 +46,7 @@ bool PhoneServer::listen(quint16 port)
     }
     m_port = m_server.serverPort();
     m_pingTimer.start();
+    m_lastKeepAliveMs = m_clock.elapsed();
     return true;
 }
 
@@ -122,6 +123,29 @@ void PhoneServer::dropOldestStranger()
     }
 }
 
+// What strangers have sent of messages that are not complete yet is memory that they hold together.
+void PhoneServer::limitStrangersBytes()
+{
+    qint64 bytes = 0;
+    QTcpSocket* greediest = nullptr;
+    qint64 most = 0;
+    for (const auto& [socket, session] : std::as_const(m_sessions).asKeyValueRange()) {
+        if (session.usb || session.handshaken || session.closing) {
+            continue;
+        }
+        const qint64 held = session.splitter.heldBytes();
+        bytes += held;
+        if (held > most) {
+            most = held;
+            greediest = socket;
+        }
+    }
+    if (bytes > kMaxStrangersBytes) {
+        m_sessions[greediest].closing = true;
+        greediest->abort();
+    }
+}
+
 void PhoneServer::onDisconnected(QTcpSocket* socket)
 {
     socket->deleteLater();
@@ -151,6 +175,9 @@ void PhoneServer::readTurn(QTcpSocket* socket)
     session = findOpen(socket);
     if (session != nullptr) {
         session->reading = false;
+        if (!session->usb && !session->handshaken) {
+            limitStrangersBytes();
+        }
     }
 }
 
@@ -236,12 +263,16 @@ void PhoneServer::keepAlive()
     m_server.resumeAccepting();
 
     const qint64 now = m_clock.elapsed();
+    // After this thread was held up, by a question of the system to the user say, what the phones
+    // sent meanwhile is still unread.
+    const bool heldUp = now - m_lastKeepAliveMs > m_timings.silenceLimit.count();
+    m_lastKeepAliveMs = now;
     QList<QTcpSocket*> silent;
     for (const auto& [socket, session] : std::as_const(m_sessions).asKeyValueRange()) {
         if (session.closing || (!session.handshaken && !session.backlogged)) {
             continue;
         }
-        if (now - session.lastRxMs > m_timings.silenceLimit.count()) {
+        if (!heldUp && now - session.lastRxMs > m_timings.silenceLimit.count()) {
             silent.append(socket);
         } else if (session.handshaken) {
             send(socket, MessageType::Ping, pingPayload(now));
@@ -261,7 +292,7 @@ void PhoneServer::send(QTcpSocket* socket, MessageType type, const QByteArray& p
     const auto header =
         encodeHeader({.type = type, .flags = 0, .length = static_cast<quint32>(payload.size())});
     socket->write(header.data(), kHeaderSize);
-    socket->write(payload.constData(), payload.size());
+    socket->write(payload); // shares it
     session->backlogged = session->backlogged || socket->bytesToWrite() > kMaxBacklog;
 }
 

@@ -32,8 +32,8 @@ struct PhoneServerTimings
 // nothing and stores nothing on disk.
 //
 // Lives on one thread with an event loop, and emits there. Owns every socket it serves. What a
-// peer can make it hold is bounded: per connection about two largest payloads, and at most
-// kMaxStrangers network connections that have not said a valid hello.
+// peer can make it hold is bounded: per connection about two largest payloads, and for all network
+// connections that have not said a valid hello together, kMaxStrangers and kMaxStrangersBytes.
 class PhoneServer : public QObject
 {
     Q_OBJECT
@@ -42,6 +42,8 @@ public:
     // Beyond this many network connections without an accepted hello the oldest one is dropped,
     // so that a flood of them never keeps a phone out. Far above what phones cause.
     static constexpr int kMaxStrangers = 128;
+    // And beyond this many bytes of incomplete messages the one that holds most of them.
+    static constexpr qint64 kMaxStrangersBytes = 4 * qint64{kMaxPayload};
 
     explicit PhoneServer(const PhoneServerTimings& timings = {}, QObject* parent = nullptr);
     ~PhoneServer() override;
@@ -81,7 +83,8 @@ Q_SIGNALS:
     void devicePaired(const QString& deviceId, const QString& token);
     // The phone at the end of a USB tunnel says goodbye; its connection is closed after this.
     void usbByeReceived(QTcpSocket* socket);
-    // Media is passed on from any connection, also before its hello.
+    // Media is passed on from any connection, also before its hello. The last stream information
+    // before an accepted hello comes once more after it.
     void streamInfo(int id, int width, int height, int fps);
     void videoConfig(int id, const QByteArray& annexbSpsPps);
     void videoFrame(int id, const QByteArray& annexbAccessUnit, qint64 ptsUsec, bool keyframe);
@@ -90,6 +93,7 @@ private:
     void onNewConnection();
     void adopt(QTcpSocket* socket, bool usb);
     void dropOldestStranger();
+    void limitStrangersBytes();
     void onDisconnected(QTcpSocket* socket);
 
     void readTurn(QTcpSocket* socket);
@@ -99,7 +103,7 @@ private:
     void queueTurn(QTcpSocket* socket, PhoneSession& session);
     void onBytesWritten(QTcpSocket* socket);
 
-    void dispatch(QTcpSocket* socket, const PhoneSession& session, const Message& message);
+    void dispatch(QTcpSocket* socket, PhoneSession& session, const Message& message);
     void dispatchVideoFrame(int id, const Message& message);
     void handleHello(QTcpSocket* socket, const QByteArray& payload);
     [[nodiscard]] bool admit(QTcpSocket* socket, const Hello& hello);
@@ -123,6 +127,7 @@ private:
     QHash<QString, QString> m_trusted; // deviceId to token
     QTimer m_pingTimer;
     QElapsedTimer m_clock;
+    qint64 m_lastKeepAliveMs = 0; // on m_clock
 };
 
 } // namespace pevrix

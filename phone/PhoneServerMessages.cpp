@@ -6,7 +6,7 @@
 
 namespace pevrix {
 
-void PhoneServer::dispatch(QTcpSocket* socket, const PhoneSession& session, const Message& message)
+void PhoneServer::dispatch(QTcpSocket* socket, PhoneSession& session, const Message& message)
 {
     const int id = session.id;
     switch (message.type) {
@@ -27,6 +27,9 @@ void PhoneServer::dispatch(QTcpSocket* socket, const PhoneSession& session, cons
         break;
     case MessageType::StreamInfo: {
         const StreamDescription stream = parseStreamInfo(message.payload);
+        if (!session.handshaken) {
+            session.earlyStream = stream;
+        }
         Q_EMIT streamInfo(id, stream.width, stream.height, stream.fps);
         break;
     }
@@ -66,8 +69,12 @@ void PhoneServer::handleHello(QTcpSocket* socket, const QByteArray& payload)
     session->handshaken = true;
     const int id = session->id;
     const bool usb = session->usb;
+    const auto stream = std::exchange(session->earlyStream, std::nullopt);
     send(socket, MessageType::HelloReply, helloReplyPayload());
     Q_EMIT phoneConnected(id, hello.deviceId, hello.name, hello.model, hello.os, usb);
+    if (stream && findOpen(socket) != nullptr) {
+        Q_EMIT streamInfo(id, stream->width, stream->height, stream->fps);
+    }
 }
 
 bool PhoneServer::admit(QTcpSocket* socket, const Hello& hello)

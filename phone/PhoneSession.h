@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace pevrix {
 
 // What PhoneServer knows about one connection. The ways through its states:
@@ -22,6 +24,7 @@ struct PhoneSession
     bool usb = false; // a USB tunnel, otherwise a Wi-Fi connection
     QString name;
     QString deviceId;
+    std::optional<StreamDescription> earlyStream; // announced before the hello
     qint64 lastRxMs = 0; // when the peer last showed a sign of life, on the server's clock
 
     bool closing = false;

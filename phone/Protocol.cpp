@@ -20,9 +20,13 @@ QByteArray jsonString(const QString& text)
     return QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact).sliced(1).chopped(1);
 }
 
+// Larger texts read as empty. Phones send some hundred bytes, while nested brackets take some 40
+// times their size in memory, from anybody who connects.
+constexpr qsizetype kMaxJsonSize = 64 * 1024;
+
 QJsonObject parseObject(const QByteArray& json)
 {
-    return QJsonDocument::fromJson(json).object();
+    return json.size() <= kMaxJsonSize ? QJsonDocument::fromJson(json).object() : QJsonObject();
 }
 
 QByteArray compact(const QJsonObject& object)

@@ -215,6 +215,34 @@ TEST_F(HostilePeersTest, idleAndSlowPeersMakeRoomForPhones)
     EXPECT_TRUE(late.sendAndSettle(helloMessage("late")));
 }
 
+TEST_F(HostilePeersTest, strangersHoldABoundedAmountTogether)
+{
+    // Once such a message is half there, memory for all of it is taken.
+    const auto header = encodeHeader(
+        {.type = MessageType::Thumbnail, .flags = 0, .length = static_cast<quint32>(kMaxPayload)});
+    const QByteArray block(256 * 1024, 'x');
+    struct Sender
+    {
+        RawPeer peer;
+        qint64 left = 8 * kMiB;
+    };
+    std::vector<Sender> senders;
+    for (int i = 0; i < 8; ++i) {
+        senders.push_back({RawPeer(server.port())});
+        senders.back().peer.write({header.data(), kHeaderSize});
+    }
+    while (std::ranges::any_of(senders, [](const Sender& sender) { return sender.left > 0; })) {
+        for (Sender& sender : senders) {
+            const auto sent = sender.left > 0 ? sender.peer.write(block) : 0;
+            sender.left = sent < 0 ? 0 : sender.left - sent;
+        }
+        ASSERT_TRUE(goodPhoneIsServed(1));
+    }
+    ASSERT_TRUE(goodPhoneIsServed(20));
+    EXPECT_EQ(std::ranges::count_if(senders, [](const Sender& s) { return s.peer.ended(); }),
+              8 - PhoneServer::kMaxStrangersBytes / kMaxPayload);
+}
+
 TEST_F(HostilePeersTest, aFloodOfMessagesLeavesTheOthersTheirTurn)
 {
     const QByteArray messages = buildMessage(MessageType::StreamInfo, "{}").repeated(20'000);

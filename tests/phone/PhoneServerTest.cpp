@@ -117,9 +117,9 @@ TEST_F(PhoneServerTest, reportsEverythingAPhoneSendsInItsOrder)
         waitUntil([&] { return phone.closed() && log.last().startsWith(u"disconnected"); }));
     EXPECT_EQ(log,
               (QStringList{u"stream 1 1280x720@30"_s, u"paired D T"_s, connected(1, u"D"_s, false),
-                           u"stream 1 640x360@24"_s, u"config 1 6768"_s, u"frame 1 1 1 65"_s,
-                           u"frame 1 -2 0 "_s, u"thumbnail 1 ffd8"_s, connected(1, u"D"_s, false),
-                           u"disconnected 1"_s}));
+                           u"stream 1 1280x720@30"_s, u"stream 1 640x360@24"_s, u"config 1 6768"_s,
+                           u"frame 1 1 1 65"_s, u"frame 1 -2 0 "_s, u"thumbnail 1 ffd8"_s,
+                           connected(1, u"D"_s, false), u"disconnected 1"_s}));
     EXPECT_EQ(server->framesReceived(), 3);
 
     TestPhone next(server->port());
@@ -258,6 +258,21 @@ TEST_F(PhoneServerTest, dropsHandshakenPhonesThatFellSilentAndNobodyElse)
     };
     EXPECT_GE(time(messages[1]), 0);
     EXPECT_GE(time(messages.last()), time(messages[1]) + 20);
+}
+
+// A dialog of the system that the program waits for may take the thread for half a minute.
+TEST_F(PhoneServerTest, dropsNobodyBecauseItsOwnThreadWasHeldUp)
+{
+    serve({.pingInterval = 20ms, .silenceLimit = 1500ms});
+    TestPhone phone(server->port());
+    phone.socket.write(helloMessage("L"));
+    ASSERT_TRUE(phone.waitForBytes(kHelloReply.size() + 1));
+    QObject::connect(&phone.socket, &QTcpSocket::readyRead, &phone.socket,
+                     [&] { phone.socket.write(buildMessage(MessageType::Pong)); });
+    QThread::msleep(2000);
+    const qsizetype received = phone.received.size();
+    ASSERT_TRUE(phone.waitForBytes(received + 60)) << "three more pings";
+    EXPECT_FALSE(phone.closed());
 }
 
 TEST_F(PhoneServerTest, deliversABurstWholeToABusyReceiver)
