@@ -77,39 +77,31 @@ std::optional<V4l2Output> V4l2Output::openFirstFree(const CameraFormat& format)
 
 std::optional<V4l2Output> V4l2Output::open(const std::string& path, const CameraFormat& format)
 {
-    const int device = ::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
-    if (device < 0) {
+    Device device(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
+    if (device.descriptor() < 0) {
         return std::nullopt;
     }
     const PixelLayout layout =
         suits(PixelLayout::Yuy2, format) ? PixelLayout::Yuy2 : PixelLayout::Bgr;
-    V4l2Output output(device, layout, format); // closes the device if it is of no use
-    if (!isLoopbackForOutput(device) || !agreeOnFormat(device, layout, format)) {
+    if (!isLoopbackForOutput(device.descriptor()) ||
+        !agreeOnFormat(device.descriptor(), layout, format)) {
         return std::nullopt;
     }
-    return output;
+    return V4l2Output(std::move(device), layout, format);
 }
 
-V4l2Output::V4l2Output(int device, PixelLayout layout, const CameraFormat& format)
-    : m_device(device)
+V4l2Output::V4l2Output(Device device, PixelLayout layout, const CameraFormat& format)
+    : m_device(std::move(device))
     , m_layout(layout)
     , m_size(pictureSize(layout, format))
     , m_converter(format)
     , m_picture(std::make_unique_for_overwrite<std::uint8_t[]>(m_size))
 {}
 
-V4l2Output::V4l2Output(V4l2Output&& other) noexcept
-    : m_device(std::exchange(other.m_device, -1))
-    , m_layout(other.m_layout)
-    , m_size(other.m_size)
-    , m_converter(std::move(other.m_converter))
-    , m_picture(std::move(other.m_picture))
-{}
-
-V4l2Output::~V4l2Output()
+V4l2Output::Device::~Device()
 {
-    if (m_device >= 0) {
-        close(m_device);
+    if (m_descriptor >= 0) {
+        close(m_descriptor);
     }
 }
 
@@ -117,7 +109,7 @@ void V4l2Output::sendFrame(const std::uint8_t* bgr)
 {
     m_converter.convert(bgr, m_layout, std::span(m_picture.get(), m_size));
     // A picture that the device refuses is lost, and nothing is to be done about it.
-    [[maybe_unused]] const ssize_t written = write(m_device, m_picture.get(), m_size);
+    [[maybe_unused]] const ssize_t written = write(m_device.descriptor(), m_picture.get(), m_size);
 }
 
 } // namespace pevrix

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace pevrix {
 
@@ -18,20 +19,33 @@ public:
     // The first loopback device that nobody feeds yet and that takes pictures of this format.
     [[nodiscard]] static std::optional<V4l2Output> openFirstFree(const CameraFormat& format);
 
-    V4l2Output(V4l2Output&& other) noexcept;
-    V4l2Output& operator=(V4l2Output&&) = delete;
-    ~V4l2Output();
-
     // `bgr` has bgrSize() bytes. One thread at a time.
     void sendFrame(const std::uint8_t* bgr);
 
 private:
-    V4l2Output(int device, PixelLayout layout, const CameraFormat& format);
+    // Of the open device; closed with the object.
+    class Device
+    {
+    public:
+        explicit Device(int descriptor)
+            : m_descriptor(descriptor)
+        {}
+        Device(Device&& other) noexcept
+            : m_descriptor(std::exchange(other.m_descriptor, -1))
+        {}
+        ~Device();
+        [[nodiscard]] int descriptor() const { return m_descriptor; }
+
+    private:
+        int m_descriptor;
+    };
+
+    V4l2Output(Device device, PixelLayout layout, const CameraFormat& format);
 
     [[nodiscard]] static std::optional<V4l2Output> open(const std::string& path,
                                                         const CameraFormat& format);
 
-    int m_device;
+    Device m_device;
     PixelLayout m_layout;
     std::size_t m_size;
     LayoutConverter m_converter;

@@ -7,6 +7,7 @@ extern "C" {
 #include <libavcodec/bsf.h>
 #include <libavformat/avformat.h>
 #include <libavutil/log.h>
+#include <libavutil/opt.h>
 }
 
 #include <memory>

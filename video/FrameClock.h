@@ -38,8 +38,8 @@ public:
         return std::chrono::microseconds(static_cast<std::int64_t>(1'000'000.0F / fps));
     }
 
-    // Ends a cycle: moves the deadline on by one period and says how long to sleep before the next
-    // cycle. Nothing when that deadline has been reached already.
+    // Ends a cycle: moves the deadline on by one period and returns it, for the cycle's thread to
+    // sleep until then. Nothing when it has been reached already.
     [[nodiscard]] std::optional<PacingTime::Point> advance(PacingTime::Point now)
     {
         m_deadline += m_period;

@@ -25,6 +25,8 @@ constexpr LONGLONG kNominalDuration = 333333;
 constexpr int kMaxPassesPerDrain = 200;
 // The same for one that refuses input although it has no output.
 constexpr int kMaxRefusals = 50;
+// And for one that offers output types without end.
+constexpr DWORD kMaxOutputTypes = 100;
 // A picture of the largest size that is delivered, however the transform aligns it.
 constexpr std::uint32_t kMaxOutputBytes = 64 * 1024 * 1024;
 
@@ -99,7 +101,7 @@ ComPtr<IMFMediaType> makeInputType(std::uint32_t width, std::uint32_t height)
 
 ComPtr<IMFMediaType> firstNv12Type(IMFTransform& transform)
 {
-    for (DWORD index = 0;; ++index) {
+    for (DWORD index = 0; index < kMaxOutputTypes; ++index) {
         ComPtr<IMFMediaType> type;
         if (FAILED(transform.GetOutputAvailableType(0, index, &type)) || type == nullptr) {
             return nullptr;
@@ -110,6 +112,7 @@ ComPtr<IMFMediaType> firstNv12Type(IMFTransform& transform)
             return type;
         }
     }
+    return nullptr;
 }
 
 } // namespace

@@ -45,7 +45,8 @@ public:
     void close();
 
     // False also once a recording has ended by itself because it could not be written any further,
-    // as on a full disk; the file then plays up to there.
+    // as on a full disk; the file then plays up to there. Media Foundation does not tell: there a
+    // recording is open until it is closed.
     [[nodiscard]] bool isOpen() const;
 
     // Of the recording's pictures; 0 when nothing is open.
@@ -53,7 +54,7 @@ public:
     [[nodiscard]] std::uint32_t height() const { return isOpen() ? m_height : 0; }
 
     // Pictures of this recording, or of the last one when nothing is open, that are missing in the
-    // file because the encoder was too slow. Always 0 where the system keeps the queue.
+    // file because the encoder was too slow.
     [[nodiscard]] std::uint64_t droppedPictures() const;
 
 private:

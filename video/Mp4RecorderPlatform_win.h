@@ -6,7 +6,6 @@
 // After windows.h, whose types it uses.
 #include <chrono>
 #include <functional>
-#include <mfreadwrite.h>
 
 namespace pevrix {
 

@@ -12,6 +12,10 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::uint32_t kBytesPerPixel = 4; // of what the writer takes: blue, green, red, unused
 
+// Pictures that may wait for the encoder, in bytes: half a second of 1920 x 1080 at 30 a second.
+// The writer itself knows no bound when it must not make its caller wait.
+constexpr std::uint32_t kMaxWaitingBytes = 128 * 1024 * 1024;
+
 // The platform counts time in units of 100 nanoseconds.
 using Ticks = std::chrono::duration<LONGLONG, std::ratio<1, 10'000'000>>;
 
@@ -38,12 +42,14 @@ public:
     [[nodiscard]] bool begin();
     void add(const std::uint8_t* pixels);
     void finish() { writer->Finalize(); }
+    [[nodiscard]] std::uint64_t dropped() const { return m_dropped; }
 
 private:
     [[nodiscard]] ComPtr<IMFMediaType> makeType(const GUID& subtype) const;
     [[nodiscard]] ComPtr<IMFMediaType> makeOutputType() const;
     [[nodiscard]] ComPtr<IMFMediaType> makeInputType() const;
     [[nodiscard]] ComPtr<IMFMediaBuffer> makeBuffer(const std::uint8_t* pixels) const;
+    [[nodiscard]] bool isBehind() const;
 
     const Platform& m_platform;
     ComPtr<IMFSinkWriter> writer;
@@ -54,6 +60,7 @@ private:
     const LONGLONG frameDuration;
     Clock::time_point clock; // when the recording began
     bool mfStarted = false;
+    std::uint64_t m_dropped = 0;
 };
 
 Mp4Recorder::Recording::Recording(const Platform& platform, UINT32 pictureWidth,
@@ -162,9 +169,22 @@ ComPtr<IMFMediaBuffer> Mp4Recorder::Recording::makeBuffer(const std::uint8_t* pi
     return buffer;
 }
 
+// Whether the encoder has not kept up. A writer that does not tell counts as one that has.
+bool Mp4Recorder::Recording::isBehind() const
+{
+    MF_SINK_WRITER_STATISTICS statistics{};
+    statistics.cb = sizeof statistics;
+    return SUCCEEDED(writer->GetStatistics(streamIndex, &statistics)) &&
+           statistics.dwByteCountQueued > kMaxWaitingBytes;
+}
+
 // Errors are not looked at: a picture that is lost is no reason to end the recording.
 void Mp4Recorder::Recording::add(const std::uint8_t* pixels)
 {
+    if (isBehind()) {
+        ++m_dropped;
+        return;
+    }
     const auto time = std::chrono::duration_cast<Ticks>(m_platform.now() - clock);
     const ComPtr<IMFMediaBuffer> buffer = makeBuffer(pixels);
     ComPtr<IMFSample> sample;
@@ -223,6 +243,7 @@ void Mp4Recorder::close()
 {
     if (m_recording != nullptr) {
         m_recording->finish();
+        m_droppedBefore = m_recording->dropped();
         m_recording.reset();
     }
 }
@@ -234,7 +255,7 @@ bool Mp4Recorder::isOpen() const
 
 std::uint64_t Mp4Recorder::droppedPictures() const
 {
-    return m_droppedBefore;
+    return m_recording != nullptr ? m_recording->dropped() : m_droppedBefore;
 }
 
 } // namespace pevrix

@@ -2,10 +2,6 @@
 
 #include "video/Mp4Recorder.h"
 
-extern "C" {
-#include <libavutil/opt.h>
-}
-
 #include <algorithm>
 #include <fstream>
 #include <string_view>

@@ -147,7 +147,7 @@ TEST(Card, SpacesTheAddressEvenly)
     EXPECT_NEAR(width(u"8888888888888888"_s), width(u"8..............8"_s), 2);
 }
 
-TEST(Card, FitsIntoTheSmallestPictureAndRefusesNone)
+TEST(Card, FitsIntoTheSmallestPictureAndRefusesSizesThatAreNone)
 {
     for (const QSize size : {QSize(1, 1), QSize(2, 1), QSize(16, 16), QSize(17, 3)}) {
         imageOf(drawIdleCard(size, kAddress), size);

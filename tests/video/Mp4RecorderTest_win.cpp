@@ -29,6 +29,7 @@ struct WriterScript
     ComPtr<IMFMediaType> outputType{};
     ComPtr<IMFMediaType> inputType{};
     std::vector<ComPtr<IMFSample>> samples{};
+    DWORD waitingBytes = 0;
 
     HRESULT step(const std::string& name)
     {
@@ -76,7 +77,13 @@ public:
     STDMETHODIMP NotifyEndOfSegment(DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP Flush(DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP GetServiceForStream(DWORD, REFGUID, REFIID, void**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetStatistics(DWORD, MF_SINK_WRITER_STATISTICS*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetStatistics(DWORD index, MF_SINK_WRITER_STATISTICS* statistics) override
+    {
+        EXPECT_EQ(index, kStream);
+        EXPECT_EQ(statistics->cb, sizeof *statistics);
+        statistics->dwByteCountQueued = m_script.waitingBytes;
+        return m_script.failing == "GetStatistics" ? E_FAIL : S_OK;
+    }
 
 private:
     WriterScript& m_script;
@@ -264,8 +271,8 @@ TEST_F(Mp4RecorderScripted, UndoesWhatItBeganWhenOpeningFails)
 TEST_F(Mp4RecorderScripted, GoesOnAfterStepsThatNeedNotSucceed)
 {
     const std::vector<std::uint8_t> picture(64 * 48 * 3);
-    for (const char* failing :
-         {"MFStartup", "MFCreateMemoryBuffer", "MFCreateSample", "WriteSample", "Finalize"}) {
+    for (const char* failing : {"MFStartup", "GetStatistics", "MFCreateMemoryBuffer",
+                                "MFCreateSample", "WriteSample", "Finalize"}) {
         MFStartup(MF_VERSION, MFSTARTUP_FULL);
         m_script.calls.clear();
         m_script.failing = failing;
@@ -279,6 +286,20 @@ TEST_F(Mp4RecorderScripted, GoesOnAfterStepsThatNeedNotSucceed)
                   started ? 1 : 0);
         MFShutdown();
     }
+}
+
+TEST_F(Mp4RecorderScripted, LeavesPicturesOutWhileTheEncoderIsFarBehind)
+{
+    const std::vector<std::uint8_t> picture(64 * 48 * 3);
+    Mp4Recorder recorder(m_script.platform());
+    ASSERT_TRUE(recorder.open(m_path, 64, 48, 30));
+    for (const DWORD waiting : {128U << 20, (128U << 20) + 1, ~0U, 0U}) {
+        m_script.waitingBytes = waiting;
+        recorder.writeFrame(picture.data());
+    }
+    EXPECT_EQ(m_script.samples.size(), 2);
+    recorder.close();
+    EXPECT_EQ(recorder.droppedPictures(), 2);
 }
 
 // Wine's writer takes no pictures, and never closes the file that it has made: it cannot be
