@@ -2,6 +2,8 @@
 
 #include "video/PictureSize.h"
 
+#include <system_error>
+
 namespace pevrix {
 
 namespace {
@@ -40,7 +42,11 @@ void CardSender::start(int width, int height)
         return;
     }
     m_running = true;
-    m_thread = std::thread(&CardSender::sendCards, this, pictureBytes(width, height));
+    try {
+        m_thread = std::thread(&CardSender::sendCards, this, pictureBytes(width, height));
+    } catch (const std::system_error&) {
+        m_running = false; // the camera repeats its last picture
+    }
 }
 
 void CardSender::stop()

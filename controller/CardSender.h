@@ -34,8 +34,8 @@ public:
     /// to again, so that a card is sent whole.
     void setCard(Card card);
 
-    /// Starts to send pictures of this size; does nothing while it sends already. A card of another
-    /// size is replaced by plain dark grey.
+    /// Starts to send pictures of this size; does nothing while it sends already, or when the
+    /// system has no thread left. A card of another size is replaced by plain dark grey.
     void start(int width, int height);
     void stop();
     [[nodiscard]] bool isRunning() const { return m_running; }

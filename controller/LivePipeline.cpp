@@ -92,7 +92,9 @@ void LivePipeline::recreateCamera(QSize size)
 {
     m_sink.stop();
     // Without a camera the pictures still go to the preview and are counted.
-    (void)m_sink.start(size.width(), size.height(), kCameraFps);
+    if (!m_sink.start(size.width(), size.height(), kCameraFps)) {
+        qWarning("Pevrix: there is no virtual camera of %d x %d", size.width(), size.height());
+    }
     m_cameraSize = size;
 }
 
@@ -102,13 +104,14 @@ void LivePipeline::startStream(QSize size, bool direct)
         return;
     }
     if (!isPictureSize(size.width(), size.height())) {
-        qWarning("Pevrix: a stream of %d x %d is not taken", size.width(), size.height());
-        return;
+        // The pictures themselves will tell.
+        qWarning("Pevrix: a stream announced as %d x %d", size.width(), size.height());
+        size = m_cameraSize;
     }
     m_cards.stop();
     if (m_recorder.isOpen() && QSize(static_cast<int>(m_recorder.width()),
                                      static_cast<int>(m_recorder.height())) != size) {
-        m_recorder.close();
+        stopRecording();
     }
     if (!m_sink.isActive() || m_cameraSize != size) {
         recreateCamera(size);
@@ -127,22 +130,35 @@ void LivePipeline::startStream(QSize size, bool direct)
 
 void LivePipeline::setFrameRate(int fps)
 {
-    if (fps >= 1 && fps <= 120) {
+    // Setting the interval it has would start the timer's wait anew.
+    if (fps >= 1 && fps <= 120 && m_pacingTimer.interval() != 1000 / fps) {
         m_pacingTimer.setInterval(1000 / fps);
     }
 }
 
-void LivePipeline::feed(QByteArrayView annexB, qint64 ptsUsec)
+void LivePipeline::feed(QByteArrayView accessUnit, qint64 ptsUsec)
+{
+    const Point before = m_time.now();
+    if (decode(accessUnit, ptsUsec)) {
+        m_decodeTime.total += m_time.now() - before;
+        ++m_decodeTime.count;
+    }
+}
+
+void LivePipeline::feedParameterSets(QByteArrayView annexB)
+{
+    decode(annexB, 0);
+}
+
+bool LivePipeline::decode(QByteArrayView annexB, qint64 ptsUsec)
 {
     if (!isLive() || !m_decoder.initialized()) {
-        return;
+        return false;
     }
-    const Point before = m_time.now();
     m_decoder.feed(std::span(reinterpret_cast<const std::uint8_t*>(annexB.data()),
                              static_cast<std::size_t>(annexB.size())),
                    ptsUsec);
-    m_decodeTime.total += m_time.now() - before;
-    ++m_decodeTime.count;
+    return true;
 }
 
 void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
@@ -218,6 +234,8 @@ void LivePipeline::deliver(const std::uint8_t* pixels)
     if (m_recorder.isOpen() && static_cast<int>(m_recorder.width()) == m_cameraSize.width() &&
         static_cast<int>(m_recorder.height()) == m_cameraSize.height()) {
         m_recorder.writeFrame(pixels);
+    } else if (!m_recorder.isOpen()) {
+        stopRecording(); // if it has ended by itself
     }
     // The buffer is used again for another picture, so the preview gets pixels of its own.
     Q_EMIT frameReady(QImage(pixels, m_cameraSize.width(), m_cameraSize.height(),
@@ -270,15 +288,34 @@ bool LivePipeline::startRecording(const QString& path)
         return false;
     }
     QDir().mkpath(QFileInfo(path).path());
-    return m_recorder.open(std::filesystem::path(path.toStdU16String()),
-                           static_cast<std::uint32_t>(m_cameraSize.width()),
-                           static_cast<std::uint32_t>(m_cameraSize.height()),
-                           static_cast<int>(kCameraFps));
+    m_recordingStarted = m_recorder.open(std::filesystem::path(path.toStdU16String()),
+                                         static_cast<std::uint32_t>(m_cameraSize.width()),
+                                         static_cast<std::uint32_t>(m_cameraSize.height()),
+                                         static_cast<int>(kCameraFps));
+    if (!m_recordingStarted) {
+        qWarning("Pevrix: cannot record to %s", qUtf8Printable(path));
+    }
+    return m_recordingStarted;
+}
+
+void LivePipeline::stopRecording()
+{
+    if (!std::exchange(m_recordingStarted, false)) {
+        return;
+    }
+    if (!m_recorder.isOpen()) {
+        qWarning("Pevrix: the recording ended early, because it could not be written");
+    }
+    m_recorder.close();
+    if (const auto dropped = m_recorder.droppedPictures(); dropped > 0) {
+        qWarning("Pevrix: the recording lacks %llu pictures; the encoder was too slow",
+                 static_cast<unsigned long long>(dropped));
+    }
 }
 
 void LivePipeline::stop()
 {
-    m_recorder.close();
+    stopRecording();
     m_cards.stop();
     clearQueue();
     m_decoder.reset();

@@ -16,7 +16,8 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
-#include <optional>
+#include <utility>
+#include <vector>
 
 namespace pevrix {
 
@@ -36,9 +37,9 @@ class LivePipeline final : public QObject
     Q_OBJECT
 
 public:
-    // NotStarted --start()--> Idle --startStream()--> Live <--> Stalled
+    // NotStarted --showIdle()--> Idle --startStream()--> Live <--> Stalled
     // Live, Stalled --startStream()--> Live; Live, Stalled --goIdle()--> Idle
-    // any --stop()--> Stopped --start()--> Idle
+    // any --stop()--> Stopped --showIdle()--> Idle
     // A stream also starts from NotStarted: a phone on a cable needs no listening server.
     enum class State
     {
@@ -71,15 +72,17 @@ public:
     /// The address that the idle card shows; a card that is being sent is redrawn.
     void setPairAddress(const QString& address);
 
-    /// Video of this size begins. `direct`: each picture is delivered as it is decoded (a cable has
-    /// no jitter), instead of one per frame interval. Ignored once stopped.
+    /// Video of this size begins; a size that no picture has leaves the camera as it is until the
+    /// first picture. `direct`: each picture is delivered as it is decoded (a cable has no jitter),
+    /// instead of one per frame interval. Ignored once stopped.
     void startStream(QSize size, bool direct);
 
     /// The interval between deliveries; rates outside 1 to 120 are ignored.
     void setFrameRate(int fps);
 
-    /// One access unit, or a blob of parameter sets with presentation time 0. Ignored unless live.
-    void feed(QByteArrayView annexB, qint64 ptsUsec);
+    /// One access unit, or the parameter sets of those to come. Ignored unless live.
+    void feed(QByteArrayView accessUnit, qint64 ptsUsec);
+    void feedParameterSets(QByteArrayView annexB);
 
     /// The last phone has left. Does nothing unless live.
     void goIdle();
@@ -93,7 +96,7 @@ public:
 
     /// Records to a new file; false unless live with the output enabled.
     [[nodiscard]] bool startRecording(const QString& path);
-    void stopRecording() { m_recorder.close(); }
+    void stopRecording();
     [[nodiscard]] bool isRecording() const { return m_recorder.isOpen(); }
 
     [[nodiscard]] State state() const { return m_state; }
@@ -131,6 +134,7 @@ private:
     CardSender::Card drawIdle() const;
     void clearQueue();
     void recreateCamera(QSize size);
+    bool decode(QByteArrayView annexB, qint64 ptsUsec);
     void onPicture(const std::uint8_t* pixels, QSize size);
     const std::uint8_t* fitToCamera(const std::uint8_t* pixels, QSize size);
     void enterStall();
@@ -142,6 +146,7 @@ private:
     IVirtualCameraSink& m_sink;
     H264Decoder m_decoder;
     Mp4Recorder m_recorder;
+    bool m_recordingStarted = false; // and not stopped; it may have ended by itself
     std::atomic<bool> m_outputEnabled = true;
     std::atomic<std::int64_t> m_framesSent = 0;
     CardSender m_cards;

@@ -8,8 +8,8 @@
 namespace pevrix {
 
 /// Pictures between decoding and delivery, oldest first. Bounded, because a queue is latency: the
-/// oldest ones are dropped, never the newest. Buffers are recycled, so that nothing is allocated
-/// while the size stays the same.
+/// oldest ones are dropped, never the newest. The pictures' memory is recycled while their size
+/// stays the same.
 class PacingQueue
 {
 public:

@@ -4,13 +4,15 @@
 #include "tests/support/AnnexB.h"
 #include "tests/support/Platform.h"
 #include "tests/support/WaitFor.h"
+#include "video/Card.h"
 
 #include <gmock/gmock.h>
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <map>
+#include <cstring>
+#include <mutex>
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
@@ -146,7 +148,13 @@ TEST_F(LivePipelineTest, FeedsTheIdleCardUntilAStreamStarts)
     m_pipeline.setPairAddress(u"192.168.1.42:8788"_s);
     m_pipeline.showIdle();
     ASSERT_TRUE(waitFor([this] { return m_sink.hasPictures(); }));
-    EXPECT_THAT(m_sink.take().front(), SizeIs(1280 * 720 * 3));
+    EXPECT_EQ(m_sink.take().front(), drawIdleCard({1280, 720}, u"192.168.1.42:8788"_s));
+    m_pipeline.setPairAddress(u"10.0.0.1:1"_s);
+    const auto redrawn = drawIdleCard({1280, 720}, u"10.0.0.1:1"_s);
+    EXPECT_TRUE(waitFor([&] {
+        const auto sent = m_sink.take();
+        return !sent.empty() && sent.back() == redrawn;
+    }));
 
     m_pipeline.startStream({160, 96}, false);
     EXPECT_FALSE(m_pipeline.isFeedingCards());
@@ -222,8 +230,9 @@ TEST_F(LivePipelineTest, ShowsThePausedCardWhileThePhoneSendsNothing)
     EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Stalled);
     EXPECT_TRUE(m_pipeline.isLive());
     (void)m_sink.take();
-    m_pipeline.pacingTick();                                       // what waited has been dropped
-    ASSERT_TRUE(waitFor([this] { return m_sink.hasPictures(); })); // the card
+    m_pipeline.pacingTick(); // what waited has been dropped
+    ASSERT_TRUE(waitFor([this] { return m_sink.hasPictures(); }));
+    EXPECT_EQ(m_sink.take().front(), drawPausedCard({160, 96}));
 
     feed(m_live, 3, 1);
     EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Live);
@@ -268,16 +277,20 @@ TEST_F(LivePipelineTest, GoesOnWithoutACamera)
     EXPECT_EQ(m_pipeline.framesDecoded(), 5);
 }
 
-TEST_F(LivePipelineTest, RefusesSizesThatNoPhoneSends)
+TEST_F(LivePipelineTest, TakesTheSizeFromThePicturesWhenTheAnnouncedOneIsOfNoUse)
 {
-    startLive(true);
+    ASSERT_TRUE(m_pipeline.createCamera());
+    qint64 decoded = 0;
     for (const QSize size :
          {QSize(0, 0), QSize(-1, 96), QSize(65535, 65535), QSize(160, 1 << 30)}) {
+        m_pipeline.showIdle();
         m_pipeline.startStream(size, true);
+        EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Live);
+        feed(m_live, 0, 1);
+        EXPECT_EQ(m_pipeline.framesDecoded(), ++decoded);
         EXPECT_EQ(m_pipeline.cameraSize(), QSize(160, 96));
     }
-    feed(m_live, 0, 1);
-    EXPECT_EQ(m_pipeline.framesDecoded(), 1);
+    EXPECT_THAT(m_sink.sizes, ElementsAre(QSize(1280, 720), QSize(160, 96)));
 }
 
 TEST_F(LivePipelineTest, RecordsWhileLiveAndEndsWhenTheSizeChanges)
