@@ -2,8 +2,8 @@
 
 namespace pevrix {
 
-// A windowed program has no console to be interrupted from, and Qt turns the end of a Windows
-// session into its own quit.
+// A windowed program has no console to be interrupted from, and at the end of a Windows session Qt
+// says that it is about to quit.
 void quitOnSystemSignals(QCoreApplication&) {}
 
 } // namespace pevrix

@@ -4,6 +4,7 @@
 #include "app/QuitSignals.h"
 #include "app/Tray.h"
 #include "controller/AppController.h"
+#include "controller/system/Console.h"
 #include "ui/FramePreview.h"
 #include "ui/Translator.h"
 #include "ui/UpdateChecker.h"
@@ -13,8 +14,8 @@
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickWindow>
+#include <QSystemTrayIcon>
 
-#include <cstdio>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -72,7 +73,7 @@ void connectTray(Tray& tray, AppController& controller, const Translator& transl
 int main(int argc, char** argv)
 {
     if (isHelpRequested(argc, argv)) {
-        std::fputs(usageText(), stdout);
+        printToConsole(usageText());
         return 0;
     }
     installLogHandler();
@@ -86,6 +87,9 @@ int main(int argc, char** argv)
     registerQmlTypes();
 
     AppController controller;
+    // Nothing is destroyed when a session ends: a recording is completed while there is time.
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &controller,
+                     &AppController::stop);
     UpdateChecker updater({.siteUrl = QStringLiteral(PEVRIX_SITE_URL),
                            .endpoint = QUrl(QStringLiteral(PEVRIX_UPDATE_URL))});
     QQmlApplicationEngine engine;
@@ -107,6 +111,9 @@ int main(int argc, char** argv)
     Tray tray;
     connectTray(tray, controller, translator, window);
     tray.icon().show();
+    if (window) {
+        window->setProperty("trayAvailable", QSystemTrayIcon::isSystemTrayAvailable());
+    }
 
     std::optional<CaptureMode> capture;
     if (const auto options = parseCaptureOptions(QApplication::arguments())) {

@@ -75,7 +75,7 @@ void AppController::connectServer()
     connect(&m_server, &PhoneServer::videoConfig, this,
             [this](int id, const QByteArray& parameterSets) {
                 if (id == m_roster.activeId()) {
-                    m_pipeline.feed(parameterSets, 0);
+                    m_pipeline.feedParameterSets(parameterSets);
                 }
             });
     connect(&m_server, &PhoneServer::videoFrame, this,
@@ -173,7 +173,8 @@ void AppController::onStatisticsTick()
 // the code tells the phone which one.
 void AppController::listen()
 {
-    if (!m_server.listen(m_options.port) && !m_server.listen(0)) {
+    const bool listening = m_server.port() != 0; // since before a stop()
+    if (!listening && !m_server.listen(m_options.port) && !m_server.listen(0)) {
         m_serverInfo = u"Failed to listen"_s;
         qWarning("Pevrix: no port to listen on");
         return;

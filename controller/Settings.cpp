@@ -108,6 +108,11 @@ void Settings::setMinimizeToTray(bool on)
     m_store->setValue(kMinimizeToTray, on);
 }
 
+Settings::DeviceMap Settings::trusted() const
+{
+    return group(kTrusted);
+}
+
 void Settings::trust(const QString& deviceId, const QString& token)
 {
     writeDevice(kTrusted, deviceId, token);
@@ -117,6 +122,11 @@ void Settings::forgetTrusted()
 {
     m_store->remove(kTrusted);
     m_store->sync();
+}
+
+Settings::DeviceMap Settings::names() const
+{
+    return group(kNames);
 }
 
 void Settings::setName(const QString& deviceId, const QString& name)

@@ -37,12 +37,12 @@ public:
     void setMinimizeToTray(bool on);
 
     /// Phones that may connect, with the token that each was paired with.
-    [[nodiscard]] DeviceMap trusted() const { return group(QLatin1StringView("trusted")); }
+    [[nodiscard]] DeviceMap trusted() const;
     void trust(const QString& deviceId, const QString& token);
     void forgetTrusted();
 
     /// The user's names for phones; an empty name removes one.
-    [[nodiscard]] DeviceMap names() const { return group(QLatin1StringView("names")); }
+    [[nodiscard]] DeviceMap names() const;
     void setName(const QString& deviceId, const QString& name);
 
     [[nodiscard]] QString fileName() const { return m_store->fileName(); }

@@ -120,21 +120,6 @@
     </message>
 </context>
 <context>
-    <name>FirewallPanel</name>
-    <message>
-        <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows blockiert Pevrix in diesem Netzwerk</translation>
-    </message>
-    <message>
-        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>Ihr Telefon erreicht diesen PC erst, wenn Sie es zulassen. Erfordert Administratorrechte.</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>Zulassen</translation>
-    </message>
-</context>
-<context>
     <name>GeneralTab</name>
     <message>
         <source>APPEARANCE</source>
@@ -214,6 +199,26 @@
 </context>
 <context>
     <name>PairingView</name>
+    <message>
+        <source>Phones cannot connect</source>
+        <translation>Telefone können sich nicht verbinden</translation>
+    </message>
+    <message>
+        <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <translation>Die Pevrix-Kamera fehlt, oder ein anderes Pevrix verwendet sie. Beenden Sie das andere oder installieren Sie Pevrix neu, und starten Sie es dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows blockiert Pevrix in diesem Netzwerk</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>Ihr Telefon erreicht diesen PC erst, wenn Sie es zulassen. Erfordert Administratorrechte.</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Zulassen</translation>
+    </message>
     <message>
         <source>Ready to pair</source>
         <translation>Bereit zum Koppeln</translation>

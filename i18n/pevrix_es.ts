@@ -120,21 +120,6 @@
     </message>
 </context>
 <context>
-    <name>FirewallPanel</name>
-    <message>
-        <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows bloquea Pevrix en esta red</translation>
-    </message>
-    <message>
-        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>El teléfono no puede llegar a este PC hasta que lo permitas. Pide permisos de administrador.</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>Permitir</translation>
-    </message>
-</context>
-<context>
     <name>GeneralTab</name>
     <message>
         <source>APPEARANCE</source>
@@ -214,6 +199,26 @@
 </context>
 <context>
     <name>PairingView</name>
+    <message>
+        <source>Phones cannot connect</source>
+        <translation>Los teléfonos no pueden conectarse</translation>
+    </message>
+    <message>
+        <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <translation>Falta la cámara de Pevrix, o la está usando otro Pevrix. Cierre el otro o vuelva a instalar Pevrix, y después ábralo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows bloquea Pevrix en esta red</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>El teléfono no puede llegar a este PC hasta que lo permitas. Pide permisos de administrador.</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Permitir</translation>
+    </message>
     <message>
         <source>Ready to pair</source>
         <translation>Listo para vincular</translation>

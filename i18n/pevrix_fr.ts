@@ -120,21 +120,6 @@
     </message>
 </context>
 <context>
-    <name>FirewallPanel</name>
-    <message>
-        <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows bloque Pevrix sur ce réseau</translation>
-    </message>
-    <message>
-        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>Votre téléphone ne peut pas joindre ce PC sans votre autorisation. Demande les droits d&apos;administrateur.</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>Autoriser</translation>
-    </message>
-</context>
-<context>
     <name>GeneralTab</name>
     <message>
         <source>APPEARANCE</source>
@@ -214,6 +199,26 @@
 </context>
 <context>
     <name>PairingView</name>
+    <message>
+        <source>Phones cannot connect</source>
+        <translation>Les téléphones ne peuvent pas se connecter</translation>
+    </message>
+    <message>
+        <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <translation>La caméra Pevrix est absente, ou un autre Pevrix l&apos;utilise. Quittez l&apos;autre ou réinstallez Pevrix, puis relancez-le.</translation>
+    </message>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows bloque Pevrix sur ce réseau</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>Votre téléphone ne peut pas joindre ce PC sans votre autorisation. Demande les droits d&apos;administrateur.</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Autoriser</translation>
+    </message>
     <message>
         <source>Ready to pair</source>
         <translation>Prêt à associer</translation>

@@ -120,21 +120,6 @@
     </message>
 </context>
 <context>
-    <name>FirewallPanel</name>
-    <message>
-        <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows blocca Pevrix su questa rete</translation>
-    </message>
-    <message>
-        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>Il telefono non può raggiungere questo PC finché non lo consenti. Richiede i diritti di amministratore.</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>Consenti</translation>
-    </message>
-</context>
-<context>
     <name>GeneralTab</name>
     <message>
         <source>APPEARANCE</source>
@@ -214,6 +199,26 @@
 </context>
 <context>
     <name>PairingView</name>
+    <message>
+        <source>Phones cannot connect</source>
+        <translation>I telefoni non possono connettersi</translation>
+    </message>
+    <message>
+        <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <translation>La fotocamera Pevrix manca, oppure la usa un altro Pevrix. Esci dall&apos;altro o reinstalla Pevrix, poi riavvialo.</translation>
+    </message>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows blocca Pevrix su questa rete</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>Il telefono non può raggiungere questo PC finché non lo consenti. Richiede i diritti di amministratore.</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Consenti</translation>
+    </message>
     <message>
         <source>Ready to pair</source>
         <translation>Pronto per l&apos;associazione</translation>

@@ -120,21 +120,6 @@
     </message>
 </context>
 <context>
-    <name>FirewallPanel</name>
-    <message>
-        <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows がこのネットワークで Pevrix をブロックしています</translation>
-    </message>
-    <message>
-        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>許可するまで、スマートフォンはこの PC に接続できません。管理者の許可が必要です。</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>許可</translation>
-    </message>
-</context>
-<context>
     <name>GeneralTab</name>
     <message>
         <source>APPEARANCE</source>
@@ -214,6 +199,26 @@
 </context>
 <context>
     <name>PairingView</name>
+    <message>
+        <source>Phones cannot connect</source>
+        <translation>スマートフォンが接続できません</translation>
+    </message>
+    <message>
+        <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <translation>Pevrix カメラが見つからないか、別の Pevrix が使用しています。別の Pevrix を終了するか、Pevrix を再インストールしてから、もう一度起動してください。</translation>
+    </message>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows がこのネットワークで Pevrix をブロックしています</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>許可するまで、スマートフォンはこの PC に接続できません。管理者の許可が必要です。</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>許可</translation>
+    </message>
     <message>
         <source>Ready to pair</source>
         <translation>ペアリングできます</translation>

@@ -120,21 +120,6 @@
     </message>
 </context>
 <context>
-    <name>FirewallPanel</name>
-    <message>
-        <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows bu ağda Pevrix&apos;i engelliyor</translation>
-    </message>
-    <message>
-        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>İzin vermediğiniz sürece telefonunuz bu bilgisayara ulaşamaz. Yönetici izni ister.</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>İzin ver</translation>
-    </message>
-</context>
-<context>
     <name>GeneralTab</name>
     <message>
         <source>APPEARANCE</source>
@@ -214,6 +199,26 @@
 </context>
 <context>
     <name>PairingView</name>
+    <message>
+        <source>Phones cannot connect</source>
+        <translation>Telefonlar bağlanamıyor</translation>
+    </message>
+    <message>
+        <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <translation>Pevrix kamerası eksik ya da başka bir Pevrix onu kullanıyor. Diğerinden çıkın veya Pevrix’i yeniden kurun, sonra yeniden başlatın.</translation>
+    </message>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows bu ağda Pevrix&apos;i engelliyor</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>İzin vermediğiniz sürece telefonunuz bu bilgisayara ulaşamaz. Yönetici izni ister.</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>İzin ver</translation>
+    </message>
     <message>
         <source>Ready to pair</source>
         <translation>Eşleştirmeye hazır</translation>

@@ -120,21 +120,6 @@
     </message>
 </context>
 <context>
-    <name>FirewallPanel</name>
-    <message>
-        <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows 正在此网络中阻止 Pevrix</translation>
-    </message>
-    <message>
-        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>在您允许之前，手机无法连接此电脑。需要管理员权限。</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>允许</translation>
-    </message>
-</context>
-<context>
     <name>GeneralTab</name>
     <message>
         <source>APPEARANCE</source>
@@ -214,6 +199,26 @@
 </context>
 <context>
     <name>PairingView</name>
+    <message>
+        <source>Phones cannot connect</source>
+        <translation>手机无法连接</translation>
+    </message>
+    <message>
+        <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <translation>找不到 Pevrix 摄像头，或者另一个 Pevrix 正在使用它。请退出另一个或重新安装 Pevrix，然后重新启动。</translation>
+    </message>
+    <message>
+        <source>Windows is blocking Pevrix on this network</source>
+        <translation>Windows 正在此网络中阻止 Pevrix</translation>
+    </message>
+    <message>
+        <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
+        <translation>在您允许之前，手机无法连接此电脑。需要管理员权限。</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>允许</translation>
+    </message>
     <message>
         <source>Ready to pair</source>
         <translation>可以配对</translation>

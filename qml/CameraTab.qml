@@ -8,6 +8,8 @@ Column {
     id: root
 
     required property var app
+    // The system is asked at each read, and each change of the controller reads.
+    readonly property bool registered: visible && app.cameraRegistered
 
     spacing: 18
 
@@ -16,26 +18,18 @@ Column {
         label: qsTr("CAMERA")
 
         InfoRow {
-            Dot { color: root.app.cameraRegistered ? Theme.accent : Theme.amber }
+            Dot { color: root.registered ? Theme.accent : Theme.amber }
 
             ElidedText {
                 Layout.fillWidth: true
-                text: root.app.cameraRegistered ? qsTr("Registered") : qsTr("Not registered")
+                text: root.registered ? qsTr("Registered") : qsTr("Not registered")
             }
 
             AppButton {
-                visible: root.app.cameraRegistered
                 size: Theme.btnHsm
-                text: qsTr("Unregister")
-                onClicked: root.app.unregisterCamera()
-            }
-
-            AppButton {
-                visible: !root.app.cameraRegistered
-                size: Theme.btnHsm
-                variant: "primary"
-                text: qsTr("Register")
-                onClicked: root.app.registerCamera()
+                variant: root.registered ? "neutral" : "primary"
+                text: root.registered ? qsTr("Unregister") : qsTr("Register")
+                onClicked: root.registered ? root.app.unregisterCamera() : root.app.registerCamera()
             }
         }
 

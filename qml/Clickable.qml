@@ -17,8 +17,14 @@ T.AbstractButton {
     Accessible.name: text
     Accessible.onPressAction: click()
 
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: event => clickOnce(event)
+    Keys.onEnterPressed: event => clickOnce(event)
+
+    function clickOnce(event: KeyEvent): void {
+        if (!event.isAutoRepeat) {
+            click()
+        }
+    }
 
     HoverHandler {
         cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor

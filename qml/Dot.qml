@@ -5,12 +5,19 @@ import Pevrix
 Rectangle {
     id: root
 
-    property bool pulsing: false
+    property bool pulsing: false // while the dot can be seen
+    property real low: 0.3       // how far it fades
+
+    readonly property bool seen: visible && Window.visibility !== Window.Hidden
+                                 && Window.visibility !== Window.Minimized
 
     implicitWidth: 8
     implicitHeight: 8
     radius: width / 2
     color: Theme.accent
 
-    Pulse on opacity { running: root.pulsing }
+    Pulse on opacity {
+        low: root.low
+        running: root.pulsing && root.seen
+    }
 }

@@ -14,6 +14,7 @@ Window {
     readonly property var translator: i18n  // qmllint disable unqualified
 
     property bool captureMode: false // the card fills the window, for pictures
+    property bool trayAvailable: true // the desktop has a place to bring a hidden window back from
     readonly property bool isMax: visibility === Window.Maximized
     readonly property int normalShadow: 16
     readonly property int shadowMargin: isMax || captureMode ? 0 : normalShadow
@@ -90,9 +91,18 @@ Window {
         return langList.find(entry => entry.code === code)?.name ?? code
     }
 
+    // A window that nothing could bring back must not vanish.
+    function hideToTray(): void {
+        if (trayAvailable) {
+            hide()
+        } else {
+            showMinimized()
+        }
+    }
+
     function closeOrHide(): void {
         if (controller.minimizeToTray) {
-            hide()
+            hideToTray()
         } else {
             Qt.quit()
         }
@@ -124,7 +134,7 @@ Window {
     onClosing: close => {
         if (controller.minimizeToTray) {
             close.accepted = false
-            hide()
+            hideToTray()
         }
     }
 
@@ -215,9 +225,11 @@ Window {
                 objectName: "pairingView"
                 anchors.fill: parent
                 visible: !root.onLive
+                enabled: visible // hidden, neither view must keep the focus
                 qrDataUrl: root.controller.qrDataUrl
                 pairAddress: root.controller.pairAddress
                 pcName: root.controller.pcName
+                listening: root.controller.port !== 0
                 firewallBlocked: root.controller.firewallBlocked
                 appUrl: root.updates.siteUrl + "/app"
                 onAllowClicked: root.controller.allowThroughFirewall()
@@ -229,6 +241,7 @@ Window {
 
                 anchors.fill: parent
                 visible: root.onLive
+                enabled: visible
                 app: root.controller
                 clock: root.recClock
                 onAddPhoneClicked: addPhone.open()

@@ -31,7 +31,7 @@ Clickable {
             Dot {
                 anchors.verticalCenter: parent.verticalCenter
                 color: root.stateColor
-                pulsing: root.live && root.visible
+                pulsing: root.live
             }
 
             Text {

@@ -8,6 +8,7 @@ Item {
     required property string qrDataUrl
     required property string pairAddress
     required property string pcName
+    required property bool listening // phones can connect, as far as this program goes
     required property bool firewallBlocked
     required property string appUrl // where to get the phone app
 
@@ -44,7 +45,7 @@ Item {
 
                     Dot {
                         anchors.verticalCenter: parent.verticalCenter
-                        pulsing: root.visible
+                        pulsing: true
                     }
 
                     Text {
@@ -75,10 +76,20 @@ Item {
                 wrapMode: Text.Wrap
             }
 
-            FirewallPanel {
+            WarningPanel {
+                width: parent.width
+                visible: !root.listening
+                title: qsTr("Phones cannot connect")
+                text: qsTr("The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.")
+            }
+
+            WarningPanel {
                 width: parent.width
                 visible: root.firewallBlocked
-                onAllowClicked: root.allowClicked()
+                title: qsTr("Windows is blocking Pevrix on this network")
+                text: qsTr("Your phone cannot reach this PC until you allow it. Asks for admin.")
+                action: qsTr("Allow")
+                onActionClicked: root.allowClicked()
             }
 
             QrCode {

@@ -107,6 +107,7 @@ Clickable {
 
             anchors.fill: parent
             visible: root.editing
+            enabled: visible // hidden, it must not keep the focus
             onFocusLost: root.commitRename()
             onAccepted: {
                 root.commitRename()

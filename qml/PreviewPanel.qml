@@ -48,6 +48,7 @@ Item {
 
         FramePreview {
             id: preview
+            objectName: "preview"
 
             anchors.fill: parent
             Accessible.role: Accessible.Graphic
@@ -62,6 +63,7 @@ Item {
 
     // Not in the panel, whose mask would have to be drawn anew for each step of a pulse.
     OutputChip {
+        objectName: "outputChip"
         x: 12
         y: 12
         live: root.outputEnabled

@@ -28,17 +28,14 @@ Clickable {
             anchors.centerIn: parent
             spacing: Theme.sp2
 
-            Rectangle {
+            Dot {
                 anchors.verticalCenter: parent.verticalCenter
                 width: 9
                 height: 9
                 radius: root.recording ? 2 : 4.5
                 color: root.recording ? Theme.onVideoText : Theme.red
-
-                Pulse on opacity {
-                    low: 0.35
-                    running: root.recording && root.visible
-                }
+                low: 0.35
+                pulsing: root.recording
             }
 
             Text {

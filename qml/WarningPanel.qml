@@ -2,12 +2,17 @@ import QtQuick
 import QtQuick.Layouts
 import Pevrix
 
-// Warns that no phone can reach this PC, and offers to change that.
+// Tells why no phone can reach this PC, and what to do about it.
 Rectangle {
     id: root
 
-    signal allowClicked()
+    required property string title
+    required property string text
+    property string action // the button's text; empty: there is none
 
+    signal actionClicked()
+
+    enabled: visible // hidden, it must not keep the focus
     implicitHeight: row.implicitHeight + 24
     radius: 10
     color: Qt.alpha(Theme.amber, 0.1)
@@ -32,7 +37,7 @@ Rectangle {
 
             Text {
                 width: parent.width
-                text: qsTr("Windows is blocking Pevrix on this network")
+                text: root.title
                 wrapMode: Text.Wrap
                 color: Theme.textc
                 font.pixelSize: Theme.fsBody
@@ -41,7 +46,7 @@ Rectangle {
 
             Text {
                 width: parent.width
-                text: qsTr("Your phone cannot reach this PC until you allow it. Asks for admin.")
+                text: root.text
                 wrapMode: Text.Wrap
                 color: Theme.muted
                 font.pixelSize: Theme.fsCaption
@@ -49,10 +54,11 @@ Rectangle {
         }
 
         AppButton {
-            text: qsTr("Allow")
+            visible: text !== ""
+            text: root.action
             variant: "primary"
             size: Theme.btnHsm
-            onClicked: root.allowClicked()
+            onClicked: root.actionClicked()
         }
     }
 }

@@ -1,9 +1,9 @@
 // pevrix-camsetup: what Pevrix needs administrator rights for. The program starts it; so may an
 // installer or an administrator.
+#include "controller/system/Console.h"
 #include "controller/system/FirewallRules_win.h"
 #include "video/ExecutableFolder_win.h"
 
-#include <cstdio>
 #include <string_view>
 #include <windows.h>
 
@@ -37,20 +37,9 @@ int allowThroughFirewall()
                : kFailed;
 }
 
-// A program of the console would flash a window of its own whenever Pevrix starts it. This one has
-// none and borrows the console that it was started from, unless its output goes elsewhere.
-void print(const char* text)
-{
-    FILE* console = nullptr;
-    if (GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) == FILE_TYPE_UNKNOWN &&
-        AttachConsole(ATTACH_PARENT_PROCESS)) {
-        freopen_s(&console, "CONOUT$", "w", stdout);
-    }
-    std::fputs(text, stdout);
-}
-
 } // namespace
 
+// Not a program of the console: that would flash a window of its own whenever Pevrix starts it.
 int main(int argc, char** argv)
 {
     // Nothing that lies beside an elevated program may get into it.
@@ -59,6 +48,6 @@ int main(int argc, char** argv)
     if (mode == "--firewall") {
         return allowThroughFirewall();
     }
-    print(kUsage);
+    pevrix::printToConsole(kUsage);
     return mode == "--help" ? kDone : kWrongArguments;
 }

@@ -68,7 +68,7 @@ void FramePreview::updateContentRect()
 QSGNode* FramePreview::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*)
 {
     auto* node = static_cast<QSGSimpleTextureNode*>(oldNode);
-    if (m_dirty && !m_frame.isNull() && window()) {
+    if ((m_dirty || !node) && !m_frame.isNull() && window()) {
         m_dirty = false;
         QSGTexture* texture = window()->createTextureFromImage(
             m_frame, QQuickWindow::CreateTextureOptions(QQuickWindow::TextureHasMipmaps)

@@ -30,8 +30,7 @@ constexpr quint16 kNobodysPort = 1; // where no usbmux daemon is
 class AppControllerTest : public testing::Test
 {
 protected:
-    // A program start on the same settings.
-    void startApp(quint16 usbPort = kNobodysPort)
+    [[nodiscard]] ControllerOptions options(quint16 usbPort = kNobodysPort) const
     {
         ControllerOptions options;
         options.port = 0;
@@ -43,8 +42,14 @@ protected:
         options.cameraLibrary = TESTCAM_NAME;
         options.system = m_system;
         options.statisticsInterval = m_statisticsInterval;
+        return options;
+    }
+
+    // A program start on the same settings.
+    void startApp(quint16 usbPort = kNobodysPort)
+    {
         m_app.reset(); // before the next one reads its settings
-        m_app = std::make_unique<AppController>(options);
+        m_app = std::make_unique<AppController>(options(usbPort));
         QObject::connect(m_app.get(), &AppController::frameReady, m_app.get(),
                          [this](const QImage& image) { m_imageSize = image.size(); });
         QObject::connect(m_app.get(), &AppController::changed, m_app.get(),
@@ -190,6 +195,31 @@ TEST_F(AppControllerTest, NamesAndTrustOutliveConnectionsAndThePrograms)
     m_app->renamePhone(m_app->activeId(), u"  "_s);
     EXPECT_EQ(m_app->phoneName(), u"Simulated phone"_s);
     EXPECT_FALSE(stored("names/phonesim-1").isValid());
+}
+
+TEST_F(AppControllerTest, TakesNoPhonesWithoutACamera)
+{
+    ControllerOptions noCamera = options();
+    noCamera.cameraLibrary = m_folder.path().toStdU16String() + u"/nothing";
+    AppController app(noCamera);
+    app.start();
+    EXPECT_EQ(app.status(), u"softcam.dll not found or camera unavailable"_s);
+    EXPECT_EQ(app.serverInfo(), u"Not listening"_s);
+    EXPECT_EQ(app.port(), 0);
+    EXPECT_FALSE(app.cameraReady());
+}
+
+TEST_F(AppControllerTest, StartsAgainAfterAStop)
+{
+    startApp();
+    const int port = m_app->port();
+    m_app->stop();
+    EXPECT_EQ(m_app->status(), u"Stopped"_s);
+    m_app->start();
+    EXPECT_EQ(m_app->status(), u"Idle (ready to pair)"_s);
+    EXPECT_EQ(m_app->serverInfo(), u"Listening on %1"_s.arg(port));
+    const auto process = wifiPhone();
+    EXPECT_TRUE(waitForVideo());
 }
 
 TEST_F(AppControllerTest, ForgetsPhonesButKeepsTheConnectedOne)

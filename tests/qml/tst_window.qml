@@ -127,8 +127,27 @@ TestCase {
         verify(pairing.visible && !live.visible)
         controller.connectPhones()
         verify(live.visible && !pairing.visible)
+        let image = null
+        verify(live.grabToImage(result => image = result.image, Qt.size(64, 36)))
+        tryVerify(() => image !== null)
+        controller.frameReady(image)
+        compare(part("preview").frameSize, Qt.size(64, 36))
         controller.phoneConnected = false
         verify(pairing.visible && !live.visible)
+    }
+
+    // A control that was clicked must not be used by a key once nobody sees it any more.
+    function test_aHiddenViewGetsNoKeys() {
+        controller.connectPhones()
+        mouseClick(part("outputChip"))
+        controller.firewallBlocked = true
+        controller.phoneConnected = false
+        controller.calls = []
+        keyClick(Qt.Key_Space)
+        mouseClick(controlsIn(part("pairingView")).find(item => item.text === "Allow"))
+        controller.firewallBlocked = false
+        keyClick(Qt.Key_Space)
+        compare(controller.calls, ["allowThroughFirewall"])
     }
 
     function test_recordButton_data() {
@@ -295,13 +314,26 @@ TestCase {
         tryVerify(() => !window._moving)
     }
 
-    function test_closingHidesOnlyWithTheTray() {
+    function test_closingHidesOnlyWithTheTray_data() {
+        return [
+            { tag: "tray", tray: true, setting: true, accepted: false, visibility: Window.Hidden },
+            { tag: "no tray", tray: false, setting: true, accepted: false, visibility: Window.Minimized },
+            { tag: "switched off", tray: true, setting: false, accepted: true, visibility: Window.Hidden }
+        ]
+    }
+
+    function test_closingHidesOnlyWithTheTray(row) {
+        window.trayAvailable = row.tray
+        controller.minimizeToTray = row.setting
+        if (row.setting) {
+            window.closeOrHide()
+            compare(window.visibility, row.visibility)
+            window.showNormal()
+        }
+        let accepted = null
+        window.closing.connect(close => accepted = close.accepted)
         window.close()
-        verify(!window.visible)
-        window.show()
-        controller.minimizeToTray = false
-        window.close()
-        verify(!window.visible)
+        compare([accepted, window.visibility], [row.accepted, row.visibility])
     }
 
     function test_settingsOpenOnTheFirstTabAndWriteThrough() {

@@ -8,8 +8,16 @@ QtObject {
     required property var app
     required property var updater
 
+    property string qrDataUrl
+    property string pairAddress
+
+    Component.onCompleted: {
+        qrDataUrl = app.qrDataUrl
+        pairAddress = app.pairAddress
+    }
+
     readonly property list<string> names: [
-        "pairing", "firewall", "update", "live", "paused", "recording", "edit-menu", "add-phone",
+        "pairing", "no-camera", "firewall", "update", "live", "paused", "recording", "edit-menu", "add-phone",
         "settings-general", "settings-camera", "settings-status", "settings-about", "language"
     ]
 
@@ -26,7 +34,11 @@ QtObject {
         if (["live", "paused", "recording", "edit-menu", "add-phone"].includes(view)) {
             app.connectPhones()
         }
+        // Without a camera nothing listens, and there is no code to scan.
+        app.qrDataUrl = view === "no-camera" ? "" : qrDataUrl
+        app.pairAddress = view === "no-camera" ? "" : pairAddress
         switch (view) {
+        case "no-camera": app.port = 0; break
         case "firewall": app.firewallBlocked = true; break
         case "live": app.appConnected = true; break
         case "paused": app.outputEnabled = false; break

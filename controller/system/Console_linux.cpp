@@ -1,0 +1,12 @@
+#include "controller/system/Console.h"
+
+#include <cstdio>
+
+namespace pevrix {
+
+void printToConsole(const char* text)
+{
+    std::fputs(text, stdout);
+}
+
+} // namespace pevrix
