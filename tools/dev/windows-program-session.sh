@@ -1,12 +1,12 @@
-# The Windows program as a person has it, under Wine and on a virtual display, inside the environment:
-# it starts in a folder of its own, a simulated phone of this machine pairs and streams, the pictures
+# The Windows program in build/windows/program/, under Wine and on a virtual display, inside the
+# environment: it starts, a simulated phone of this machine pairs and streams, the pictures
 # reach the camera library, the window is photographed by the program itself, and it ends.
 # The picture is out/windows.png.
 set -euo pipefail
 
 build=$PWD/build/windows
 export WINEPREFIX=$build/wine
-home=$build/program # the installed program, but for the camera: that is the tests' own
+home=$build/program
 work=$build/program-logs
 users=$WINEPREFIX/drive_c/users/$(id -un)
 log=$users/AppData/Local/Pevrix/pevrix.log
@@ -27,12 +27,8 @@ end_all() {
 }
 trap end_processes EXIT
 
-rm -rf "$home" "$work" "${log%/*}" "${settings%/*}" out/windows.png
-mkdir -p "$home" "$work" out
-cp -l "$build"/bin/{pevrix.exe,*.dll,qt.conf} "$home/"
-cp -rl "$build"/bin/{plugins,qml} "$home/"
-rm -f "$home"/testcam*.dll
-cp "$build/bin/testcam.dll" "$home/softcam.dll"
+rm -rf "$work" "${log%/*}" "${settings%/*}" out/windows.png
+mkdir -p "$work" out
 
 start_display 1280x800
 source tools/dev/wine-home.sh

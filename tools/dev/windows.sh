@@ -3,6 +3,7 @@
 # that is built from source. 'windows test' goes without: the rooms that are free of Qt need minutes.
 #
 # PEVRIX_QT_WINDOWS=FOLDER  the Qt for Windows
+# PEVRIX_SOFTCAM=FILE       the camera library of the program that is run or packaged
 
 command_windows() {
     local action=${1:-}
@@ -84,12 +85,25 @@ ensure_qrcodegen_source() {
     rm -rf "$qrcodegen_source.partial"
 }
 
+# stage_windows_program: build/windows/program/, the program as a person has it, with the camera library
+# that PEVRIX_SOFTCAM names, else the tests' own.
+stage_windows_program() {
+    local bin=build/windows/bin program=build/windows/program
+    rm -rf "$program"
+    mkdir -p "$program"
+    cp -l "$bin"/{pevrix.exe,pevrix-camsetup.exe,*.dll,qt.conf} "$program/"
+    cp -rl "$bin"/{plugins,qml} "$program/"
+    rm -f "$program"/{testcam*,registering_library}.dll
+    cp "${PEVRIX_SOFTCAM:-$bin/testcam.dll}" "$program/softcam.dll"
+}
+
 test_windows() {
     say "testing under Wine (windows)"
     in_environment xvfb-run -a bash tools/dev/windows-session.sh "$@" ||
         fail "tests failed" "run one alone with: ./dev windows test -R NAME"
     if [ -n "$windows_qt" ] && [ $# = 0 ]; then
         build_preset native --target phonesim
+        PEVRIX_SOFTCAM= stage_windows_program
         say "the program, with a simulated phone"
         in_environment bash tools/dev/windows-program-session.sh ||
             fail "the Windows program failed" "see the messages above"
@@ -102,5 +116,8 @@ run_windows() {
         say "there is no display: the window is on a virtual one, of which --shot takes a picture"
         display=(xvfb-run -a)
     fi
-    in_environment "${display[@]}" tools/dev/wine-run build/windows/bin/pevrix.exe "$@"
+    stage_windows_program
+    [ -n "${PEVRIX_SOFTCAM:-}" ] ||
+        say "the camera is the tests' own, which no other program sees (PEVRIX_SOFTCAM names another)"
+    in_environment "${display[@]}" tools/dev/wine-run build/windows/program/pevrix.exe "$@"
 }
