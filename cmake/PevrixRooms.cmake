@@ -17,6 +17,9 @@ endif()
 target_compile_definitions(pevrix_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_CONTEXTLESS_CONNECT
     QT_NO_FOREACH QT_DISABLE_DEPRECATED_UP_TO=0x060800)
+if(MINGW)
+    target_link_options(pevrix_flags INTERFACE -Wl,--no-insert-timestamp) # the same build twice is the same
+endif()
 if(MINGW AND NOT PEVRIX_QT)
     # Without Qt's libraries, which bring the compiler's, nothing needs to lie beside a program.
     target_link_options(pevrix_flags INTERFACE -static)
@@ -46,6 +49,18 @@ function(pevrix_executable name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} pevrix_flags)
     set_target_properties(${name} PROPERTIES AUTOMOC ${PEVRIX_QT})
+endfunction()
+
+# pevrix_resources(NAME RESOURCE PREFIX path BASE folder FILES file...)
+# Adds files to the object library pevrix_NAME. Programs that link it find them below qrc:/PREFIX.
+# Format 1 is without the files' times, so that every checkout gives the same programs.
+function(pevrix_resources name resource)
+    cmake_parse_arguments(PARSE_ARGV 2 ARG "" "PREFIX;BASE" "FILES")
+    if(NOT TARGET pevrix_${name})
+        add_library(pevrix_${name} OBJECT)
+    endif()
+    qt_add_resources(pevrix_${name} ${resource} PREFIX ${ARG_PREFIX} BASE ${ARG_BASE}
+        FILES ${ARG_FILES} OPTIONS --format-version 1)
 endfunction()
 
 # pevrix_windows_resources(TARGET DESCRIPTION)
