@@ -18,7 +18,7 @@ constexpr auto kTrusted = "trusted"_L1;
 constexpr auto kNames = "names"_L1;
 
 // A settings file holds a few kilobytes; far larger ones are not read to be looked at.
-constexpr qint64 kMaxInspectedBytes = 16 * 1024 * 1024;
+constexpr qint64 kMaxInspectedBytes = qint64{16} * 1024 * 1024;
 
 bool isIntactLine(QByteArrayView line)
 {

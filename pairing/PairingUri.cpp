@@ -59,7 +59,7 @@ std::optional<QString> decodeName(QStringView encoded)
     // Stateless, so that a sequence cut off at the end counts as an error.
     QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless |
                                                        QStringConverter::Flag::ConvertInitialBom);
-    const QString name = decoder(QByteArray::fromPercentEncoding(encoded.toLatin1()));
+    QString name = decoder(QByteArray::fromPercentEncoding(encoded.toLatin1()));
     if (decoder.hasError()) {
         return std::nullopt;
     }

@@ -6,7 +6,7 @@ namespace {
 
 // Payloads up to this size get their memory at once: nearly every video frame, and little enough
 // that headers which announce much and deliver nothing cost nothing.
-constexpr qsizetype kFirstAllocation = 64 * 1024;
+constexpr qsizetype kFirstAllocation = qsizetype{64} * 1024;
 
 // A larger payload's memory grows by this factor whenever it is full, so that at most a third more
 // bytes than it has are moved again.

@@ -8,14 +8,14 @@ namespace {
 
 // What a socket may hold of a peer's bytes before we read them; TCP slows the peer down beyond
 // it. Below 1 MiB the throughput suffers from the many small turns.
-constexpr qint64 kReadBufferSize = 1024 * 1024;
+constexpr qint64 kReadBufferSize = qint64{1024} * 1024;
 
 // How long one connection may keep the event loop busy before the others get their turn.
 constexpr qint64 kTurnMs = 8;
 
 // A peer that leaves more than this unread is owed no further answers: its messages wait until
 // it has taken what was sent.
-constexpr qint64 kMaxBacklog = 1024 * 1024;
+constexpr qint64 kMaxBacklog = qint64{1024} * 1024;
 
 } // namespace
 
@@ -91,7 +91,7 @@ void PhoneServer::adopt(QTcpSocket* socket, bool usb)
     session.id = m_nextId++;
     session.usb = usb;
     session.lastRxMs = m_clock.elapsed();
-    const auto it = m_sessions.insert(socket, std::move(session));
+    const auto it = m_sessions.emplace(socket, std::move(session));
 
     connect(socket, &QTcpSocket::readyRead, this, [this, socket] { readTurn(socket); });
     connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] { onBytesWritten(socket); });

@@ -22,7 +22,7 @@ QByteArray jsonString(const QString& text)
 
 // Larger texts read as empty. Phones send some hundred bytes, while nested brackets take some 40
 // times their size in memory, from anybody who connects.
-constexpr qsizetype kMaxJsonSize = 64 * 1024;
+constexpr qsizetype kMaxJsonSize = qsizetype{64} * 1024;
 
 QJsonObject parseObject(const QByteArray& json)
 {

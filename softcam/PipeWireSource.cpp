@@ -120,18 +120,17 @@ void PipeWireSource::sendFrame(const std::uint8_t* bgr)
 // Also takes down what is left of the connection before.
 void PipeWireSource::connect()
 {
-    m_connection.emplace();
+    Connection& connection = m_connection.emplace();
     m_streaming = false;
     m_layout = PixelLayout::None;
-    m_connection->core.reset(pw_context_connect(m_context.get(), nullptr, 0));
-    if (!m_connection->core || !offerNode()) {
+    connection.core.reset(pw_context_connect(m_context.get(), nullptr, 0));
+    if (!connection.core || !offerNode(connection)) {
         reconnectLater();
     }
 }
 
-bool PipeWireSource::offerNode()
+bool PipeWireSource::offerNode(Connection& connection)
 {
-    Connection& connection = *m_connection;
     pw_core_add_listener(connection.core.get(), connection.coreListener.hook(), &Callbacks::kCore,
                          this);
     connection.stream.reset(pw_stream_new(connection.core.get(), "Pevrix", nodeProperties()));
@@ -143,6 +142,7 @@ bool PipeWireSource::offerNode()
     PipeWireParams params;
     params.addFormats(m_format);
     // The camera gives the pace, and a consumer links to it when it likes.
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags
     constexpr auto kFlags =
         static_cast<pw_stream_flags>(PW_STREAM_FLAG_DRIVER | PW_STREAM_FLAG_MAP_BUFFERS);
     return pw_stream_connect(connection.stream.get(), PW_DIRECTION_OUTPUT, PW_ID_ANY, kFlags,
@@ -176,7 +176,7 @@ void PipeWireSource::agreeOnFormat(const spa_pod* param)
 // Runs a cycle of the consumers' graph, which asks for the picture with fillBuffer().
 void PipeWireSource::trigger()
 {
-    if (m_streaming) {
+    if (m_streaming && m_connection) {
         pw_stream_trigger_process(m_connection->stream.get());
     }
 }

@@ -47,7 +47,7 @@ private:
     struct Callbacks; // PipeWire's, which come in the loop's thread
 
     void connect();
-    [[nodiscard]] bool offerNode();
+    [[nodiscard]] bool offerNode(Connection& connection);
     void reconnectLater();
     void setRetryTimer(int seconds, int nanoseconds);
     void agreeOnFormat(const spa_pod* param);

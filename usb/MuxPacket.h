@@ -20,7 +20,7 @@ namespace pevrix {
 inline constexpr qsizetype kMuxHeaderSize = 16;
 
 // Longest packet believed. The longest real one, an attached phone, has about 1 KiB.
-inline constexpr qsizetype kMuxMaxPacketSize = 4 * 1024 * 1024;
+inline constexpr qsizetype kMuxMaxPacketSize = qsizetype{4} * 1024 * 1024;
 
 // The port on which the phone app listens, and the same as the daemon wants it inside its request:
 // in network byte order, read back as a little-endian integer.

@@ -80,8 +80,8 @@ QStringList writeCards(const QString& folder)
     };
     QStringList failed;
     for (const auto& [name, pixels] : cards) {
-        const QImage image(pixels.data(), kSize.width(), kSize.height(), kSize.width() * 3,
-                           QImage::Format_BGR888);
+        const QImage image(pixels.data(), kSize.width(), kSize.height(),
+                           qsizetype{kSize.width()} * 3, QImage::Format_BGR888);
         const QString file = QDir(folder).filePath(name);
         if (!image.save(file)) {
             failed.append(file);

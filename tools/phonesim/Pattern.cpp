@@ -45,7 +45,8 @@ int bounce(std::int64_t number, int step, int range)
     if (range <= 0) {
         return 0;
     }
-    const auto phase = static_cast<int>((number % (2 * range)) * step % (2 * range));
+    const std::int64_t period = std::int64_t{2} * range;
+    const auto phase = static_cast<int>(number % period * step % period);
     return phase < range ? phase : 2 * range - phase;
 }
 

@@ -23,7 +23,7 @@ class PhoneLink final : public QObject
 public:
     /// The video is held back while more than this waits to be sent: about five seconds of a phone
     /// at the usual bit rate.
-    static constexpr qint64 kMaxPendingBytes = 4 * 1024 * 1024;
+    static constexpr qint64 kMaxPendingBytes = qint64{4} * 1024 * 1024;
 
     /// `dump`, when there is one, gets every H.264 byte that is sent. `stats` and `dump` must
     /// outlive the link.

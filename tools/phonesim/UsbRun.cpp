@@ -10,8 +10,8 @@
 namespace pevrix {
 
 UsbRun::UsbRun(const Options& options, QObject* parent)
-    : PhoneRun(options, options.usb->phones, parent)
-    , m_usb(*options.usb)
+    : PhoneRun(options, options.usb.value().phones, parent)
+    , m_usb(options.usb.value())
     , m_daemon({m_usb.refusedConnects, m_usb.corruptLength})
     , m_port(m_usb.port)
 {
