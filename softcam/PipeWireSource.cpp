@@ -142,8 +142,8 @@ bool PipeWireSource::offerNode(Connection& connection)
     PipeWireParams params;
     params.addFormats(m_format);
     // The camera gives the pace, and a consumer links to it when it likes.
-    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags
     constexpr auto kFlags =
+        // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags
         static_cast<pw_stream_flags>(PW_STREAM_FLAG_DRIVER | PW_STREAM_FLAG_MAP_BUFFERS);
     return pw_stream_connect(connection.stream.get(), PW_DIRECTION_OUTPUT, PW_ID_ANY, kFlags,
                              params.list(), params.count()) >= 0;

@@ -9,9 +9,9 @@
 
 namespace pevrix {
 
-UsbRun::UsbRun(const Options& options, QObject* parent)
-    : PhoneRun(options, options.usb.value().phones, parent)
-    , m_usb(options.usb.value())
+UsbRun::UsbRun(const Options& options, const UsbOptions& usb, QObject* parent)
+    : PhoneRun(options, usb.phones, parent)
+    , m_usb(usb)
     , m_daemon({m_usb.refusedConnects, m_usb.corruptLength})
     , m_port(m_usb.port)
 {

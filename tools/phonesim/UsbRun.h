@@ -13,7 +13,7 @@ class UsbRun final : public PhoneRun
 
 public:
     /// `options.usb` must be there.
-    explicit UsbRun(const Options& options, QObject* parent = nullptr);
+    UsbRun(const Options& options, const UsbOptions& usb, QObject* parent = nullptr);
 
 private:
     void begin() override;

@@ -26,7 +26,7 @@ int main(int argc, char** argv)
     StopSignal stopSignal;
     std::unique_ptr<PhoneRun> run;
     if (parsed.options->usb) {
-        run = std::make_unique<UsbRun>(*parsed.options);
+        run = std::make_unique<UsbRun>(*parsed.options, *parsed.options->usb);
     } else {
         run = std::make_unique<NetworkRun>(*parsed.options);
     }
