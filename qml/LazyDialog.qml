@@ -3,7 +3,6 @@ import QtQuick
 // A dialog that is made when it is opened for the first time, so that the window appears sooner.
 Loader {
     anchors.fill: parent
-    z: 200
     active: false
 
     function open(): void {

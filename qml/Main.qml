@@ -79,11 +79,7 @@ Window {
     }
 
     function shotOpenView(view: string): void {
-        switch (view) {
-        case "settings": settings.open(); break
-        case "language": language.open(); break
-        case "addphone": addPhone.open(); break
-        }
+        dialogs.open(view)
     }
 
     // The code itself stands for a language that is not offered.
@@ -199,7 +195,7 @@ Window {
             anchors { left: parent.left; right: parent.right; top: parent.top; margins: 1 }
             topRadius: Math.max(0, card.radius - 1)
             maximized: root.isMax
-            onSettingsClicked: settings.open()
+            onSettingsClicked: dialogs.open("settings")
             onMinimizeClicked: root.showMinimized()
             onMaximizeToggled: root.toggleMaximized()
             onCloseClicked: root.closeOrHide()
@@ -244,48 +240,16 @@ Window {
                 enabled: visible
                 app: root.controller
                 clock: root.recClock
-                onAddPhoneClicked: addPhone.open()
+                onAddPhoneClicked: dialogs.open("addphone")
                 onMenuRequested: (field, x, y) => editMenu.openFor(field, x, y)
             }
         }
 
-        LazyDialog {
-            id: settings
+        Dialogs {
+            id: dialogs
 
-            sourceComponent: SettingsDialog {
-                objectName: "settings"
-                theme: root
-                app: root.controller
-                homeUrl: root.updates.siteUrl
-                languageName: root.nameOfLanguage(root.languageCode)
-                onLanguageClicked: {
-                    close()
-                    language.open()
-                }
-            }
-        }
-
-        LazyDialog {
-            id: language
-
-            sourceComponent: LanguageDialog {
-                objectName: "language"
-                theme: root
-                languages: root.langList
-                current: root.languageCode
-                onPicked: code => root.translator.setLanguage(code)
-            }
-        }
-
-        LazyDialog {
-            id: addPhone
-
-            sourceComponent: AddPhoneDialog {
-                objectName: "addPhone"
-                theme: root
-                qrDataUrl: root.controller.qrDataUrl
-                pairAddress: root.controller.pairAddress
-            }
+            anchors.fill: parent
+            window: root
         }
     }
 
