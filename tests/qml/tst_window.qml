@@ -4,63 +4,12 @@ import Pevrix
 import "qrc:/gallery"
 import "qrc:/qml"
 
-// The main window around a scripted controller.
-TestCase {
+WindowTestCase {
     id: test
 
     name: "Window"
-    when: windowShown
-
-    readonly property var controller: app
-    readonly property var updates: updater
-    property var window: null
-
-    Component { id: mainComponent; Main {} }
 
     Component { id: viewsComponent; Views { app: test.controller; updater: test.updates } }
-
-    function init() {
-        failOnWarning(/^(?!Failed to create Direct Composition)/)
-        controller.reset()
-        i18n.setLanguage("en")
-        updater.available = false
-        window = createTemporaryObject(mainComponent, test)
-        window.requestActivate()
-        tryVerify(() => window.active)
-    }
-
-    function part(name, item = window.contentItem) {
-        if (item.objectName === name) {
-            return item
-        }
-        for (const child of item.children) {
-            const found = part(name, child)
-            if (found !== null) {
-                return found
-            }
-        }
-        return null
-    }
-
-    function open(view) {
-        window.shotOpenView(view)
-        const dialog = part({ settings: "settings", language: "language", addphone: "addPhone" }[view])
-        tryCompare(dialog, "opacity", 1)
-        return dialog
-    }
-
-    // Every control below `item` that can be used now.
-    function controlsIn(item, found = []) {
-        for (const child of item.children) {
-            if (child.visible && child.enabled) {
-                if (child.visualFocus !== undefined && child.clicked) {
-                    found.push(child)
-                }
-                controlsIn(child, found)
-            }
-        }
-        return found
-    }
 
     // Walks with Tab from wherever the focus is until it comes round.
     function walk() {
@@ -178,86 +127,6 @@ TestCase {
         compare(window.recClock, "3:07")
         controller.recording = false
         compare(window.recSeconds, 0)
-    }
-
-    function cards() {
-        controller.connectPhones()
-        controller.calls = []
-        waitForRendering(window.contentItem)
-        return controlsIn(window.contentItem).filter(item => item.objectName === "phoneCard")
-    }
-
-    function type(text) {
-        for (const letter of text) {
-            keyClick(letter)
-        }
-    }
-
-    function test_aClickOnACardActivatesAndADoubleClickRenames() {
-        const [first, second] = cards()
-        mouseClick(second, 50, 40)
-        compare(controller.calls, ["setActive 2"])
-        verify(second.active && !first.active)
-        mouseDoubleClickSequence(first, 50, 40)
-        compare(window.renamingCard, first)
-    }
-
-    function test_renamingEndsAsItShould_data() {
-        const other = "renamePhone 1 new"
-        return [
-            { tag: "Enter", end: () => keyClick(Qt.Key_Return), calls: [other] },
-            { tag: "Escape", end: () => keyClick(Qt.Key_Escape), calls: [] },
-            { tag: "Tab", end: () => keyClick(Qt.Key_Tab), calls: [other] },
-            { tag: "second card", end: (first, second) => second.beginRename(), calls: [other],
-              goesOn: true },
-            { tag: "click elsewhere, which does no more",
-              end: (first, second) => mouseClick(second, 50, 40), calls: [other] },
-            { tag: "click on the card", end: first => mouseClick(first, 50, 40), calls: [], goesOn: true },
-            { tag: "other phone leaves", end: () => controller.phones = controller.phones.slice(0, 1),
-              calls: [], goesOn: true },
-            { tag: "phone leaves", end: () => controller.phones = controller.phones.slice(1),
-              calls: [] },
-            { tag: "all phones leave", end: () => controller.phones = [], calls: [] }
-        ]
-    }
-
-    function test_renamingEndsAsItShould(row) {
-        const [first, second] = cards()
-        first.forceActiveFocus(Qt.TabFocusReason)
-        keyClick(Qt.Key_F2)
-        compare(window.renamingCard, first)
-        compare(part("nameField").selectedText, "Kitchen phone")
-        type("new")
-        row.end(first, second)
-        compare(controller.calls, row.calls)
-        compare(window.renamingCard !== null, row.goesOn ?? false)
-    }
-
-    function test_editMenuOfTheNameFieldLeavesTheRenamingOpen() {
-        const [first] = cards()
-        first.beginRename()
-        const field = part("nameField")
-        mouseClick(field, 5, 5, Qt.RightButton)
-        const menu = part("editMenu")
-        verify(menu.shown)
-        keyClick(Qt.Key_Escape)
-        verify(!menu.shown)
-        compare(window.renamingCard, first)
-        compare(controller.calls, [])
-    }
-
-    function test_aNameThatIsCutShowsItselfWholeOnHover() {
-        const name = "A phone whose name is far too long for its card"
-        const [card] = cards()
-        controller.renamePhone(1, name)
-        const whole = (item = window.contentItem) => (item.text === name && item.truncated === false
-                          && item.visible && item.parent.width < 320)
-                      || [...item.children].some(child => whole(child))
-        verify(!whole())
-        mouseMove(card, 50, 86)
-        tryVerify(() => whole())
-        mouseMove(window.contentItem, 1, 1)
-        tryVerify(() => !whole())
     }
 
     function test_updateBarIsDismissedForTheRun() {

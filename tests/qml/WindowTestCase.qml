@@ -1,0 +1,60 @@
+import QtQuick
+import QtTest
+import Pevrix
+import "qrc:/qml"
+
+// The main window around a scripted controller, made anew for each test.
+TestCase {
+    id: test
+
+    when: windowShown
+
+    readonly property var controller: app
+    readonly property var updates: updater
+    property var window: null
+
+    Component { id: mainComponent; Main {} }
+
+    function init() {
+        failOnWarning(/^(?!Failed to create Direct Composition)/)
+        controller.reset()
+        i18n.setLanguage("en")
+        updater.available = false
+        window = createTemporaryObject(mainComponent, test)
+        window.requestActivate()
+        tryVerify(() => window.active)
+    }
+
+    function part(name, item = window.contentItem) {
+        if (item.objectName === name) {
+            return item
+        }
+        for (const child of item.children) {
+            const found = part(name, child)
+            if (found !== null) {
+                return found
+            }
+        }
+        return null
+    }
+
+    function open(view) {
+        window.shotOpenView(view)
+        const dialog = part({ settings: "settings", language: "language", addphone: "addPhone" }[view])
+        tryCompare(dialog, "opacity", 1)
+        return dialog
+    }
+
+    // Every control below `item` that can be used now.
+    function controlsIn(item, found = []) {
+        for (const child of item.children) {
+            if (child.visible && child.enabled) {
+                if (child.visualFocus !== undefined && child.clicked) {
+                    found.push(child)
+                }
+                controlsIn(child, found)
+            }
+        }
+        return found
+    }
+}
