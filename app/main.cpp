@@ -62,6 +62,10 @@ void connectTray(Tray& tray, AppController& controller, const Translator& transl
     QObject::connect(&tray, &Tray::quitRequested, &tray, [] { QCoreApplication::exit(0); });
     if (window) {
         QObject::connect(&tray, &Tray::showRequested, window, [window] { showWindow(*window); });
+        // Asked anew each time: a desktop that starts us with it may get its tray after us.
+        QObject::connect(window, &QWindow::activeChanged, window, [window] {
+            window->setProperty("trayAvailable", QSystemTrayIcon::isSystemTrayAvailable());
+        });
     }
     showState();
 }
@@ -111,9 +115,6 @@ int main(int argc, char** argv)
     Tray tray;
     connectTray(tray, controller, translator, window);
     tray.icon().show();
-    if (window) {
-        window->setProperty("trayAvailable", QSystemTrayIcon::isSystemTrayAvailable());
-    }
 
     std::optional<CaptureMode> capture;
     if (const auto options = parseCaptureOptions(QApplication::arguments())) {

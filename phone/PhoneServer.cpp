@@ -108,7 +108,7 @@ void PhoneServer::dropOldestStranger()
     QTcpSocket* oldest = nullptr;
     int oldestId = m_nextId;
     for (const auto& [socket, session] : std::as_const(m_sessions).asKeyValueRange()) {
-        if (session.usb || session.handshaken) {
+        if (!session.stranger()) {
             continue;
         }
         ++strangers;
@@ -118,8 +118,7 @@ void PhoneServer::dropOldestStranger()
         }
     }
     if (strangers > kMaxStrangers) {
-        m_sessions[oldest].closing = true;
-        oldest->abort();
+        drop(oldest);
     }
 }
 
@@ -130,7 +129,7 @@ void PhoneServer::limitStrangersBytes()
     QTcpSocket* greediest = nullptr;
     qint64 most = 0;
     for (const auto& [socket, session] : std::as_const(m_sessions).asKeyValueRange()) {
-        if (session.usb || session.handshaken || session.closing) {
+        if (!session.stranger()) {
             continue;
         }
         const qint64 held = session.splitter.heldBytes();
@@ -141,9 +140,14 @@ void PhoneServer::limitStrangersBytes()
         }
     }
     if (bytes > kMaxStrangersBytes) {
-        m_sessions[greediest].closing = true;
-        greediest->abort();
+        drop(greediest);
     }
+}
+
+void PhoneServer::drop(QTcpSocket* socket)
+{
+    m_sessions[socket].closing = true;
+    socket->abort();
 }
 
 void PhoneServer::onDisconnected(QTcpSocket* socket)
@@ -175,7 +179,7 @@ void PhoneServer::readTurn(QTcpSocket* socket)
     session = findOpen(socket);
     if (session != nullptr) {
         session->reading = false;
-        if (!session->usb && !session->handshaken) {
+        if (session->stranger()) {
             limitStrangersBytes();
         }
     }

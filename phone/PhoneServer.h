@@ -94,6 +94,7 @@ private:
     void adopt(QTcpSocket* socket, bool usb);
     void dropOldestStranger();
     void limitStrangersBytes();
+    void drop(QTcpSocket* socket);
     void onDisconnected(QTcpSocket* socket);
 
     void readTurn(QTcpSocket* socket);

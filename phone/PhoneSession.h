@@ -32,6 +32,8 @@ struct PhoneSession
     bool turnQueued = false; // it waits for its next turn at reading
     bool backlogged = false; // the peer does not take what we send: reading rests until it does
 
+    // Anybody may connect from the network; nobody knows them before an accepted hello.
+    [[nodiscard]] bool stranger() const { return !usb && !handshaken; }
     [[nodiscard]] bool live() const { return handshaken && !closing; }
 };
 

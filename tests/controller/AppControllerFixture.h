@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controller/AppController.h"
 #include "tests/support/PhoneProcess.h"
+#include "tests/support/TestController.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +18,6 @@ namespace pevrix {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-constexpr quint16 kNobodysPort = 1; // where no usbmux daemon is
-
 // Exit codes of the simulated phone.
 constexpr int kDone = 0;
 constexpr int kRefused = 4;
@@ -31,14 +29,7 @@ class AppControllerTest : public testing::Test
 protected:
     [[nodiscard]] ControllerOptions options(quint16 usbPort = kNobodysPort) const
     {
-        ControllerOptions options;
-        options.port = 0;
-        options.usb.port = usbPort;
-        options.usb.reconnectInterval = 50ms;
-        options.usb.tunnelInterval = 50ms;
-        options.settingsFile = path("settings.ini");
-        options.tokenFolder = m_folder.path();
-        options.cameraLibrary = TESTCAM_NAME;
+        ControllerOptions options = testOptions(m_folder.path(), usbPort);
         options.system = m_system;
         options.statisticsInterval = m_statisticsInterval;
         return options;

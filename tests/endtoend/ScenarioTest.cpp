@@ -1,8 +1,8 @@
 // The whole way of the video in one process with the test's clicks: real phones, controller and
 // sink, and a camera library that writes down what it was sent.
-#include "controller/AppController.h"
 #include "tests/endtoend/Footage.h"
 #include "tests/support/PhoneProcess.h"
+#include "tests/support/TestController.h"
 #include "tests/support/testcam/Testcam.h"
 
 #include <gmock/gmock.h>
@@ -22,8 +22,7 @@ namespace pevrix {
 namespace {
 
 constexpr int kDone = 0;
-constexpr quint16 kNobodysPort = 1; // where no usbmux daemon is
-constexpr QSize kSmall(160, 120);   // rows of whole words, so that an image's rows have no padding
+constexpr QSize kSmall(160, 120); // rows of whole words, so that an image's rows have no padding
 constexpr QSize kLarge(320, 240);
 
 class ScenarioTest : public testing::Test
@@ -47,16 +46,8 @@ protected:
 
     void startApp(quint16 usbPort = kNobodysPort)
     {
-        ControllerOptions options;
-        options.port = 0;
-        options.usb.port = usbPort;
-        options.usb.reconnectInterval = 50ms;
-        options.usb.tunnelInterval = 50ms;
-        options.settingsFile = path("settings.ini");
-        options.tokenFolder = m_folder.path();
-        options.cameraLibrary = TESTCAM_NAME;
         m_delivered.clear();
-        m_app = std::make_unique<AppController>(options);
+        m_app = std::make_unique<AppController>(testOptions(m_folder.path(), usbPort));
         QObject::connect(m_app.get(), &AppController::frameReady, m_app.get(),
                          [this](const QImage& image) { note(image); });
         m_app->setRecordingFolder(path("recordings"));
