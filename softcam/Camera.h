@@ -1,38 +1,33 @@
 #pragma once
 
 #include "softcam/PictureFormat.h"
-#include "softcam/PipeWireSource.h"
-#include "softcam/V4l2Output.h"
 
 #include <cstdint>
-#include <optional>
+#include <memory>
 
 namespace pevrix {
 
-// One camera as other programs see it: a PipeWire source, and the v4l2loopback device beside it
-// where there is one. Owned by the handle that scCreateCamera() returns; the contracts of its
-// functions are those of softcam.h.
+// One camera of one owner: what a handle of softcam.h stands for; the contracts are those given
+// there. Its readers outlive it (see the platform's make()).
 class Camera
 {
 public:
-    explicit Camera(const CameraFormat& format)
-        : m_source(format)
-        , m_loopback(V4l2Output::openFirstFree(format))
-    {}
+    // Null when another program of this user has the camera; throws std::bad_alloc or
+    // std::runtime_error when memory or another resource is short.
+    [[nodiscard]] static std::unique_ptr<Camera> make(const CameraFormat& format);
 
-    void sendFrame(const std::uint8_t* bgr)
-    {
-        m_source.sendFrame(bgr);
-        if (m_loopback) {
-            m_loopback->sendFrame(bgr);
-        }
-    }
+    virtual ~Camera() = default;
+    Camera(const Camera&) = delete;
+    Camera& operator=(const Camera&) = delete;
 
-    [[nodiscard]] bool isConnected() const { return m_source.isConnected(); }
+    // `bgr` has the format's bgrSize() bytes. One thread at a time. Throws std::bad_alloc.
+    virtual void sendFrame(const std::uint8_t* bgr) = 0;
 
-private:
-    PipeWireSource m_source;
-    std::optional<V4l2Output> m_loopback;
+    // Whether a program is reading now. Any thread.
+    [[nodiscard]] virtual bool isConnected() = 0;
+
+protected:
+    Camera() = default;
 };
 
 } // namespace pevrix

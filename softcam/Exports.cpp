@@ -10,19 +10,25 @@ pevrix::Camera* cameraOf(scCamera handle)
     return static_cast<pevrix::Camera*>(handle);
 }
 
+// The callers are not all C++: no exception gets out.
+template <typename Result, typename Call>
+Result orElse(Result otherwise, const Call& call)
+{
+    try {
+        return call();
+    } catch (const std::exception&) {
+        return otherwise;
+    }
+}
+
 } // namespace
 
 scCamera scCreateCamera(int width, int height, float framerate)
 {
     const auto format = pevrix::cameraFormat(width, height, framerate);
-    if (!format) {
-        return nullptr;
-    }
-    try {
-        return new pevrix::Camera(*format);
-    } catch (const std::exception&) { // the callers are not all C++
-        return nullptr;
-    }
+    return !format
+               ? nullptr
+               : orElse<scCamera>(nullptr, [&] { return pevrix::Camera::make(*format).release(); });
 }
 
 void scDeleteCamera(scCamera camera)
@@ -33,11 +39,14 @@ void scDeleteCamera(scCamera camera)
 void scSendFrame(scCamera camera, const void* bgrPixels)
 {
     if (camera != nullptr && bgrPixels != nullptr) {
-        cameraOf(camera)->sendFrame(static_cast<const std::uint8_t*>(bgrPixels));
+        orElse(false, [&] {
+            cameraOf(camera)->sendFrame(static_cast<const std::uint8_t*>(bgrPixels));
+            return true;
+        });
     }
 }
 
 int scIsConnected(scCamera camera)
 {
-    return camera != nullptr && cameraOf(camera)->isConnected() ? 1 : 0;
+    return orElse(0, [&] { return camera != nullptr && cameraOf(camera)->isConnected() ? 1 : 0; });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "softcam/PictureConverter.h"
+
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -9,49 +10,67 @@
 
 namespace pevrix {
 
-// Hands the newest picture from one thread to another. Of three buffers each side owns one, and the
-// third changes hands: neither side ever waits while the other copies or reads. Memory that is
-// never written is never used.
+// Hands the newest picture, of whatever size, from one thread to another. Of three buffers each
+// side owns one, and the third changes hands: neither side ever waits while the other copies or
+// reads. Memory is taken for the first picture, and anew for one of another size.
 class PictureMailbox
 {
 public:
-    explicit PictureMailbox(std::size_t bytes)
-        : m_bytes(bytes)
-        , m_written(std::make_unique_for_overwrite<std::uint8_t[]>(bytes))
-        , m_waiting(std::make_unique_for_overwrite<std::uint8_t[]>(bytes))
-        , m_read(std::make_unique_for_overwrite<std::uint8_t[]>(bytes))
-    {}
-
     // Copies a picture; one that was not taken yet is lost. One thread at a time.
-    void put(const std::uint8_t* picture)
+    // Throws std::bad_alloc.
+    void put(const BgrPicture& picture)
     {
-        std::memcpy(m_written.get(), picture, m_bytes);
+        m_written.assign(picture);
         const std::lock_guard lock(m_mutex);
         std::swap(m_written, m_waiting);
         m_fresh = true;
     }
 
-    // The newest picture, to be read until the next call, or null when there is none since the last
-    // one. One thread at a time.
-    [[nodiscard]] const std::uint8_t* take()
+    // The newest picture, to be read until the next call; without pixels when there is none. One
+    // thread at a time, the reading one.
+    [[nodiscard]] BgrPicture newest()
     {
         const std::lock_guard lock(m_mutex);
-        if (!std::exchange(m_fresh, false)) {
-            return nullptr;
+        if (std::exchange(m_fresh, false)) {
+            std::swap(m_waiting, m_read);
         }
-        std::swap(m_waiting, m_read);
-        return m_read.get();
+        return m_read.picture;
+    }
+
+    // Leaves no picture to be read, so that a later reader does not see an old one. The reading
+    // thread.
+    void clear()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_fresh = false;
+        m_read = {};
     }
 
 private:
-    using Buffer = std::unique_ptr<std::uint8_t[]>;
+    struct Slot
+    {
+        std::unique_ptr<std::uint8_t[]> bytes;
+        std::size_t size = 0;
+        BgrPicture picture; // in `bytes`
 
-    const std::size_t m_bytes;
-    Buffer m_written;
+        void assign(const BgrPicture& from)
+        {
+            const std::size_t wanted = std::size_t{3} * from.width * from.height;
+            if (wanted != size) {
+                *this = {};
+                bytes = std::make_unique_for_overwrite<std::uint8_t[]>(wanted);
+                size = wanted;
+            }
+            std::memcpy(bytes.get(), from.pixels, size);
+            picture = {bytes.get(), from.width, from.height};
+        }
+    };
+
+    Slot m_written;
     std::mutex m_mutex; // guards the two below, held for a swap only
-    Buffer m_waiting;
+    Slot m_waiting;
     bool m_fresh = false;
-    Buffer m_read;
+    Slot m_read;
 };
 
 } // namespace pevrix

@@ -21,6 +21,7 @@ spa_video_format videoFormat(PixelLayout layout)
 {
     switch (layout) {
     case PixelLayout::None:
+    case PixelLayout::BgrBottomUp: // is another platform's
         break;
     case PixelLayout::Bgr:
         return SPA_VIDEO_FORMAT_BGR;
@@ -57,7 +58,7 @@ void PipeWireParams::add(const void* pod)
 
 void PipeWireParams::addFormats(const CameraFormat& format)
 {
-    for (const PixelLayout layout : kPixelLayouts) {
+    for (const PixelLayout layout : kOfferedLayouts) {
         if (!suits(layout, format)) {
             continue;
         }
@@ -82,7 +83,7 @@ void PipeWireParams::addBuffers(PixelLayout layout, const CameraFormat& format)
                                    SPA_PARAM_META_size, SPA_POD_Int(sizeof(spa_meta_header))));
 }
 
-PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& format)
+PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& offered)
 {
     spa_video_info info{};
     if (spa_format_parse(param, &info.media_type, &info.media_subtype) < 0 ||
@@ -91,12 +92,12 @@ PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& format)
         return PixelLayout::None;
     }
     const spa_video_info_raw& raw = info.info.raw;
-    if (raw.size.width != format.width || raw.size.height != format.height) {
+    if (raw.size.width != offered.width || raw.size.height != offered.height) {
         return PixelLayout::None;
     }
-    const auto found = std::ranges::find(kPixelLayouts, raw.format, videoFormat);
-    const bool offered = found != kPixelLayouts.end() && suits(*found, format);
-    return offered ? *found : PixelLayout::None;
+    const auto found = std::ranges::find(kOfferedLayouts, raw.format, videoFormat);
+    const bool known = found != kOfferedLayouts.end() && suits(*found, offered);
+    return known ? *found : PixelLayout::None;
 }
 
 } // namespace pevrix

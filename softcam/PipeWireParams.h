@@ -8,6 +8,10 @@
 
 namespace pevrix {
 
+// The layouts that the camera offers, the best first: YUY2 and NV12 are what most programs know.
+inline constexpr std::array kOfferedLayouts{PixelLayout::Yuy2, PixelLayout::Nv12, PixelLayout::I420,
+                                            PixelLayout::Bgr};
+
 // Parameters of the camera's stream in PipeWire's binary form, collected for one call.
 class PipeWireParams
 {
@@ -36,12 +40,12 @@ private:
                               ._padding = 0,
                               .state = {},
                               .callbacks = {}};
-    std::array<const spa_pod*, kPixelLayouts.size()> m_list{};
+    std::array<const spa_pod*, kOfferedLayouts.size()> m_list{};
     std::uint32_t m_count = 0;
 };
 
-// The layout that a format parameter from outside agrees on; None when it is not one that this
-// camera offers.
-[[nodiscard]] PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& format);
+// The layout that a format parameter from outside agrees on; None when it is not one that was
+// offered with addFormats().
+[[nodiscard]] PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& offered);
 
 } // namespace pevrix

@@ -3,9 +3,9 @@
 #include "softcam/PipeWireParams.h"
 
 #include <cerrno>
+#include <new>
 #include <spa/buffer/meta.h>
 #include <spa/param/param.h>
-#include <span>
 #include <stdexcept>
 
 namespace pevrix {
@@ -48,7 +48,7 @@ struct PipeWireSource::Callbacks
     {
         // An error is that of one consumer which asked for a format that is not offered; the node
         // stays and serves the next one.
-        self(data).m_streaming = state == PW_STREAM_STATE_STREAMING;
+        self(data).setStreaming(state == PW_STREAM_STATE_STREAMING);
         if (state == PW_STREAM_STATE_UNCONNECTED) {
             self(data).reconnectLater();
         }
@@ -63,7 +63,6 @@ struct PipeWireSource::Callbacks
 
     static void process(void* data) { self(data).fillBuffer(); }
     static void retry(void* data, std::uint64_t) { self(data).connect(); }
-    static void pictureCame(void* data, std::uint64_t) { self(data).trigger(); }
 
     static constexpr pw_core_events kCore = [] {
         pw_core_events events{};
@@ -82,51 +81,59 @@ struct PipeWireSource::Callbacks
     }();
 };
 
-PipeWireSource::PipeWireSource(const CameraFormat& format)
-    : m_format(format)
-    , m_mailbox(format.bgrSize())
-    , m_loop(pw_thread_loop_new("pevrix-camera", nullptr))
-    , m_converter(format)
+PipeWireSource::PipeWireSource(pw_loop* loop, PictureMailbox& mailbox)
+    : m_loop(loop)
+    , m_mailbox(mailbox)
+    , m_context(pw_context_new(loop, contextProperties(), 0))
+    , m_retryTimer(pw_loop_add_timer(loop, Callbacks::retry, this))
 {
-    if (!m_loop) {
-        throw std::runtime_error("no event loop");
-    }
-    pw_loop* loop = pw_thread_loop_get_loop(m_loop.get());
-    m_context.reset(pw_context_new(loop, contextProperties(), 0));
-    m_retryTimer = pw_loop_add_timer(loop, Callbacks::retry, this);
-    m_pictureCame = pw_loop_add_event(loop, Callbacks::pictureCame, this);
-    if (!m_context || m_retryTimer == nullptr || m_pictureCame == nullptr) {
-        throw std::runtime_error("no event sources");
-    }
-    setRetryTimer(0, 1); // at once, but in the loop's thread
-    if (pw_thread_loop_start(m_loop.get()) < 0) {
-        throw std::runtime_error("no thread");
+    if (!m_context || m_retryTimer == nullptr) {
+        throw std::runtime_error("no PipeWire context");
     }
 }
 
-PipeWireSource::~PipeWireSource()
+void PipeWireSource::offer(const CameraFormat& format)
 {
-    pw_thread_loop_stop(m_loop.get());
+    m_camera = format;
+    if (!m_connection) {
+        connect();
+    } else if (!m_reader && m_connection->stream) {
+        offerFormats();
+    } // else once there is nobody who reads, or a daemon
 }
 
-void PipeWireSource::sendFrame(const std::uint8_t* bgr)
+void PipeWireSource::withdraw()
 {
-    if (m_streaming) {
-        m_mailbox.put(bgr);
-        pw_loop_signal_event(pw_thread_loop_get_loop(m_loop.get()), m_pictureCame);
+    m_camera.reset();
+    setRetryTimer(0);
+    disconnect();
+}
+
+void PipeWireSource::showIfDue(PictureSchedule::Time now)
+{
+    // Runs a cycle of the readers' graph, which asks for the picture with fillBuffer().
+    if (m_streaming && m_schedule.isDue(now)) {
+        m_schedule.handedOn(now);
+        pw_stream_trigger_process(m_connection->stream.get());
     }
 }
 
 // Also takes down what is left of the connection before.
 void PipeWireSource::connect()
 {
+    disconnect();
     Connection& connection = m_connection.emplace();
-    m_streaming = false;
-    m_layout = PixelLayout::None;
     connection.core.reset(pw_context_connect(m_context.get(), nullptr, 0));
     if (!connection.core || !offerNode(connection)) {
         reconnectLater();
     }
+}
+
+void PipeWireSource::disconnect()
+{
+    setStreaming(false);
+    m_reader.reset();
+    m_connection.reset();
 }
 
 bool PipeWireSource::offerNode(Connection& connection)
@@ -139,8 +146,9 @@ bool PipeWireSource::offerNode(Connection& connection)
     }
     pw_stream_add_listener(connection.stream.get(), connection.streamListener.hook(),
                            &Callbacks::kStream, this);
+    m_offered = *m_camera;
     PipeWireParams params;
-    params.addFormats(m_format);
+    params.addFormats(m_offered);
     // The camera gives the pace, and a consumer links to it when it likes.
     constexpr auto kFlags =
         // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags
@@ -149,42 +157,59 @@ bool PipeWireSource::offerNode(Connection& connection)
                              params.list(), params.count()) >= 0;
 }
 
-// From a callback of a connection too, which cannot be freed there.
-void PipeWireSource::reconnectLater()
+// Nobody must be reading: a reader whose format is no longer offered is made to agree on another
+// one, which browsers do not survive.
+void PipeWireSource::offerFormats()
 {
-    m_streaming = false;
-    setRetryTimer(kRetrySeconds, 0);
-}
-
-void PipeWireSource::setRetryTimer(int seconds, int nanoseconds)
-{
-    timespec delay{.tv_sec = seconds, .tv_nsec = nanoseconds};
-    pw_loop_update_timer(pw_thread_loop_get_loop(m_loop.get()), m_retryTimer, &delay, nullptr,
-                         false);
-}
-
-void PipeWireSource::agreeOnFormat(const spa_pod* param)
-{
-    m_layout = param == nullptr ? PixelLayout::None : agreedLayout(param, m_format);
-    if (m_layout != PixelLayout::None) {
+    if (m_camera && m_offered != *m_camera) {
+        m_offered = *m_camera;
         PipeWireParams params;
-        params.addBuffers(m_layout, m_format);
+        params.addFormats(m_offered);
         pw_stream_update_params(m_connection->stream.get(), params.list(), params.count());
     }
 }
 
-// Runs a cycle of the consumers' graph, which asks for the picture with fillBuffer().
-void PipeWireSource::trigger()
+// From a callback of a connection too, which cannot be freed there.
+void PipeWireSource::reconnectLater()
 {
-    if (m_streaming && m_connection) {
-        pw_stream_trigger_process(m_connection->stream.get());
+    setStreaming(false);
+    setRetryTimer(kRetrySeconds);
+}
+
+void PipeWireSource::setRetryTimer(int seconds)
+{
+    timespec delay{.tv_sec = seconds, .tv_nsec = 0}; // zero: never
+    pw_loop_update_timer(m_loop, m_retryTimer, &delay, nullptr, false);
+}
+
+void PipeWireSource::setStreaming(bool streaming)
+{
+    if (streaming && !m_streaming && m_reader) {
+        m_schedule = PictureSchedule(m_offered);
+        m_mailbox.clear();
     }
+    m_streaming = streaming && m_reader;
+}
+
+void PipeWireSource::agreeOnFormat(const spa_pod* param)
+{
+    const PixelLayout layout =
+        param == nullptr ? PixelLayout::None : agreedLayout(param, m_offered);
+    if (layout == PixelLayout::None) {
+        m_reader.reset();
+        offerFormats();
+        return;
+    }
+    m_reader.emplace(layout, m_offered);
+    PipeWireParams params;
+    params.addBuffers(layout, m_offered);
+    pw_stream_update_params(m_connection->stream.get(), params.list(), params.count());
 }
 
 void PipeWireSource::fillBuffer()
 {
-    const std::uint8_t* picture = m_mailbox.take();
-    if (picture == nullptr || m_layout == PixelLayout::None) {
+    const BgrPicture picture = m_mailbox.newest();
+    if (picture.pixels == nullptr || !m_reader) {
         return;
     }
     pw_stream* stream = m_connection->stream.get();
@@ -205,23 +230,31 @@ void PipeWireSource::fillBuffer()
 }
 
 // The buffer comes from the daemon: it is checked, whatever was agreed on.
-bool PipeWireSource::writePicture(const std::uint8_t* picture, spa_buffer& buffer)
+bool PipeWireSource::writePicture(const BgrPicture& picture, spa_buffer& buffer)
 {
-    const std::size_t size = pictureSize(m_layout, m_format);
     if (buffer.n_datas < 1) {
         return false;
     }
     spa_data& block = buffer.datas[0];
+    const std::size_t size = pictureSize(m_reader->layout, m_offered);
     const bool fits = block.data != nullptr && block.maxsize >= size;
-    if (fits) {
-        m_converter.convert(picture, m_layout,
-                            std::span(static_cast<std::uint8_t*>(block.data), block.maxsize));
-    }
+    const bool written =
+        fits && m_reader->write(picture, {static_cast<std::uint8_t*>(block.data), block.maxsize});
     block.chunk->offset = 0;
-    block.chunk->size = fits ? static_cast<std::uint32_t>(size) : 0;
-    block.chunk->stride = static_cast<std::int32_t>(rowSize(m_layout, m_format));
+    block.chunk->size = written ? static_cast<std::uint32_t>(size) : 0;
+    block.chunk->stride = static_cast<std::int32_t>(rowSize(m_reader->layout, m_offered));
     block.chunk->flags = 0;
-    return fits;
+    return written;
+}
+
+bool PipeWireSource::Reader::write(const BgrPicture& picture, std::span<std::uint8_t> to)
+{
+    try {
+        converter.convert(picture, to);
+        return true;
+    } catch (const std::bad_alloc&) { // PipeWire's callbacks are C
+        return false;
+    }
 }
 
 } // namespace pevrix

@@ -1,39 +1,50 @@
 #pragma once
 
-#include "softcam/PictureFormat.h"
+#include "softcam/PictureConverter.h"
 #include "softcam/PictureMailbox.h"
+#include "softcam/PictureSchedule.h"
 #include "softcam/PipeWireHandles.h"
 
 #include <atomic>
 #include <cstdint>
 #include <optional>
+#include <span>
 
 namespace pevrix {
 
 // The camera as a node of PipeWire, which browsers and video-call programs reach directly or
 // through the desktop's camera portal.
 //
-//   no connection -- retry timer --> node offered <-- a program links or leaves --> streaming
-//         ^                              |                                              |
-//         +------------------------- the daemon goes away <-----------------------------+
+//   withdrawn -- offer() --> no connection -- retry timer --> node offered <-- readers -->
+//   streaming
+//       ^                         ^                               |                            |
+//       |                         +------------------- the daemon goes away <------------------+
+//       +---------------------------- withdraw() from everywhere
 //
-// A thread of its own runs everything that speaks with the daemon, so that the functions here wait
-// for nobody; the destructor waits for that thread to end.
+// All readers at one time have the format on which the first one agreed, and keep it while cameras
+// of other sizes are offered. It belongs to the loop's thread, in which its callbacks run.
 class PipeWireSource
 {
 public:
-    // Throws std::bad_alloc or std::runtime_error when no thread or memory is to be had.
-    explicit PipeWireSource(const CameraFormat& format);
-    ~PipeWireSource();
+    // Takes the pictures from the mailbox, whose reading side it is. Loop and mailbox outlive it.
+    // Throws std::runtime_error when memory or descriptors are short.
+    PipeWireSource(pw_loop* loop, PictureMailbox& mailbox);
     PipeWireSource(const PipeWireSource&) = delete;
     PipeWireSource& operator=(const PipeWireSource&) = delete;
 
-    // Copies the picture (bgrSize() bytes) for the node's thread; not even that while nobody
-    // watches. One thread at a time.
-    void sendFrame(const std::uint8_t* bgr);
+    // Makes the node, or has it follow a camera of another format: new readers are offered that one
+    // as soon as nobody reads in the former.
+    void offer(const CameraFormat& format);
 
-    // Whether a program is reading now.
-    [[nodiscard]] bool isConnected() const { return m_streaming; }
+    // Takes the node away from its readers.
+    void withdraw();
+
+    // Hands on the newest picture if it is time.
+    void showIfDue(PictureSchedule::Time now);
+    [[nodiscard]] PictureSchedule& schedule() { return m_schedule; }
+
+    // Whether a program is reading now. Any thread.
+    [[nodiscard]] bool isStreaming() const { return m_streaming; }
 
 private:
     // One connection to the daemon with the node in it; the members end in reverse order.
@@ -44,31 +55,41 @@ private:
         pw::Stream stream;
         pw::Listener streamListener;
     };
-    struct Callbacks; // PipeWire's, which come in the loop's thread
+    // What the programs that are linked to the node have agreed on.
+    struct Reader
+    {
+        Reader(PixelLayout agreed, const CameraFormat& format)
+            : layout(agreed)
+            , converter(agreed, format)
+        {}
+        [[nodiscard]] bool write(const BgrPicture& picture, std::span<std::uint8_t> to);
+
+        PixelLayout layout;
+        PictureConverter converter;
+    };
+    struct Callbacks; // PipeWire's
 
     void connect();
+    void disconnect();
     [[nodiscard]] bool offerNode(Connection& connection);
+    void offerFormats();
     void reconnectLater();
-    void setRetryTimer(int seconds, int nanoseconds);
+    void setRetryTimer(int seconds);
+    void setStreaming(bool streaming);
     void agreeOnFormat(const spa_pod* param);
-    void trigger();
     void fillBuffer();
-    [[nodiscard]] bool writePicture(const std::uint8_t* picture, spa_buffer& buffer);
+    [[nodiscard]] bool writePicture(const BgrPicture& picture, spa_buffer& buffer);
 
-    const CameraFormat m_format;
-    PictureMailbox m_mailbox;
     std::atomic<bool> m_streaming = false;
-
-    pw::Library m_library;
-    pw::ThreadLoop m_loop;
-
-    // The rest belongs to the loop's thread while that runs.
+    pw_loop* m_loop;
+    PictureMailbox& m_mailbox;
     pw::Context m_context;
-    spa_source* m_retryTimer = nullptr; // both are owned by the loop
-    spa_source* m_pictureCame = nullptr;
+    spa_source* m_retryTimer; // owned by the loop
     std::optional<Connection> m_connection;
-    LayoutConverter m_converter;
-    PixelLayout m_layout = PixelLayout::None;
+    std::optional<CameraFormat> m_camera; // none: withdrawn
+    CameraFormat m_offered;               // what the node offers, and so its readers' format
+    std::optional<Reader> m_reader;       // none: nobody is linked
+    PictureSchedule m_schedule{{.rateNumerator = 30}};
     std::uint64_t m_sequence = 0;
 };
 

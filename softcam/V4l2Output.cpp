@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <linux/videodev2.h>
+#include <new>
 #include <set>
 #include <span>
 #include <string_view>
@@ -92,9 +93,9 @@ std::optional<V4l2Output> V4l2Output::open(const std::string& path, const Camera
 
 V4l2Output::V4l2Output(Device device, PixelLayout layout, const CameraFormat& format)
     : m_device(std::move(device))
-    , m_layout(layout)
     , m_size(pictureSize(layout, format))
-    , m_converter(format)
+    , m_converter(layout, format)
+    , m_schedule(format)
     , m_picture(std::make_unique_for_overwrite<std::uint8_t[]>(m_size))
 {}
 
@@ -105,9 +106,13 @@ V4l2Output::Device::~Device()
     }
 }
 
-void V4l2Output::sendFrame(const std::uint8_t* bgr)
+void V4l2Output::show(const BgrPicture& picture)
 {
-    m_converter.convert(bgr, m_layout, std::span(m_picture.get(), m_size));
+    try {
+        m_converter.convert(picture, std::span(m_picture.get(), m_size));
+    } catch (const std::bad_alloc&) {
+        return;
+    }
     // A picture that the device refuses is lost, and nothing is to be done about it.
     [[maybe_unused]] const ssize_t written = write(m_device.descriptor(), m_picture.get(), m_size);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "softcam/PictureFormat.h"
+#include "softcam/PictureConverter.h"
+#include "softcam/PictureSchedule.h"
 
 #include <cstdint>
 #include <memory>
@@ -12,15 +13,19 @@ namespace pevrix {
 
 // A v4l2loopback device fed with the camera's pictures, for programs that know no PipeWire. The
 // kernel module copies what is written and keeps the newest, so a write waits for no reader.
-// It does not tell whether there are any.
+// It does not tell whether there are any, so the device keeps the format that it was opened with.
+// Used by one thread at a time.
 class V4l2Output
 {
 public:
     // The first loopback device that nobody feeds yet and that takes pictures of this format.
     [[nodiscard]] static std::optional<V4l2Output> openFirstFree(const CameraFormat& format);
 
-    // `bgr` has bgrSize() bytes. One thread at a time.
-    void sendFrame(const std::uint8_t* bgr);
+    // A picture of whatever size. It is left out where there is no memory to convert it.
+    void show(const BgrPicture& picture);
+
+    // When to show the next one.
+    [[nodiscard]] PictureSchedule& schedule() { return m_schedule; }
 
 private:
     // Of the open device; closed with the object.
@@ -33,6 +38,11 @@ private:
         Device(Device&& other) noexcept
             : m_descriptor(std::exchange(other.m_descriptor, -1))
         {}
+        Device& operator=(Device&& other) noexcept
+        {
+            std::swap(m_descriptor, other.m_descriptor);
+            return *this;
+        }
         ~Device();
         [[nodiscard]] int descriptor() const { return m_descriptor; }
 
@@ -46,9 +56,9 @@ private:
                                                         const CameraFormat& format);
 
     Device m_device;
-    PixelLayout m_layout;
     std::size_t m_size;
-    LayoutConverter m_converter;
+    PictureConverter m_converter;
+    PictureSchedule m_schedule;
     std::unique_ptr<std::uint8_t[]> m_picture;
 };
 

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "softcam/PictureMailbox.h"
+#include "softcam/PipeWireSource.h"
+#include "softcam/V4l2Output.h"
+
+#include <atomic>
+#include <mutex>
+#include <optional>
+
+namespace pevrix {
+
+// Where the pictures of one camera after the other come out: a PipeWire source, and the first free
+// v4l2loopback device beside it where there is one. Both go on while cameras are deleted and made
+// anew.
+//
+//   closed -- open() --> open -- close() --> waiting for another camera -- five seconds --> closed
+//                          ^------------------- open() ---------------------|
+//
+// While it waits, readers get the last picture again. A thread of its own runs everything that
+// speaks with the daemon, so that the functions here, which any thread may call, wait for nobody;
+// the destructor waits for that thread to end.
+class CameraOutlet
+{
+public:
+    // Throws std::bad_alloc or std::runtime_error when no thread or memory is to be had.
+    CameraOutlet();
+    ~CameraOutlet();
+    CameraOutlet(const CameraOutlet&) = delete;
+    CameraOutlet& operator=(const CameraOutlet&) = delete;
+
+    void open(const CameraFormat& format);
+    void close();
+
+    // Copies the picture for the outlet's thread; not even that while nobody watches. One thread at
+    // a time. Throws std::bad_alloc.
+    void sendFrame(const BgrPicture& picture);
+
+    // Whether a program is reading now.
+    [[nodiscard]] bool isConnected() const { return m_source.isStreaming(); }
+
+private:
+    struct Callbacks; // PipeWire's, which come in the loop's thread
+
+    void setCamera(std::optional<CameraFormat> format);
+    void followCamera();
+    void endReaders();
+    void showDuePictures();
+    void armPictureTimer();
+
+    std::mutex m_mutex;
+    std::optional<CameraFormat> m_camera; // guarded by it
+    PictureMailbox m_mailbox;
+    std::atomic<bool> m_feedsLoopback = false;
+
+    pw::Library m_library;
+    pw::ThreadLoop m_loop;
+
+    // The rest belongs to the loop's thread while that runs.
+    PipeWireSource m_source;
+    std::optional<V4l2Output> m_loopback;
+    spa_source* m_cameraChanged = nullptr; // these are owned by the loop
+    spa_source* m_pictureCame = nullptr;
+    spa_source* m_pictureTimer = nullptr;
+    spa_source* m_graceTimer = nullptr;
+};
+
+} // namespace pevrix

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "softcam/PictureFormat.h"
+
+#include <chrono>
+
+namespace pevrix {
+
+// When a reader gets its pictures: at the rate that it has agreed on, whatever the rate of those
+// who send. Plain logic with the caller's clock; used by one thread at a time.
+//
+// Its ticks are an interval apart, and each hands on one picture. A new picture is handed on at
+// once when that is less than half an interval before the tick, else it waits for that moment; of
+// several that wait the newest is taken. Without a new picture the last one is handed on again half
+// an interval after the tick. So a sender of the reader's rate is never held up, and its jitter
+// changes nothing.
+class PictureSchedule
+{
+public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    explicit PictureSchedule(const CameraFormat& reader)
+        : m_interval(reader.interval())
+    {}
+
+    // A new picture is there.
+    void pictureCame() { m_waits = true; }
+
+    // When to hand on the next picture: the newest one there is by then.
+    [[nodiscard]] Time deadline() const
+    {
+        return m_waits ? m_tick - m_interval / 2 : m_tick + m_interval / 2;
+    }
+    [[nodiscard]] bool isDue(Time now) const { return now >= deadline(); }
+
+    // A picture was handed on. After a hold-up of two intervals or more the ticks move, so that
+    // missed ones are not made up.
+    void handedOn(Time now)
+    {
+        m_waits = false;
+        m_tick = now - m_tick > 2 * m_interval ? now + m_interval : m_tick + m_interval;
+    }
+
+private:
+    std::chrono::nanoseconds m_interval;
+    Time m_tick; // long ago at first: the first picture is due at once
+    bool m_waits = false;
+};
+
+} // namespace pevrix
