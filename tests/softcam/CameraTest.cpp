@@ -1,11 +1,12 @@
+#include "tests/softcam/Samples.h"
 #include "tests/softcam/TestCamera.h"
 
-#include <cmath>
 #include <cstring>
 #include <limits>
 #include <ostream>
 #include <tuple>
 
+using namespace pevrix;
 using namespace pevrix::test;
 using namespace Qt::StringLiterals;
 
@@ -13,55 +14,10 @@ namespace {
 
 constexpr int kPictures = 20;
 
-std::uint8_t byteAt(const QByteArray& bytes, qsizetype index)
-{
-    return static_cast<std::uint8_t>(bytes[index]);
-}
-
-struct Yuv
-{
-    int y = 0;
-    int u = 0;
-    int v = 0;
-};
-
-// BT.601, limited range, as the standard gives it.
-Yuv expectedYuv(const Color& color)
-{
-    const double r = color.red / 255.0;
-    const double g = color.green / 255.0;
-    const double b = color.blue / 255.0;
-    const double luma = 0.299 * r + 0.587 * g + 0.114 * b;
-    return {static_cast<int>(std::lround(16 + 219 * luma)),
-            static_cast<int>(std::lround(128 + 224 * (b - luma) / 1.772)),
-            static_cast<int>(std::lround(128 + 224 * (r - luma) / 1.402))};
-}
-
-Yuv yuy2At(const QByteArray& picture, qsizetype width, qsizetype, qsizetype x, qsizetype y)
-{
-    const qsizetype pair = (y * width + x / 2 * 2) * 2;
-    return {byteAt(picture, pair + x % 2 * 2), byteAt(picture, pair + 1),
-            byteAt(picture, pair + 3)};
-}
-
-Yuv nv12At(const QByteArray& picture, qsizetype width, qsizetype height, qsizetype x, qsizetype y)
-{
-    const qsizetype chroma = width * height + y / 2 * width + x / 2 * 2;
-    return {byteAt(picture, y * width + x), byteAt(picture, chroma), byteAt(picture, chroma + 1)};
-}
-
-Yuv i420At(const QByteArray& picture, qsizetype width, qsizetype height, qsizetype x, qsizetype y)
-{
-    const qsizetype chroma = width * height + y / 2 * (width / 2) + x / 2;
-    return {byteAt(picture, y * width + x), byteAt(picture, chroma),
-            byteAt(picture, chroma + width * height / 4)};
-}
-
 struct YuvLayout
 {
     const char* name;
-    int bitsPerPixel;
-    decltype(&yuy2At) at;
+    PixelLayout layout;
 
     friend void PrintTo(const YuvLayout& layout, std::ostream* out) { *out << layout.name; }
 };
@@ -93,7 +49,8 @@ TEST_P(YuvLayouts, ShowThePicturesInTheRightColours)
 {
     const LiveCamera live;
     const Picture& picture = live.camera.picture();
-    const int size = picture.width() * picture.height() * GetParam().bitsPerPixel / 8;
+    const CameraFormat format = *cameraFormat(picture.width(), picture.height(), 30);
+    const auto size = static_cast<qsizetype>(pictureSize(GetParam().layout, format));
     Reader reader(live.camera, QString::fromLatin1(GetParam().name), kPictures);
     const QByteArray pictures = reader.wait(kPictures, size);
     ASSERT_FALSE(pictures.isEmpty());
@@ -102,19 +59,18 @@ TEST_P(YuvLayouts, ShowThePicturesInTheRightColours)
     int wrong = 0;
     for (int y = 8; y < picture.height(); ++y) { // the first row of blocks has the number
         for (int x = 0; x < picture.width(); ++x) {
-            const Yuv expected = expectedYuv(picture.at(x, y));
-            const Yuv seen = GetParam().at(last, picture.width(), picture.height(), x, y);
-            wrong += std::abs(seen.y - expected.y) > 2 || std::abs(seen.u - expected.u) > 2 ||
-                     std::abs(seen.v - expected.v) > 2;
+            const Samples seen = samplesAt(reinterpret_cast<const std::uint8_t*>(last.data()),
+                                           GetParam().layout, format, x, y);
+            wrong += !isClose(seen, expectedSamples(GetParam().layout, picture.at(x, y)), 2);
         }
     }
     EXPECT_EQ(wrong, 0) << "pixels";
 }
 
 INSTANTIATE_TEST_SUITE_P(Camera, YuvLayouts,
-                         testing::Values(YuvLayout{"YUY2", 16, yuy2At},
-                                         YuvLayout{"NV12", 12, nv12At},
-                                         YuvLayout{"I420", 12, i420At}),
+                         testing::Values(YuvLayout{"YUY2", PixelLayout::Yuy2},
+                                         YuvLayout{"NV12", PixelLayout::Nv12},
+                                         YuvLayout{"I420", PixelLayout::I420}),
                          [](const auto& param) { return std::string(param.param.name); });
 
 TEST_P(BgrSizes, PassThePicturesOnUnchangedAndInOrder)
@@ -128,9 +84,10 @@ TEST_P(BgrSizes, PassThePicturesOnUnchangedAndInOrder)
     const QByteArray pictures = reader.wait(kPictures, size);
     ASSERT_FALSE(pictures.isEmpty());
     for (int i = 0; i < kPictures; ++i) {
-        const std::uint8_t number = byteAt(pictures, i * size);
+        const std::uint8_t number = static_cast<std::uint8_t>(pictures[i * size]);
         if (i > 0) {
-            const int since = (256 + number - byteAt(pictures, (i - 1) * size)) % 256;
+            const int since =
+                (256 + number - static_cast<std::uint8_t>(pictures[(i - 1) * size])) % 256;
             EXPECT_TRUE(since >= 1 && since < 128) << since << " at " << i;
         }
         expected.setNumber(number);
@@ -159,9 +116,8 @@ TEST(Camera, IsWhatBrowsersAndPortalsTakeForOne)
         {640, 361, 1e9F, {u"YUY2 1000/1"_s, u"BGR 1000/1"_s}},
     };
     for (const auto& [width, height, rate, formats] : cases) {
-        ASSERT_TRUE(waitUntil([&] { return session.camera().isEmpty(); })) << "the camera stays";
         const TestCamera camera(width, height, rate);
-        const QJsonObject node = session.waitForCamera();
+        const QJsonObject node = session.waitForCamera(width);
         EXPECT_EQ(offered(node), formats);
         const auto size = node["params"_L1]["EnumFormat"_L1][0]["size"_L1];
         EXPECT_EQ(size["width"_L1].toInt(), width);

@@ -54,7 +54,7 @@ TEST(CameraAndDaemon, AppearsWhenTheDaemonDoesAndAgainAfterItsRestart)
     expectTakesMorePictures(camera);
     for (int start = 0; start < 3; ++start) {
         session.startDaemon();
-        static_cast<void>(session.waitForCamera());
+        static_cast<void>(session.waitForCamera(camera.picture().width()));
         expectPictures(camera);
         Reader reader(camera, u"I420"_s, 0);
         EXPECT_TRUE(waitUntil([&] { return camera.isConnected(); }));
@@ -78,7 +78,7 @@ TEST(CameraAndDaemon, HangingOnesHoldNobodyUp)
     PipeWireSession session;
     session.startDaemon();
     std::optional<TestCamera> camera(std::in_place);
-    static_cast<void>(session.waitForCamera());
+    static_cast<void>(session.waitForCamera(camera->picture().width()));
     Reader reader(*camera, u"BGR"_s, 0);
     ASSERT_TRUE(waitUntil([&] { return camera->isConnected(); }));
 

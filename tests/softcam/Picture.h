@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-
+#include <array>
 #include <cstdint>
 #include <random>
 #include <vector>
@@ -37,6 +36,22 @@ public:
                 set(x, y, blocks[block]);
             }
         }
+    }
+
+    // Four quadrants of different colours, of which the last tells pictures apart: 0 to 9.
+    static Picture quadrants(int width, int height, int number = 0)
+    {
+        Picture picture(width, height);
+        const int gray = 40 + 20 * number;
+        const std::array<Color, 4> colors{
+            {{40, 60, 200}, {60, 180, 90}, {190, 110, 50}, {gray, gray, gray}}};
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                const int quadrant = (2 * y >= height ? 2 : 0) + (2 * x >= width ? 1 : 0);
+                picture.set(x, y, colors[static_cast<std::size_t>(quadrant)]);
+            }
+        }
+        return picture;
     }
 
     void setNumber(std::uint8_t number)

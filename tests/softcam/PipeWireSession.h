@@ -87,13 +87,14 @@ public:
 
     [[nodiscard]] qint64 daemonId() const { return m_daemon->processId(); }
 
-    // The camera's node as the daemon describes it, once it is there with all its formats.
-    [[nodiscard]] QJsonObject waitForCamera() const
+    // The camera's node as the daemon describes it, once it offers pictures of this width.
+    [[nodiscard]] QJsonObject waitForCamera(int width) const
     {
         QJsonObject info;
         EXPECT_TRUE(waitUntil([&] {
             info = camera();
-            return !info["params"_L1]["EnumFormat"_L1].toArray().isEmpty();
+            const auto format = info["params"_L1]["EnumFormat"_L1][0];
+            return format["size"_L1]["width"_L1].toInt() == width;
         })) << "no camera in the daemon";
         return info;
     }

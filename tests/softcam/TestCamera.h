@@ -16,17 +16,25 @@ class TestCamera
 {
 public:
     explicit TestCamera(int width = 640, int height = 360, float rate = 30)
-        : m_picture(width, height)
-        , m_camera(scCreateCamera(width, height, rate))
+        : TestCamera(Picture(width, height), rate)
+    {}
+    explicit TestCamera(const Picture& picture, float rate = 30)
+        : m_picture(picture)
+        , m_camera(scCreateCamera(picture.width(), picture.height(), rate))
         , m_sender([this](const std::stop_token& stop) { send(stop); })
     {
         EXPECT_NE(m_camera, nullptr);
     }
-    ~TestCamera()
+    ~TestCamera() { stop(); }
+
+    // Deletes the camera. Once only, and nothing else afterwards.
+    void stop()
     {
-        m_sender.request_stop();
-        m_sender.join();
-        scDeleteCamera(m_camera);
+        if (m_sender.joinable()) {
+            m_sender.request_stop();
+            m_sender.join();
+            scDeleteCamera(m_camera);
+        }
     }
 
     [[nodiscard]] bool isConnected() const { return scIsConnected(m_camera) != 0; }
@@ -59,7 +67,7 @@ struct LiveCamera
         : camera(width, height)
     {
         session.startDaemon();
-        static_cast<void>(session.waitForCamera());
+        static_cast<void>(session.waitForCamera(width));
     }
 
     PipeWireSession session;
@@ -86,6 +94,13 @@ public:
         QByteArray content = file.readAll();
         EXPECT_EQ(content.size(), pictures * size);
         return content.size() == pictures * size ? content : QByteArray();
+    }
+
+    // What was written until now.
+    [[nodiscard]] QByteArray written() const
+    {
+        QFile file(m_file);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }
