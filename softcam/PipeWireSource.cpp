@@ -122,7 +122,8 @@ void PipeWireSource::showIfDue(PictureSchedule::Time now)
 void PipeWireSource::connect()
 {
     disconnect();
-    Connection& connection = m_connection.emplace();
+    m_connection = std::make_unique<Connection>();
+    Connection& connection = *m_connection;
     connection.core.reset(pw_context_connect(m_context.get(), nullptr, 0));
     if (!connection.core || !offerNode(connection)) {
         reconnectLater();

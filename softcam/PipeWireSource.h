@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 
@@ -85,7 +86,7 @@ private:
     PictureMailbox& m_mailbox;
     pw::Context m_context;
     spa_source* m_retryTimer; // owned by the loop
-    std::optional<Connection> m_connection;
+    std::unique_ptr<Connection> m_connection;
     std::optional<CameraFormat> m_camera; // none: withdrawn
     CameraFormat m_offered;               // what the node offers, and so its readers' format
     std::optional<Reader> m_reader;       // none: nobody is linked
