@@ -275,6 +275,9 @@ void AppController::onPhoneConnected(PhoneRoster::Phone phone)
     if (m_roster.add(std::move(phone))) {
         m_server.setActive(id, true);
     }
+    if (m_earlyStream.id == id) {
+        onStreamInfo(id, m_earlyStream.size, m_earlyStream.fps);
+    }
     Q_EMIT changed();
 }
 
@@ -294,8 +297,8 @@ void AppController::onPhoneDisconnected(int id)
 
 void AppController::onStreamInfo(int id, QSize size, int fps)
 {
-    // Also strangers may describe a stream; nothing would ever take their entries out again.
     if (!m_roster.find(id)) {
+        m_earlyStream = {.id = id, .size = size, .fps = fps};
         return;
     }
     m_streamSizes.insert(id, size);

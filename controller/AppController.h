@@ -182,6 +182,14 @@ private:
     Settings m_settings;
     PairingInfo m_pairing;
     QHash<int, QSize> m_streamSizes; // what each connected phone last announced
+    // Described on a connection that has not said hello. The latest alone: anybody may describe
+    // one.
+    struct
+    {
+        int id = 0;
+        QSize size;
+        int fps = 0;
+    } m_earlyStream;
     QString m_status;
     QString m_serverInfo;
     int m_themeMode;

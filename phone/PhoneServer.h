@@ -1,6 +1,6 @@
 #pragma once
 
-#include "phone/PhoneSession.h"
+#include "phone/PhoneConnection.h"
 #include "phone/Protocol.h"
 
 #include <QElapsedTimer>
@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <map>
 
 namespace pevrix {
 
@@ -27,14 +28,14 @@ struct PhoneServerTimings
     std::chrono::milliseconds closeGrace{4000};
 };
 
-// The PC's end of the phone link: listens on the network, adopts USB tunnels, runs the hello
-// handshake, keeps connections alive and turns the phones' messages into signals. It decodes
-// nothing and stores nothing on disk.
+// The PC's end of the phone link: listens on the network, adopts USB tunnels, decides who may come
+// in, keeps connections alive and turns the phones' messages into signals. It decodes nothing and
+// stores nothing on disk.
 //
 // Lives on one thread with an event loop, and emits there. Owns every socket it serves. What a
 // peer can make it hold is bounded: per connection about two largest payloads, and for all network
 // connections that have not said a valid hello together, kMaxStrangers and kMaxStrangersBytes.
-class PhoneServer : public QObject
+class PhoneServer : public QObject, private PhoneConnection::Host
 {
     Q_OBJECT
 
@@ -83,43 +84,32 @@ Q_SIGNALS:
     void devicePaired(const QString& deviceId, const QString& token);
     // The phone at the end of a USB tunnel says goodbye; its connection is closed after this.
     void usbByeReceived(QTcpSocket* socket);
-    // Media is passed on from any connection, also before its hello. The last stream information
-    // before an accepted hello comes once more after it.
+    // Media is passed on from any connection, also before its hello.
     void streamInfo(int id, int width, int height, int fps);
     void videoConfig(int id, const QByteArray& annexbSpsPps);
     void videoFrame(int id, const QByteArray& annexbAccessUnit, qint64 ptsUsec, bool keyframe);
 
 private:
     void onNewConnection();
-    void adopt(QTcpSocket* socket, bool usb);
-    void dropOldestStranger();
+    PhoneConnection* adopt(QTcpSocket* socket, bool usb);
+    void limitStrangers();
     void limitStrangersBytes();
-    void drop(QTcpSocket* socket);
-    void onDisconnected(QTcpSocket* socket);
 
-    void readTurn(QTcpSocket* socket);
-    void readMessages(QTcpSocket* socket, int id, bool untilEmpty);
-    [[nodiscard]] static MessageSplitter::Result readMessage(QTcpSocket* socket,
-                                                             PhoneSession& session, qint64 nowMs);
-    void queueTurn(QTcpSocket* socket, PhoneSession& session);
-    void onBytesWritten(QTcpSocket* socket);
+    void onMessage(PhoneConnection& from, const Message& message) override;
+    void onTurnTaken(PhoneConnection& connection) override;
+    void onEnded(PhoneConnection& connection) override;
 
-    void dispatch(QTcpSocket* socket, PhoneSession& session, const Message& message);
-    void dispatchVideoFrame(int id, const Message& message);
-    void handleHello(QTcpSocket* socket, const QByteArray& payload);
-    [[nodiscard]] bool admit(QTcpSocket* socket, const Hello& hello);
-    [[nodiscard]] bool settleDuplicates(QTcpSocket* socket, const QString& deviceId);
-    void refuse(QTcpSocket* socket, Refusal refusal);
+    void passOnVideoFrame(int id, const Message& message);
+    void handleHello(PhoneConnection& from, const Hello& hello);
+    [[nodiscard]] bool admit(PhoneConnection& newcomer, const Hello& hello);
+    [[nodiscard]] bool settleDuplicates(PhoneConnection& newcomer, const QString& deviceId);
+    static void refuse(PhoneConnection& connection, Refusal refusal);
 
     void keepAlive();
-    void send(QTcpSocket* socket, MessageType type, const QByteArray& payload);
-    void close(QTcpSocket* socket);
-    [[nodiscard]] PhoneSession* findOpen(QTcpSocket* socket);
-    [[nodiscard]] QTcpSocket* findPhone(int id) const;
 
     PhoneServerTimings m_timings;
     QTcpServer m_server;
-    QHash<QTcpSocket*, PhoneSession> m_sessions;
+    std::map<int, PhoneConnection*> m_connections; // by id, the oldest first; children of this
     quint16 m_port = 0;
     qint64 m_framesReceived = 0;
     int m_nextId = 1;

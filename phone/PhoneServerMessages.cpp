@@ -2,34 +2,29 @@
 #include "phone/Handshake.h"
 #include "phone/PhoneServer.h"
 
-#include <utility>
-
 namespace pevrix {
 
-void PhoneServer::dispatch(QTcpSocket* socket, PhoneSession& session, const Message& message)
+void PhoneServer::onMessage(PhoneConnection& from, const Message& message)
 {
-    const int id = session.id;
+    const int id = from.id();
     switch (message.type) {
     case MessageType::Bye:
-        if (session.usb) {
-            Q_EMIT usbByeReceived(socket);
+        if (from.usb()) {
+            Q_EMIT usbByeReceived(from.socket());
         }
-        close(socket);
+        from.close();
         break;
     case MessageType::Hello:
-        handleHello(socket, message.payload);
+        handleHello(from, parseHello(message.payload));
         break;
     case MessageType::VideoConfig:
         Q_EMIT videoConfig(id, message.payload);
         break;
     case MessageType::VideoFrame:
-        dispatchVideoFrame(id, message);
+        passOnVideoFrame(id, message);
         break;
     case MessageType::StreamInfo: {
         const StreamDescription stream = parseStreamInfo(message.payload);
-        if (!session.handshaken) {
-            session.earlyStream = stream;
-        }
         Q_EMIT streamInfo(id, stream.width, stream.height, stream.fps);
         break;
     }
@@ -37,14 +32,14 @@ void PhoneServer::dispatch(QTcpSocket* socket, PhoneSession& session, const Mess
         Q_EMIT thumbnail(id, message.payload);
         break;
     case MessageType::Ping:
-        send(socket, MessageType::Pong, message.payload);
+        from.send(MessageType::Pong, message.payload);
         break;
     default:
         break;
     }
 }
 
-void PhoneServer::dispatchVideoFrame(int id, const Message& message)
+void PhoneServer::passOnVideoFrame(int id, const Message& message)
 {
     ++m_framesReceived;
     if (message.timestampUsec) {
@@ -53,71 +48,58 @@ void PhoneServer::dispatchVideoFrame(int id, const Message& message)
     }
 }
 
-void PhoneServer::handleHello(QTcpSocket* socket, const QByteArray& payload)
+void PhoneServer::handleHello(PhoneConnection& from, const Hello& hello)
 {
-    const Hello hello = parseHello(payload);
-    if (!admit(socket, hello)) {
+    // Admitting the phone tells others about it and its rivals: they may have ended it.
+    if (!admit(from, hello) || !from.open()) {
         return;
     }
-    // Looked up only now: admitting the phone told others about it and about its rivals.
-    PhoneSession* const session = findOpen(socket);
-    if (session == nullptr) {
-        return;
-    }
-    session->deviceId = hello.deviceId;
-    session->name = hello.name;
-    session->handshaken = true;
-    const int id = session->id;
-    const bool usb = session->usb;
-    const auto stream = std::exchange(session->earlyStream, std::nullopt);
-    send(socket, MessageType::HelloReply, helloReplyPayload());
-    Q_EMIT phoneConnected(id, hello.deviceId, hello.name, hello.model, hello.os, usb);
-    if (stream && findOpen(socket) != nullptr) {
-        Q_EMIT streamInfo(id, stream->width, stream->height, stream->fps);
-    }
+    from.accept(hello);
+    from.send(MessageType::HelloReply, helloReplyPayload());
+    Q_EMIT phoneConnected(from.id(), hello.deviceId, hello.name, hello.model, hello.os, from.usb());
 }
 
-bool PhoneServer::admit(QTcpSocket* socket, const Hello& hello)
+bool PhoneServer::admit(PhoneConnection& newcomer, const Hello& hello)
 {
     const HelloVerdict verdict = judgeHello(hello, m_token, m_trusted);
     if (verdict.refusal) {
-        refuse(socket, *verdict.refusal);
+        refuse(newcomer, *verdict.refusal);
         return false;
     }
     if (verdict.newlyTrusted) {
         m_trusted.insert(hello.deviceId, hello.token);
         Q_EMIT devicePaired(hello.deviceId, hello.token);
     }
-    return hello.deviceId.isEmpty() || settleDuplicates(socket, hello.deviceId);
+    return hello.deviceId.isEmpty() || settleDuplicates(newcomer, hello.deviceId);
 }
 
-bool PhoneServer::settleDuplicates(QTcpSocket* socket, const QString& deviceId)
+bool PhoneServer::settleDuplicates(PhoneConnection& newcomer, const QString& deviceId)
 {
-    const PhoneSession* const newcomer = findOpen(socket);
-    if (newcomer == nullptr) {
-        return false;
-    }
     QList<RivalSession> rivals;
-    for (const PhoneSession& session : std::as_const(m_sessions)) {
-        if (session.live() && session.id != newcomer->id && session.deviceId == deviceId) {
-            rivals.append({.id = session.id, .usb = session.usb});
+    for (const auto& [id, connection] : m_connections) {
+        if (connection->handshaken() && connection != &newcomer &&
+            connection->hello()->deviceId == deviceId) {
+            rivals.append({.id = id, .usb = connection->usb()});
         }
     }
-    const DuplicateVerdict verdict = judgeDuplicates(newcomer->usb, rivals);
+    const DuplicateVerdict verdict = judgeDuplicates(newcomer.usb(), rivals);
     if (verdict.refusal) {
-        refuse(socket, *verdict.refusal);
+        refuse(newcomer, *verdict.refusal);
         return false;
     }
     for (const int id : verdict.replaced) {
-        close(findPhone(id));
+        // Closing one tells others, who may end the next.
+        if (const auto it = m_connections.find(id); it != m_connections.end()) {
+            it->second->close();
+        }
     }
     return true;
 }
 
-void PhoneServer::refuse(QTcpSocket* socket, Refusal refusal)
+void PhoneServer::refuse(PhoneConnection& connection, Refusal refusal)
 {
-    send(socket, MessageType::Error, refusalPayload(refusal));
-    close(socket);
+    connection.send(MessageType::Error, refusalPayload(refusal));
+    connection.close();
 }
 
 } // namespace pevrix
