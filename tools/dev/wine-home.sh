@@ -22,6 +22,11 @@ boot_wine() {
     fi
 }
 
+# One that was made without the half for 32-bit programs never gets it.
+if [ -n "${PEVRIX_WINE32:-}" ] && [ ! -f "$WINEPREFIX/drive_c/windows/syswow64/quartz.dll" ]; then
+    rm -rf "$WINEPREFIX"
+fi
+
 # Made beside its final name: a folder that is there is whole.
 if [ ! -d "$WINEPREFIX" ]; then
     echo "making a Wine home, about half a minute"

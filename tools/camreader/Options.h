@@ -1,0 +1,38 @@
+#pragma once
+
+#include "tools/camreader/RawPicture.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pevrix {
+
+struct ReaderOptions
+{
+    std::string command; // list, formats, check or read
+    std::string camera = "Pevrix";
+    RawLayout layout = RawLayout::None; // None: the camera's first format
+    int width = 0;
+    int height = 0;
+    double seconds = 0; // 0: until the process is ended
+    double interval = 0.5;
+    int rounds = 1;
+    bool witness = false;
+    std::vector<Area> probes;
+};
+
+// "1280x720" as two numbers from 1 to 8192.
+[[nodiscard]] bool parseSize(std::string_view text, int& width, int& height);
+
+// A number that is not negative and makes up the whole text.
+[[nodiscard]] std::optional<double> parseNumber(std::string_view text);
+
+// Empty when the arguments are wrong.
+[[nodiscard]] std::optional<ReaderOptions> readOptions(std::span<char* const> arguments);
+
+extern const char* const kReaderUsage;
+
+} // namespace pevrix
