@@ -64,9 +64,20 @@ function(pevrix_resources name resource)
 endfunction()
 
 # pevrix_windows_resources(TARGET DESCRIPTION)
-# Manifest (TARGET.manifest, beside the CMakeLists.txt), version and icon of a Windows program.
+# Version of a Windows program or library; of a program also the icon and the manifest
+# (TARGET.manifest, beside the CMakeLists.txt).
 function(pevrix_windows_resources target description)
-    configure_file(${PROJECT_SOURCE_DIR}/cmake/program.rc.in ${target}.rc @ONLY)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL EXECUTABLE)
+        set(file_type VFT_APP)
+        set(file_name ${target}.exe)
+        configure_file(${PROJECT_SOURCE_DIR}/cmake/program.rc.in ${target}-program.rc @ONLY)
+        target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}-program.rc)
+    else()
+        set(file_type VFT_DLL)
+        set(file_name ${target}.dll)
+    endif()
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${target}.rc @ONLY)
     target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
     if(MSVC)
         target_link_options(${target} PRIVATE /MANIFEST:NO) # no second one beside ours

@@ -16,7 +16,7 @@
  * instead until there is a camera again, in whatever process. */
 #pragma once
 
-#if defined(__GNUC__)
+#if defined(__ELF__)
 #define SOFTCAM_API __attribute__((visibility("default")))
 #else
 #define SOFTCAM_API

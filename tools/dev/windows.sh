@@ -48,6 +48,7 @@ build_windows_qt() {
 
 build_windows() {
     local options=(-DPEVRIX_QT=OFF) log
+    ensure_libyuv_source
     [ -n "$windows_qt" ] || say "without a Qt for Windows: only the rooms that are free of Qt"
     log=$(log_path configure-windows)
     if [ -n "$windows_qt" ]; then
@@ -56,6 +57,7 @@ build_windows() {
             -DQT_HOST_PATH=/usr "-DQT_HOST_PATH_CMAKE_DIR=/usr/lib/$(uname -m)-linux-gnu/cmake"
             "-DPEVRIX_QRCODEGEN_SOURCE=$qrcodegen_source")
     fi
+    options+=("-DPEVRIX_LIBYUV_SOURCE=$libyuv_source")
     # What was found with other options must not be used again.
     [ "$(cat build/windows/options 2>/dev/null)" = "${options[*]}" ] || options+=(--fresh)
     say "building (windows)"
@@ -73,16 +75,28 @@ deploy_windows() {
         fail "the Windows programs in $1 lack something" "see the message above"
 }
 
-# Debian has the QR library built for Linux only; its one source file is compiled for Windows.
+# Debian has these libraries built for Linux only; they are compiled for Windows with the program.
 ensure_qrcodegen_source() {
     qrcodegen_source=$cache_dir/qrcodegen
-    [ ! -f "$qrcodegen_source/qrcodegen.cpp" ] || return 0
-    say "fetching the source of the QR library"
-    in_environment bash tools/dev/fetch-source.sh qr-code-generator "$qrcodegen_source.partial" \
-        >"$(log_path qrcodegen)" 2>&1 ||
-        fail_with_log "the source of the QR library could not be fetched" "$(log_path qrcodegen)"
-    mv -T "$qrcodegen_source.partial/cpp" "$qrcodegen_source"
-    rm -rf "$qrcodegen_source.partial"
+    ensure_source qr-code-generator cpp "$qrcodegen_source"
+}
+ensure_libyuv_source() {
+    libyuv_source=$cache_dir/libyuv
+    ensure_source libyuv . "$libyuv_source"
+}
+
+# ensure_source PACKAGE PART FOLDER: the part of a Debian package's source in a folder that is made once.
+# Not every archive keeps the sources of each release; the release before it serves as well.
+ensure_source() {
+    local log partial=$3.partial
+    [ ! -d "$3" ] || return 0
+    log=$(log_path "source-$1")
+    say "fetching the source of $1"
+    in_environment bash tools/dev/fetch-source.sh "$1" "$partial" >"$log" 2>&1 ||
+        in_environment bash tools/dev/fetch-source.sh "$1" "$partial" bookworm >>"$log" 2>&1 ||
+        fail_with_log "the source of $1 could not be fetched" "$log"
+    mv -T "$partial/$2" "$3"
+    rm -rf "$partial"
 }
 
 # stage_windows_program: build/windows/program/, the program as a person has it, with the camera library

@@ -1,0 +1,209 @@
+#include "softcam/PictureStream_win.h"
+
+#include "softcam/CameraReader_win.h"
+#include "softcam/PictureSchedule.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <exception>
+#include <mutex>
+#include <new>
+#include <process.h>
+#include <utility>
+
+namespace pevrix {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+using HundredNanoseconds = std::chrono::duration<REFERENCE_TIME, std::ratio<1, 10'000'000>>;
+
+// The plain timer's steps of 16 ms are half a picture; the fine one came with Windows 10.
+UniqueHandle makeTimer()
+{
+    HANDLE timer = CreateWaitableTimerExW(nullptr, nullptr, CREATE_WAITABLE_TIMER_HIGH_RESOLUTION,
+                                          TIMER_ALL_ACCESS);
+    return UniqueHandle(timer != nullptr ? timer : CreateWaitableTimerW(nullptr, FALSE, nullptr));
+}
+
+// A thread's stay in the apartment of all threads that have none of their own; what is downstream
+// may need one.
+class ThreadApartment
+{
+public:
+    ThreadApartment()
+        : m_result(CoInitializeEx(nullptr, COINIT_MULTITHREADED))
+    {}
+    ~ThreadApartment()
+    {
+        if (SUCCEEDED(m_result)) {
+            CoUninitialize();
+        }
+    }
+    ThreadApartment(const ThreadApartment&) = delete;
+    ThreadApartment& operator=(const ThreadApartment&) = delete;
+
+private:
+    const HRESULT m_result;
+};
+
+} // namespace
+
+std::unique_ptr<PictureStream> PictureStream::start(Target target)
+{
+    std::unique_ptr<PictureStream> stream(new (std::nothrow) PictureStream(std::move(target)));
+    if (!stream || !stream->m_stop || !stream->m_changed || !stream->m_timer) {
+        return nullptr;
+    }
+    const std::uintptr_t thread =
+        _beginthreadex(nullptr, 0, &PictureStream::threadMain, stream.get(), 0, nullptr);
+    stream->m_thread.reset(reinterpret_cast<HANDLE>(thread));
+    return stream->m_thread ? std::move(stream) : nullptr;
+}
+
+PictureStream::PictureStream(Target target)
+    : m_target(std::move(target))
+    , m_stop(CreateEventW(nullptr, TRUE, FALSE, nullptr))
+    , m_changed(CreateEventW(nullptr, FALSE, FALSE, nullptr))
+    , m_timer(makeTimer())
+    , m_format(m_target.format)
+{}
+
+PictureStream::~PictureStream()
+{
+    if (m_thread) {
+        SetEvent(m_stop.get());
+        WaitForSingleObject(m_thread.get(), INFINITE);
+    }
+}
+
+void PictureStream::run(ComPtr<IReferenceClock> clock, REFERENCE_TIME start)
+{
+    const std::lock_guard lock(m_lock);
+    m_clock.Swap(clock);
+    m_start = start;
+    if (!std::exchange(m_ranBefore, true)) {
+        m_firstRun = Clock::now();
+    }
+    m_running = true;
+    SetEvent(m_changed.get());
+}
+
+void PictureStream::pause()
+{
+    const std::lock_guard lock(m_lock);
+    m_running = false;
+    m_clock.Reset();
+    SetEvent(m_changed.get());
+}
+
+unsigned __stdcall PictureStream::threadMain(void* self)
+{
+    static_cast<PictureStream*>(self)->work();
+    return 0;
+}
+
+void PictureStream::work()
+{
+    const ThreadApartment apartment;
+    try {
+        serveReader();
+    } catch (const std::exception&) { // no memory for pictures: the reader gets none
+    }
+}
+
+void PictureStream::serveReader()
+{
+    CameraReader reader(m_format, Clock::now());
+    PictureSchedule schedule(m_format.picture);
+    for (bool goesOn = true; goesOn;) {
+        if (!isRunning()) {
+            goesOn = waitForRun();
+            continue;
+        }
+        const auto now = Clock::now();
+        if (reader.look(now)) {
+            schedule.pictureCame();
+        }
+        if (schedule.isDue(now)) {
+            const auto picture = reader.picture(now);
+            if (!picture.empty() && !handOn(picture)) {
+                return;
+            }
+            schedule.handedOn(now);
+        }
+        goesOn = waitUntil(schedule.deadline(), reader);
+    }
+}
+
+bool PictureStream::isRunning()
+{
+    const std::lock_guard lock(m_lock);
+    return m_running;
+}
+
+bool PictureStream::waitForRun()
+{
+    const std::array handles{m_stop.get(), m_changed.get()};
+    m_discontinuity = true;
+    return WaitForMultipleObjects(handles.size(), handles.data(), FALSE, INFINITE) != WAIT_OBJECT_0;
+}
+
+bool PictureStream::waitUntil(Clock::time_point time, const CameraReader& reader)
+{
+    const auto left = std::chrono::duration_cast<HundredNanoseconds>(time - Clock::now());
+    LARGE_INTEGER due{};
+    due.QuadPart = -std::max<REFERENCE_TIME>(left.count(), 1); // negative: from now
+    SetWaitableTimer(m_timer.get(), &due, 0, nullptr, nullptr, FALSE);
+    const std::array handles{m_stop.get(), m_changed.get(), reader.pictureCame(), m_timer.get()};
+    return WaitForMultipleObjects(handles.size(), handles.data(), FALSE, INFINITE) != WAIT_OBJECT_0;
+}
+
+bool PictureStream::handOn(std::span<const std::uint8_t> picture)
+{
+    ComPtr<IMediaSample> sample;
+    return SUCCEEDED(m_target.allocator->GetBuffer(&sample, nullptr, nullptr, 0)) && sample &&
+           fill(*sample.Get(), picture) && m_target.input->Receive(sample.Get()) == S_OK;
+}
+
+bool PictureStream::fill(IMediaSample& sample, std::span<const std::uint8_t> picture)
+{
+    AM_MEDIA_TYPE* newType = nullptr;
+    if (sample.GetMediaType(&newType) == S_OK) {
+        const auto format = streamFormatOf(*newType);
+        MediaType::free(newType);
+        if (!format || format->layout != m_format.layout ||
+            format->picture.width != m_format.picture.width ||
+            format->picture.height != m_format.picture.height) {
+            return false;
+        }
+    }
+    BYTE* bytes = nullptr;
+    if (FAILED(sample.GetPointer(&bytes)) || bytes == nullptr || sample.GetSize() < 0 ||
+        static_cast<std::size_t>(sample.GetSize()) < picture.size()) {
+        return false;
+    }
+    std::memcpy(bytes, picture.data(), picture.size());
+    sample.SetActualDataLength(static_cast<long>(picture.size()));
+    REFERENCE_TIME start = std::max(streamTime(), m_lastStamp + 1);
+    REFERENCE_TIME end = start + m_format.interval();
+    m_lastStamp = start;
+    sample.SetTime(&start, &end);
+    sample.SetMediaTime(nullptr, nullptr);
+    sample.SetSyncPoint(TRUE);
+    sample.SetPreroll(FALSE);
+    sample.SetDiscontinuity(std::exchange(m_discontinuity, false) ? TRUE : FALSE);
+    return true;
+}
+
+REFERENCE_TIME PictureStream::streamTime()
+{
+    const std::lock_guard lock(m_lock);
+    REFERENCE_TIME now = 0;
+    if (m_clock && SUCCEEDED(m_clock->GetTime(&now))) {
+        return std::max<REFERENCE_TIME>(now - m_start, 0);
+    }
+    return std::chrono::duration_cast<HundredNanoseconds>(Clock::now() - m_firstRun).count();
+}
+
+} // namespace pevrix

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "softcam/KernelObjects_win.h"
+#include "softcam/Lock_win.h"
+#include "softcam/MediaType_win.h"
+
+#include <chrono>
+#include <memory>
+#include <span>
+#include <wrl/client.h>
+
+namespace pevrix {
+
+class CameraReader;
+
+// The thread that hands pictures to one connected pin while the filter is not stopped. It looks for
+// a sender all that time, so that one knows of the reader, but hands on nothing unless it runs.
+// When the other side refuses a picture, it ends in silence.
+class PictureStream
+{
+public:
+    struct Target
+    {
+        Microsoft::WRL::ComPtr<IMemAllocator> allocator; // committed
+        Microsoft::WRL::ComPtr<IMemInputPin> input;
+        StreamFormat format;
+    };
+
+    // Null when there is no thread or no memory to be had.
+    [[nodiscard]] static std::unique_ptr<PictureStream> start(Target target);
+
+    // Waits for the thread. The allocator must be decommitted by then, so that it gets no buffer.
+    ~PictureStream();
+    PictureStream(const PictureStream&) = delete;
+    PictureStream& operator=(const PictureStream&) = delete;
+
+    // Time stamps count from `start` of the clock; without a clock, from the first call.
+    void run(Microsoft::WRL::ComPtr<IReferenceClock> clock, REFERENCE_TIME start);
+    void pause();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    explicit PictureStream(Target target);
+
+    static unsigned __stdcall threadMain(void* self);
+    void work();
+    void serveReader();
+    [[nodiscard]] bool isRunning();
+    // False when it shall end.
+    [[nodiscard]] bool waitUntil(Clock::time_point time, const CameraReader& reader);
+    [[nodiscard]] bool waitForRun();
+    [[nodiscard]] bool handOn(std::span<const std::uint8_t> picture);
+    [[nodiscard]] bool fill(IMediaSample& sample, std::span<const std::uint8_t> picture);
+    [[nodiscard]] REFERENCE_TIME streamTime();
+
+    const Target m_target;
+    UniqueHandle m_stop;    // manual reset
+    UniqueHandle m_changed; // auto-reset: runs or pauses
+    UniqueHandle m_timer;
+    UniqueHandle m_thread;
+
+    Lock m_lock; // guards the next four
+    bool m_running = false;
+    bool m_ranBefore = false;
+    Microsoft::WRL::ComPtr<IReferenceClock> m_clock;
+    REFERENCE_TIME m_start = 0;
+    Clock::time_point m_firstRun;
+
+    // The thread's own.
+    StreamFormat m_format;
+    REFERENCE_TIME m_lastStamp = -1;
+    bool m_discontinuity = true;
+};
+
+} // namespace pevrix
