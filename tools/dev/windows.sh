@@ -3,7 +3,8 @@
 # that is built from source. 'windows test' goes without: the rooms that are free of Qt need minutes.
 #
 # PEVRIX_QT_WINDOWS=FOLDER  the Qt for Windows
-# PEVRIX_SOFTCAM=FILE       the camera library of the program that is run or packaged
+# PEVRIX_SOFTCAM=FILE       another camera library for the program that is run or packaged
+source tools/dev/windows-camera.sh
 
 command_windows() {
     local action=${1:-}
@@ -17,6 +18,7 @@ command_windows() {
     ensure_environment
     [ -n "$windows_qt" ] || [ "$action" = test ] || build_windows_qt
     build_windows
+    [ "$action" = build ] || ensure_wine32
     case $action in
         test) test_windows "$@" ;;
         run) run_windows "$@" ;;
@@ -66,6 +68,7 @@ build_windows() {
     printf '%s\n' "${options[*]/--fresh/}" | sed 's/ *$//' >build/windows/options
     in_environment cmake --build build/windows ||
         fail "building 'windows' failed" "mend the error above and run the command again"
+    build_windows_x86
     [ -z "$windows_qt" ] || deploy_windows build/windows/bin --qml tests/qml
 }
 
@@ -99,23 +102,36 @@ ensure_source() {
     rm -rf "$partial"
 }
 
-# stage_windows_program: build/windows/program/, the program as a person has it, with the camera library
-# that PEVRIX_SOFTCAM names, else the tests' own.
+# stage_camera FOLDER: the camera library, and the one for 32-bit programs below it; or the one that
+# PEVRIX_SOFTCAM names, which comes alone.
+stage_camera() {
+    if [ -n "${PEVRIX_SOFTCAM:-}" ]; then
+        cp "$PEVRIX_SOFTCAM" "$1/softcam.dll"
+        return
+    fi
+    mkdir -p "$1/x86"
+    cp build/windows/bin/softcam.dll "$1/"
+    cp build/windows/bin/x86/softcam.dll "$1/x86/"
+}
+
+# stage_windows_program: build/windows/program/, the program as a person has it.
 stage_windows_program() {
     local bin=build/windows/bin program=build/windows/program
     rm -rf "$program"
     mkdir -p "$program"
     cp -l "$bin"/{pevrix.exe,pevrix-camsetup.exe,*.dll,qt.conf} "$program/"
     cp -rl "$bin"/{plugins,qml} "$program/"
-    rm -f "$program"/{testcam*,registering_library}.dll
-    cp "${PEVRIX_SOFTCAM:-$bin/testcam.dll}" "$program/softcam.dll"
+    rm -f "$program"/{testcam*,registering_library,softcam}.dll
+    stage_camera "$program"
 }
 
 test_windows() {
     say "testing under Wine (windows)"
     in_environment xvfb-run -a bash tools/dev/windows-session.sh "$@" ||
         fail "tests failed" "run one alone with: ./dev windows test -R NAME"
-    if [ -n "$windows_qt" ] && [ $# = 0 ]; then
+    [ $# = 0 ] || return 0
+    try_windows_camera
+    if [ -n "$windows_qt" ]; then
         build_preset native --target phonesim
         PEVRIX_SOFTCAM= stage_windows_program
         say "the program, with a simulated phone"
@@ -131,7 +147,5 @@ run_windows() {
         display=(xvfb-run -a)
     fi
     stage_windows_program
-    [ -n "${PEVRIX_SOFTCAM:-}" ] ||
-        say "the camera is the tests' own, which no other program sees (PEVRIX_SOFTCAM names another)"
     in_environment "${display[@]}" tools/dev/wine-run build/windows/program/pevrix.exe "$@"
 }
