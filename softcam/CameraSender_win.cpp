@@ -8,6 +8,8 @@ namespace {
 // Soon enough for a reader's first picture and for noticing its death, and nothing to pay for.
 constexpr ULONGLONG kLookForReadersMs = 250;
 
+constexpr DWORD kReadAndWrite = FILE_MAP_READ | FILE_MAP_WRITE;
+
 // Different for each camera of each process, so that no reader takes old pictures for new ones.
 std::uint64_t newId()
 {
@@ -63,12 +65,9 @@ bool CameraSender::open(const CameraFormat& format)
     // Readers may have the old one open for a moment; that does not matter here.
     SharedWith shared(SharedWith::Writers::ThisLevel);
     m_alive.reset(CreateEventW(shared.get(), TRUE, FALSE, kAliveName));
-    m_directorySection = makeSection(kDirectoryName, sizeof(SharedDirectory), MayExist::Yes);
-    if (!m_alive || !m_directorySection) {
-        return false;
-    }
-    m_directory = MappedView::map(m_directorySection.get(), FILE_MAP_READ | FILE_MAP_WRITE);
-    if (m_directory.bytes().size() < sizeof(SharedDirectory) || !openPictures(format)) {
+    m_directory = MappedView::map(
+        makeSection(kDirectoryName, sizeof(SharedDirectory), MayExist::Yes), kReadAndWrite);
+    if (!m_alive || m_directory.bytes().size() < sizeof(SharedDirectory) || !openPictures(format)) {
         return false;
     }
     announce(directory(), {.id = m_id, .format = format});
@@ -79,11 +78,8 @@ bool CameraSender::openPictures(const CameraFormat& format)
 {
     m_id = newId();
     const std::size_t size = picturesSize(format);
-    const UniqueHandle section = makeSection(picturesName(m_id), size, MayExist::No);
-    if (!section) {
-        return false;
-    }
-    m_pictures = MappedView::map(section.get(), FILE_MAP_READ | FILE_MAP_WRITE);
+    m_pictures =
+        MappedView::map(makeSection(picturesName(m_id), size, MayExist::No), kReadAndWrite);
     if (m_pictures.bytes().size() < size) {
         return false;
     }

@@ -36,7 +36,6 @@ private:
 
     UniqueHandle m_sender; // first, so that it goes last: the next camera comes when all is undone
     UniqueHandle m_alive;
-    UniqueHandle m_directorySection;
     MappedView m_directory;
     std::uint64_t m_id = 0;
     MappedView m_pictures;

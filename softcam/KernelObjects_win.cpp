@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cwchar>
+#include <utility>
 // After windows.h, whose types it uses.
 #include <sddl.h>
 
@@ -35,15 +36,18 @@ std::wstring userSid()
 
 MappedView MappedView::openForReading(const wchar_t* name)
 {
-    const UniqueHandle section(OpenFileMappingW(FILE_MAP_READ, FALSE, name));
-    return section ? map(section.get(), FILE_MAP_READ) : MappedView();
+    return map(UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, name)), FILE_MAP_READ);
 }
 
-MappedView MappedView::map(HANDLE section, DWORD access)
+MappedView MappedView::map(UniqueHandle section, DWORD access)
 {
     MappedView view;
-    view.m_view.reset(MapViewOfFile(section, access, 0, 0, 0));
     MEMORY_BASIC_INFORMATION information{};
+    if (!section) {
+        return view;
+    }
+    view.m_section = std::move(section);
+    view.m_view.reset(MapViewOfFile(view.m_section.get(), access, 0, 0, 0));
     if (view.m_view && VirtualQuery(view.m_view.get(), &information, sizeof(information)) != 0 &&
         information.State == MEM_COMMIT) {
         view.m_size = information.RegionSize;

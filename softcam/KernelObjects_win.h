@@ -23,7 +23,8 @@ struct ViewUnmap
     void operator()(void* view) const { UnmapViewOfFile(view); }
 };
 
-// A section's bytes in this process; the section lives as long as somebody maps it.
+// A section's bytes in this process. Keeps its handle, too: with the last handle a section loses
+// its name, however many map it.
 class MappedView
 {
 public:
@@ -32,8 +33,8 @@ public:
     // All of the section with this name, read-only; empty when there is none that may be read.
     [[nodiscard]] static MappedView openForReading(const wchar_t* name);
 
-    // All of a section that the caller has a handle of.
-    [[nodiscard]] static MappedView map(HANDLE section, DWORD access);
+    // All of a section; empty when there is none or it cannot be mapped.
+    [[nodiscard]] static MappedView map(UniqueHandle section, DWORD access);
 
     // As many as the system mapped: whole pages.
     [[nodiscard]] std::span<std::byte> bytes() const
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] explicit operator bool() const { return m_view != nullptr; }
 
 private:
+    UniqueHandle m_section;
     std::unique_ptr<void, ViewUnmap> m_view;
     std::size_t m_size = 0;
 };
