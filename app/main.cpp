@@ -4,7 +4,7 @@
 #include "app/QuitSignals.h"
 #include "app/Tray.h"
 #include "controller/AppController.h"
-#include "controller/system/Console.h"
+#include "system/Console.h"
 #include "ui/FramePreview.h"
 #include "ui/Translator.h"
 #include "ui/UpdateChecker.h"

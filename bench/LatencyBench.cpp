@@ -10,7 +10,7 @@
 #include "tests/support/testcam/CameraLog.h"
 #include "tests/support/testcam/Testcam.h"
 #include "video/H264Decoder.h"
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -6,7 +6,7 @@
 #include "bench/FfmpegPeer.h"
 #include "bench/VideoBench.h"
 #include "video/Mp4RecorderPlatform_ffmpeg.h"
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <cerrno>
 #include <cstring>

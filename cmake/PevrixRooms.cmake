@@ -33,6 +33,15 @@ if(PEVRIX_FUZZ)
     target_compile_options(pevrix_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# pevrix_arrows(TARGET LINK...)
+# Takes note of what a target of this folder links, for rooms.txt: what its files may include.
+function(pevrix_arrows target)
+    file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    list(FILTER ARGN INCLUDE REGEX "^(pevrix_|softcam$)")
+    list(JOIN ARGN " " links)
+    set_property(GLOBAL APPEND_STRING PROPERTY PEVRIX_ARROWS "${folder} ${target} ${links}\n")
+endfunction()
+
 # pevrix_room(NAME [QT] SOURCES file... LINKS target...)
 # One static library pevrix_NAME. QT: the room has QObjects (moc runs over it).
 function(pevrix_room name)
@@ -41,6 +50,7 @@ function(pevrix_room name)
     target_link_libraries(pevrix_${name} PUBLIC ${ARG_LINKS} PRIVATE pevrix_flags)
     target_include_directories(pevrix_${name} PUBLIC ${PROJECT_SOURCE_DIR})
     set_target_properties(pevrix_${name} PROPERTIES AUTOMOC ${ARG_QT})
+    pevrix_arrows(pevrix_${name} ${ARG_LINKS})
 endfunction()
 
 # pevrix_executable(NAME SOURCES file... LINKS target...)
@@ -49,6 +59,7 @@ function(pevrix_executable name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} pevrix_flags)
     set_target_properties(${name} PROPERTIES AUTOMOC ${PEVRIX_QT})
+    pevrix_arrows(${name} ${ARG_LINKS})
 endfunction()
 
 # pevrix_resources(NAME RESOURCE PREFIX path BASE folder FILES file...)

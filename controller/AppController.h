@@ -3,12 +3,12 @@
 #include "controller/LivePipeline.h"
 #include "controller/LiveStatistics.h"
 #include "controller/Settings.h"
-#include "controller/system/SystemFunctions.h"
+#include "controller/SystemFunctions.h"
 #include "pairing/Pairing.h"
-#include "pairing/PhoneRoster.h"
+#include "controller/PhoneRoster.h"
 #include "phone/PhoneServer.h"
 #include "usb/UsbMuxClient.h"
-#include "video/SoftcamSink.h"
+#include "camera/SoftcamSink.h"
 
 #include <QElapsedTimer>
 #include <QHash>

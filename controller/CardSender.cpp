@@ -1,6 +1,6 @@
 #include "controller/CardSender.h"
 
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <system_error>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "video/FrameClock.h"
-#include "video/IVirtualCameraSink.h"
+#include "camera/FrameClock.h"
+#include "camera/IVirtualCameraSink.h"
 
 #include <atomic>
 #include <cstdint>

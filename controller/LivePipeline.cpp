@@ -1,7 +1,7 @@
 #include "controller/LivePipeline.h"
 
-#include "video/Card.h"
-#include "video/PictureSize.h"
+#include "controller/Card.h"
+#include "picture/PictureSize.h"
 
 #include <QDir>
 #include <QFileInfo>

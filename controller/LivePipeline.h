@@ -3,7 +3,7 @@
 #include "controller/CardSender.h"
 #include "controller/PacingQueue.h"
 #include "video/H264Decoder.h"
-#include "video/IVirtualCameraSink.h"
+#include "camera/IVirtualCameraSink.h"
 #include "video/Mp4Recorder.h"
 
 #include <QByteArrayView>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <cstdint>
 #include <functional>

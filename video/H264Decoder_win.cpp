@@ -1,7 +1,7 @@
 #include "video/ColorConversion.h"
 #include "video/H264Decoder.h"
 #include "video/MediaFoundation_win.h"
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <algorithm>
 #include <cstring>

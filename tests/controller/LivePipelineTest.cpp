@@ -4,7 +4,7 @@
 #include "tests/support/AnnexB.h"
 #include "tests/support/Platform.h"
 #include "tests/support/WaitFor.h"
-#include "video/Card.h"
+#include "controller/Card.h"
 
 #include <gmock/gmock.h>
 

@@ -1,9 +1,9 @@
 #include "tests/endtoend/Footage.h"
 
 #include "tests/support/AnnexB.h"
-#include "video/Card.h"
+#include "controller/Card.h"
 #include "video/H264Decoder.h"
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <gtest/gtest.h>
 

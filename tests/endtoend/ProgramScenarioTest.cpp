@@ -4,7 +4,7 @@
 #include "pairing/Pairing.h"
 #include "tests/endtoend/Footage.h"
 #include "tests/support/PhoneProcess.h"
-#include "video/Card.h"
+#include "controller/Card.h"
 
 #include <gmock/gmock.h>
 

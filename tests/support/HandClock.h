@@ -1,6 +1,6 @@
 #pragma once
 
-#include "video/FrameClock.h"
+#include "camera/FrameClock.h"
 
 #include <condition_variable>
 #include <mutex>

@@ -1,6 +1,6 @@
 // The use of the Windows Firewall, against one whose rules the test writes.
-#include "controller/system/Firewall.h"
-#include "controller/system/FirewallRules_win.h"
+#include "system/Firewall.h"
+#include "system/FirewallRules_win.h"
 #include "tests/system/ScriptedFirewall_win.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "tools/gallery/Gallery.h"
 #include "ui/FramePreview.h"
 #include "ui/Translator.h"
-#include "video/Card.h"
+#include "controller/Card.h"
 
 #include <QCommandLineParser>
 #include <QDir>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "video/CameraLibrary.h"
-#include "video/FrameClock.h"
-#include "video/IVirtualCameraSink.h"
+#include "camera/CameraLibrary.h"
+#include "camera/FrameClock.h"
+#include "camera/IVirtualCameraSink.h"
 
 #include <atomic>
 #include <mutex>

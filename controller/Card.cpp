@@ -1,6 +1,6 @@
-#include "video/Card.h"
+#include "controller/Card.h"
 
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <QFont>
 #include <QImage>

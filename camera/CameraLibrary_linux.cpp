@@ -1,4 +1,4 @@
-#include "video/CameraLibrary.h"
+#include "camera/CameraLibrary.h"
 
 #include <dlfcn.h>
 #include <system_error>

@@ -1,4 +1,4 @@
-#include "controller/system/Console.h"
+#include "system/Console.h"
 
 #include <cstdio>
 #include <windows.h>

@@ -1,4 +1,4 @@
-#include "pairing/PhoneRoster.h"
+#include "controller/PhoneRoster.h"
 
 #include <gtest/gtest.h>
 

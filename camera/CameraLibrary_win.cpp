@@ -1,5 +1,5 @@
-#include "video/CameraLibrary.h"
-#include "video/ExecutableFolder_win.h"
+#include "camera/CameraLibrary.h"
+#include "system/ExecutableFolder_win.h"
 
 #include <windows.h>
 

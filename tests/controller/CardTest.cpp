@@ -1,4 +1,4 @@
-#include "video/Card.h"
+#include "controller/Card.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "video/ExecutableFolder_win.h"
+#include "system/ExecutableFolder_win.h"
 
 #include <array>
 #include <string_view>

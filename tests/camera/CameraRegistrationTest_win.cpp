@@ -1,7 +1,6 @@
 // The launches of elevated programs, and registering with the system's own tool and registry.
-#include "controller/system/CameraRegistration.h"
-#include "controller/system/ElevatedLaunch_win.h"
-#include "tests/system/RegistrationKey_win.h"
+#include "camera/CameraRegistration_win.h"
+#include "tests/camera/RegistrationKey_win.h"
 
 #include <gmock/gmock.h>
 

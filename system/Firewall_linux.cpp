@@ -1,4 +1,4 @@
-#include "controller/system/Firewall.h"
+#include "system/Firewall.h"
 
 namespace pevrix {
 

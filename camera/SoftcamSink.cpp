@@ -1,6 +1,6 @@
-#include "video/SoftcamSink.h"
+#include "camera/SoftcamSink.h"
 
-#include "video/PictureSize.h"
+#include "picture/PictureSize.h"
 
 #include <cstring>
 #include <exception>

@@ -1,6 +1,4 @@
-#include "controller/system/CameraRegistration.h"
-
-#include <windows.h>
+#include "camera/CameraRegistration_win.h"
 
 namespace pevrix {
 namespace {
@@ -20,6 +18,20 @@ bool isCameraRegistered()
     }
     RegCloseKey(key);
     return true;
+}
+
+DWORD launchCameraRegistration(const LaunchCalls& calls, bool unregister)
+{
+    const std::wstring library = fileBeside(calls, L"softcam.dll");
+    if (library.empty()) {
+        return kNothingRan;
+    }
+    return runElevated(calls, L"regsvr32", (unregister ? L"/s /u \"" : L"/s \"") + library + L'"');
+}
+
+void runCameraRegistration(bool unregister)
+{
+    launchCameraRegistration({}, unregister);
 }
 
 } // namespace pevrix

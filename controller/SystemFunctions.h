@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controller/system/CameraRegistration.h"
-#include "controller/system/Firewall.h"
+#include "camera/CameraRegistration.h"
+#include "system/Firewall.h"
 
 #include <functional>
 

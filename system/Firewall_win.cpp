@@ -1,6 +1,6 @@
-#include "controller/system/Com_win.h"
-#include "controller/system/Firewall.h"
-#include "controller/system/FirewallRules_win.h"
+#include "system/Com_win.h"
+#include "system/Firewall.h"
+#include "system/FirewallRules_win.h"
 
 #include <vector>
 #include <wrl/client.h>

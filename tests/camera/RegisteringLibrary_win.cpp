@@ -1,5 +1,5 @@
 // A library that regsvr32 can register, below a key of the tests' own instead of where COM looks.
-#include "tests/system/RegistrationKey_win.h"
+#include "tests/camera/RegistrationKey_win.h"
 
 extern "C" __declspec(dllexport) HRESULT __stdcall DllRegisterServer()
 {

@@ -1,5 +1,5 @@
-#include "controller/system/CameraRegistration.h"
-#include "video/CameraLibrary.h"
+#include "camera/CameraRegistration.h"
+#include "camera/CameraLibrary.h"
 
 namespace pevrix {
 

@@ -1,6 +1,6 @@
 // The sink with a real camera library, loaded from where the program would load it. Pacing is
 // checked in hand-driven time, so that it is exact on a busy machine too.
-#include "video/SoftcamSink.h"
+#include "camera/SoftcamSink.h"
 
 #include "tests/support/HandClock.h"
 #include "tests/support/testcam/Testcam.h"

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "system/ExecutableFolder_win.h"
+
+#include <functional>
+#include <windows.h>
+// After windows.h, whose types it uses.
+#include <shellapi.h>
+
+namespace pevrix {
+
+// What an elevated launch asks of the system.
+struct LaunchCalls
+{
+    std::function<std::wstring()> executableFolder = pevrix::executableFolder;
+    std::function<decltype(ShellExecuteExW)> shellExecute = ShellExecuteExW;
+    std::function<decltype(WaitForSingleObject)> waitForSingleObject = WaitForSingleObject;
+    std::function<decltype(GetExitCodeProcess)> getExitCodeProcess = GetExitCodeProcess;
+};
+
+// What a launch returns when nothing ran.
+inline constexpr DWORD kNothingRan = 1;
+
+// The full path of a file beside the executable, and nowhere else, because it is going to run with
+// administrator rights; empty when it is missing.
+std::wstring fileBeside(const LaunchCalls& calls, const wchar_t* name);
+
+// Starts a program with administrator rights, for which the system asks the user, and waits at most 30
+// seconds for its end. Returns the exit code; whether the system has changed is better asked of it.
+DWORD runElevated(const LaunchCalls& calls, const std::wstring& file,
+                  const std::wstring& parameters);
+
+// Runs the setup helper that lies beside the executable.
+DWORD launchFirewallHelper(const LaunchCalls& calls);
+
+} // namespace pevrix
