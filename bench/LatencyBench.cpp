@@ -7,10 +7,10 @@
 #include "bench/FfmpegPeer.h"
 #include "bench/VideoBench.h"
 #include "controller/AppController.h"
+#include "picture/PictureSize.h"
 #include "tests/support/testcam/CameraLog.h"
 #include "tests/support/testcam/Testcam.h"
 #include "video/H264Decoder.h"
-#include "picture/PictureSize.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -5,8 +5,8 @@
 // machine drops are left out of the encoder's average.
 #include "bench/FfmpegPeer.h"
 #include "bench/VideoBench.h"
-#include "video/Mp4RecorderPlatform_ffmpeg.h"
 #include "picture/PictureSize.h"
+#include "video/Mp4RecorderPlatform_ffmpeg.h"
 
 #include <cerrno>
 #include <cstring>

@@ -2,8 +2,8 @@
 // sender thread works at the camera's rate meanwhile. Both candidates take turns in every round;
 // ratios are medians over the rounds.
 #include "bench/VideoBench.h"
-#include "picture/PictureSize.h"
 #include "camera/SoftcamSink.h"
+#include "picture/PictureSize.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,5 +1,5 @@
-#include "camera/CameraRegistration.h"
 #include "camera/CameraLibrary.h"
+#include "camera/CameraRegistration.h"
 
 namespace pevrix {
 

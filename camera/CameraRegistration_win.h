@@ -5,8 +5,8 @@
 
 namespace pevrix {
 
-// runCameraRegistration() by the given calls. Returns the exit code of the system's tool, kNothingRan
-// without a library beside the executable.
+// runCameraRegistration() by the given calls. Returns the exit code of the system's tool,
+// kNothingRan without a library beside the executable.
 DWORD launchCameraRegistration(const LaunchCalls& calls, bool unregister);
 
 } // namespace pevrix

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "camera/SoftcamSink.h"
 #include "controller/LivePipeline.h"
 #include "controller/LiveStatistics.h"
+#include "controller/PhoneRoster.h"
 #include "controller/Settings.h"
 #include "controller/SystemFunctions.h"
 #include "pairing/Pairing.h"
-#include "controller/PhoneRoster.h"
 #include "phone/PhoneServer.h"
 #include "usb/UsbMuxClient.h"
-#include "camera/SoftcamSink.h"
 
 #include <QElapsedTimer>
 #include <QHash>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "camera/IVirtualCameraSink.h"
 #include "controller/CardSender.h"
 #include "controller/PacingQueue.h"
 #include "video/H264Decoder.h"
-#include "camera/IVirtualCameraSink.h"
 #include "video/Mp4Recorder.h"
 
 #include <QByteArrayView>

@@ -1,8 +1,8 @@
 // pevrix-camsetup: what Pevrix needs administrator rights for. The program starts it; so may an
 // installer or an administrator.
 #include "system/Console.h"
-#include "system/FirewallRules_win.h"
 #include "system/ExecutableFolder_win.h"
+#include "system/FirewallRules_win.h"
 
 #include <string_view>
 #include <windows.h>

@@ -1,8 +1,8 @@
 // Tells the system about the camera and takes it back: what regsvr32 calls, with administrator
 // rights.
-#include "controller/system/Com_win.h"
 #include "softcam/ComServer_win.h"
 #include "softcam/RegistryKey_win.h"
+#include "system/Com_win.h"
 
 #include <filesystem>
 #include <initguid.h>

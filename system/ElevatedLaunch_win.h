@@ -25,8 +25,9 @@ inline constexpr DWORD kNothingRan = 1;
 // administrator rights; empty when it is missing.
 std::wstring fileBeside(const LaunchCalls& calls, const wchar_t* name);
 
-// Starts a program with administrator rights, for which the system asks the user, and waits at most 30
-// seconds for its end. Returns the exit code; whether the system has changed is better asked of it.
+// Starts a program with administrator rights, for which the system asks the user, and waits at most
+// 30 seconds for its end. Returns the exit code; whether the system has changed is better asked of
+// it.
 DWORD runElevated(const LaunchCalls& calls, const std::wstring& file,
                   const std::wstring& parameters);
 

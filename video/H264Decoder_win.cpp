@@ -1,7 +1,7 @@
+#include "picture/PictureSize.h"
 #include "video/ColorConversion.h"
 #include "video/H264Decoder.h"
 #include "video/MediaFoundation_win.h"
-#include "picture/PictureSize.h"
 
 #include <algorithm>
 #include <cstring>

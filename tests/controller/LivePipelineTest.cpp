@@ -1,10 +1,10 @@
 #include "controller/LivePipeline.h"
 
+#include "controller/Card.h"
 #include "controller/LiveStatistics.h"
 #include "tests/support/AnnexB.h"
 #include "tests/support/Platform.h"
 #include "tests/support/WaitFor.h"
-#include "controller/Card.h"
 
 #include <gmock/gmock.h>
 

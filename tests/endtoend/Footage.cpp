@@ -1,9 +1,9 @@
 #include "tests/endtoend/Footage.h"
 
-#include "tests/support/AnnexB.h"
 #include "controller/Card.h"
-#include "video/H264Decoder.h"
 #include "picture/PictureSize.h"
+#include "tests/support/AnnexB.h"
+#include "video/H264Decoder.h"
 
 #include <gtest/gtest.h>
 

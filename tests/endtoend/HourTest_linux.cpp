@@ -1,9 +1,9 @@
 // An hour of phones that come, stall, switch and leave at random, in as long as the decoding takes:
 // nothing may be left of it.
+#include "camera/SoftcamSink.h"
 #include "controller/LivePipeline.h"
 #include "controller/PhoneRoster.h"
 #include "tests/support/AnnexB.h"
-#include "camera/SoftcamSink.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // The program itself, without a display, with simulated phones and a camera library that writes
 // down what it was sent.
+#include "controller/Card.h"
 #include "controller/LivePipeline.h"
 #include "pairing/Pairing.h"
 #include "tests/endtoend/Footage.h"
 #include "tests/support/PhoneProcess.h"
-#include "controller/Card.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
+#include "controller/Card.h"
 #include "tools/gallery/Gallery.h"
 #include "ui/FramePreview.h"
 #include "ui/Translator.h"
-#include "controller/Card.h"
 
 #include <QCommandLineParser>
 #include <QDir>
