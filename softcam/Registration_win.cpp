@@ -4,8 +4,6 @@
 #include "softcam/RegistryKey_win.h"
 #include "system/Com_win.h"
 
-#include <filesystem>
-#include <initguid.h>
 #include <wrl/client.h>
 // After windows.h, whose types it uses.
 #include <dshow.h>
@@ -27,7 +25,7 @@ constexpr wchar_t kInstancesKey[] = PEVRIX_CATEGORY L"\\Instance";
 constexpr wchar_t kInstanceKey[] =
     PEVRIX_CATEGORY L"\\Instance\\{276143AA-B755-440E-834A-93CDEBCA334B}";
 
-std::filesystem::path pathOfThisLibrary()
+std::wstring pathOfThisLibrary()
 {
     std::wstring path(kMaxPath, L'\0');
     path.resize(GetModuleFileNameW(thisModule(), path.data(), kMaxPath));
@@ -36,14 +34,13 @@ std::filesystem::path pathOfThisLibrary()
 
 // The library for 32-bit programs that lies beside this one; empty when this is one itself, or
 // when there is none.
-std::filesystem::path sibling(const std::filesystem::path& library)
+std::wstring sibling(const std::wstring& library)
 {
-    if constexpr (sizeof(void*) == 4) {
-        return {};
-    }
-    const auto path = library.parent_path() / L"x86" / library.filename();
-    return GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES ? std::filesystem::path()
-                                                                       : path;
+    const std::size_t folder = library.find_last_of(L'\\') + 1;
+    const std::wstring path = library.substr(0, folder) + L"x86\\" + library.substr(folder);
+    const bool is64Bit = sizeof(void*) == 8;
+    return is64Bit && GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES ? path
+                                                                                  : std::wstring();
 }
 
 HRESULT resultOf(LSTATUS status)
@@ -52,14 +49,14 @@ HRESULT resultOf(LSTATUS status)
 }
 
 // What COM needs to load a library for the camera's class.
-HRESULT registerClass(const std::filesystem::path& library, RegistryView view)
+HRESULT registerClass(const std::wstring& library, RegistryView view)
 {
     RegistryKey classKey;
     RegistryKey server;
     LSTATUS status = classKey.create(kClassKey, view);
     status = status != ERROR_SUCCESS ? status : classKey.setText(nullptr, kCameraName);
     status = status != ERROR_SUCCESS ? status : server.create(kServerKey, view);
-    status = status != ERROR_SUCCESS ? status : server.setText(nullptr, library.native());
+    status = status != ERROR_SUCCESS ? status : server.setText(nullptr, library);
     status = status != ERROR_SUCCESS ? status : server.setText(L"ThreadingModel", L"Both");
     return resultOf(status);
 }
@@ -143,7 +140,7 @@ HRESULT removeAll()
 
 HRESULT registerAll()
 {
-    const std::filesystem::path library = pathOfThisLibrary();
+    const std::wstring library = pathOfThisLibrary();
     const Apartment apartment;
     ComPtr<IFilterMapper2> mapper;
     HRESULT result = apartment.usable()
@@ -152,7 +149,7 @@ HRESULT registerAll()
                          : E_FAIL;
     result = FAILED(result) ? result : registerClass(library, RegistryView::Own);
     result = FAILED(result) ? result : registerFilter(*mapper.Get());
-    const std::filesystem::path other = sibling(library);
+    const std::wstring other = sibling(library);
     if (SUCCEEDED(result) && !other.empty()) {
         result = registerClass(other, RegistryView::Bits32);
         result = FAILED(result) ? result : copyFilterTo(RegistryView::Bits32);

@@ -3,6 +3,8 @@
 add_library(softcam SHARED
     AbsentCard.cpp
     CameraFilter_win.cpp
+    CameraPinConnection_win.cpp
+    CameraPinFormats_win.cpp
     CameraPin_win.cpp
     CameraReader_win.cpp
     CameraSender_win.cpp
