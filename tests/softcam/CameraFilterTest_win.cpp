@@ -1,0 +1,396 @@
+// The camera library in one process: its filter as programs drive it, without a graph, and its
+// sender. What takes several processes, or the registry, is tried by tools/windows/try-camera.
+#include "softcam/SharedPictures.h"
+#include "softcam/softcam.h"
+#include "tools/camreader/SinkFilter_win.h"
+#include "tools/camreader/ThisProcess_win.h"
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <cstring>
+#include <functional>
+#include <thread>
+
+namespace pevrix {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+using namespace std::chrono_literals;
+
+constexpr CLSID kCameraClass{
+    0x276143AA, 0xB755, 0x440E, {0x83, 0x4A, 0x93, 0xCD, 0xEB, 0xCA, 0x33, 0x4B}};
+
+// Readers and senders notice each other within two seconds; a busy machine may add to that.
+constexpr auto kPatience = 10s;
+
+template <typename Function>
+Function* exported(const char* name)
+{
+    const auto address = GetProcAddress(GetModuleHandleW(L"softcam.dll"), name);
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
+}
+
+ComPtr<IClassFactory> cameraFactory()
+{
+    ComPtr<IClassFactory> factory;
+    exported<HRESULT WINAPI(REFCLSID, REFIID, void**)>("DllGetClassObject")(kCameraClass,
+                                                                            IID_PPV_ARGS(&factory));
+    return factory;
+}
+
+bool canUnload()
+{
+    return exported<HRESULT WINAPI()>("DllCanUnloadNow")() == S_OK;
+}
+
+// A camera that sends test pictures 30 times a second.
+class Sender
+{
+public:
+    Sender(int width, int height)
+        : m_camera(scCreateCamera(width, height, 30))
+        , m_picture(width, height)
+        , m_thread([this](const std::stop_token& stop) { send(stop); })
+    {}
+    ~Sender()
+    {
+        m_thread.request_stop();
+        m_thread.join();
+        scDeleteCamera(m_camera);
+    }
+    Sender(const Sender&) = delete;
+    Sender& operator=(const Sender&) = delete;
+
+    [[nodiscard]] scCamera camera() const { return m_camera; }
+
+private:
+    void send(const std::stop_token& stop)
+    {
+        for (std::uint32_t number = 0; !stop.stop_requested(); ++number) {
+            m_picture.label(number, 0);
+            scSendFrame(m_camera, m_picture.pixels());
+            std::this_thread::sleep_for(33ms);
+        }
+    }
+
+    scCamera m_camera;
+    TestPicture m_picture;
+    std::jthread m_thread;
+};
+
+// The camera's filter with a sink at its pin.
+class Reader
+{
+public:
+    Reader()
+    {
+        cameraFactory()->CreateInstance(nullptr, IID_PPV_ARGS(&filter));
+        filter->FindPin(L"Capture", &pin);
+        pin.As(&config);
+        sink.Attach(new SinkFilter(watcher));
+    }
+    ~Reader()
+    {
+        filter->Stop();
+        sink->Stop();
+        disconnect();
+    }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    // With the camera's own choice, or with one of its formats.
+    HRESULT connect(const AM_MEDIA_TYPE* type = nullptr)
+    {
+        return pin->Connect(&sink->pin(), type);
+    }
+    void disconnect()
+    {
+        pin->Disconnect();
+        sink->pin().Disconnect();
+    }
+    void run()
+    {
+        sink->Run(0);
+        EXPECT_EQ(filter->Pause(), S_OK);
+        EXPECT_EQ(filter->Run(0), S_OK);
+    }
+
+    // Until the last picture that came is one of a sender of this size, or, of no width, none.
+    [[nodiscard]] bool sees(int width)
+    {
+        const auto end = std::chrono::steady_clock::now() + kPatience;
+        while (std::chrono::steady_clock::now() < end) {
+            for (const WatchedChange& change : watcher.takeChanges()) {
+                m_seen = change.kind == PictureKind::Live ? change.width : 0;
+                cards += m_seen == 0 ? 1 : 0;
+            }
+            if (m_seen == width) {
+                return true;
+            }
+            std::this_thread::sleep_for(5ms);
+        }
+        return false;
+    }
+
+    [[nodiscard]] std::vector<UniqueMediaType> types() const
+    {
+        int count = 0;
+        int size = 0;
+        EXPECT_EQ(config->GetNumberOfCapabilities(&count, &size), S_OK);
+        EXPECT_EQ(size, int{sizeof(VIDEO_STREAM_CONFIG_CAPS)});
+        std::vector<UniqueMediaType> all;
+        for (int index = 0; index < count; ++index) {
+            VIDEO_STREAM_CONFIG_CAPS caps{};
+            AM_MEDIA_TYPE* type = nullptr;
+            EXPECT_EQ(config->GetStreamCaps(index, &type, reinterpret_cast<BYTE*>(&caps)), S_OK);
+            all.emplace_back(type);
+        }
+        return all;
+    }
+
+    int cards = 0; // seen so far
+    Watcher watcher;
+    ComPtr<IBaseFilter> filter;
+    ComPtr<IPin> pin;
+    ComPtr<IAMStreamConfig> config;
+    ComPtr<SinkFilter> sink;
+
+private:
+    int m_seen = -1;
+};
+
+bool becomes(const std::function<bool()>& condition)
+{
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!condition() && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(10ms);
+    }
+    return condition();
+}
+
+class CameraFilterTest : public testing::Test
+{
+protected:
+    CameraFilterTest() { CoInitializeEx(nullptr, COINIT_MULTITHREADED); }
+    ~CameraFilterTest() override { CoUninitialize(); }
+};
+
+TEST_F(CameraFilterTest, ReadersOutliveSenders)
+{
+    std::optional<Reader> first(std::in_place);
+    Reader second;
+    ASSERT_EQ(first->connect(), S_OK);
+    first->run();
+    EXPECT_TRUE(first->sees(0)) << "the card";
+
+    std::optional<Sender> sender(std::in_place, 720, 1280);
+    EXPECT_TRUE(first->sees(720));
+    EXPECT_EQ(scCreateCamera(640, 480, 30), nullptr) << "there is one camera in a session";
+    ASSERT_EQ(second.connect(), S_OK);
+    second.run();
+    EXPECT_TRUE(second.sees(720));
+
+    sender.reset();
+    sender.emplace(640, 480);
+    EXPECT_TRUE(first->sees(640));
+    EXPECT_TRUE(second.sees(640));
+    EXPECT_EQ(first->cards, 1);
+    EXPECT_EQ(second.cards, 0) << "no card in between";
+    const WatchedInterval seen = second.watcher.takeInterval();
+    EXPECT_EQ(seen.torn + seen.timeBackward, 0);
+    EXPECT_EQ(second.sink->pin().shortSamples(), 0);
+
+    EXPECT_NE(scIsConnected(sender->camera()), 0);
+    first.reset();
+    EXPECT_NE(scIsConnected(sender->camera()), 0);
+    second.filter->Stop();
+    EXPECT_TRUE(becomes([&] { return scIsConnected(sender->camera()) == 0; }));
+
+    second.run();
+    EXPECT_TRUE(second.sees(640));
+    sender.reset();
+    EXPECT_TRUE(second.sees(0)) << "the card again";
+}
+
+// What a sender leaves that is killed in the middle of its first words, kept by a reader.
+TEST_F(CameraFilterTest, ADirectoryThatIsHalfWrittenIsNoneAndIsRepaired)
+{
+    scDeleteCamera(scCreateCamera(64, 48, 30));
+    const HANDLE section = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
+                                              sizeof(SharedDirectory), kDirectoryName);
+    ASSERT_NE(section, nullptr);
+    void* view = MapViewOfFile(section, FILE_MAP_WRITE, 0, 0, 0);
+    std::memset(view, 0xFF, sizeof(SharedDirectory));
+
+    Reader reader;
+    EXPECT_EQ(reader.types().size(), 12U) << "the usual sizes in four layouts each";
+    {
+        const Sender sender(720, 1280);
+        const auto types = reader.types();
+        EXPECT_EQ(types.size(), 16U);
+        EXPECT_EQ(videoFormat(*types.front()).width, 720);
+        ASSERT_EQ(reader.connect(), S_OK);
+        reader.run();
+        EXPECT_TRUE(reader.sees(720));
+    }
+    UnmapViewOfFile(view);
+    CloseHandle(section);
+}
+
+TEST_F(CameraFilterTest, LeavesNothingBehind)
+{
+    const auto useAll = [] {
+        Reader reader;
+        for (const UniqueMediaType& type : reader.types()) {
+            ASSERT_EQ(reader.connect(type.get()), S_OK);
+            reader.run();
+            EXPECT_EQ(reader.filter->Stop(), S_OK);
+            reader.run();
+            EXPECT_EQ(reader.filter->Stop(), S_OK);
+            reader.disconnect();
+        }
+    };
+    ProcessUse before;
+    for (int round = 0; round < 200; ++round) {
+        if (round % 40 == 0) {
+            useAll();
+        }
+        const Reader reader;
+        scDeleteCamera(scCreateCamera(64, 48, 30));
+        if (round == 40) { // after the first of everything
+            before = processUse();
+        }
+    }
+    const ProcessUse after = processUse();
+    EXPECT_LE(after.handles, before.handles);
+    EXPECT_LE(after.privateKilobytes, before.privateKilobytes + 512);
+    EXPECT_TRUE(canUnload());
+}
+
+TEST_F(CameraFilterTest, AnswersAsCaptureFiltersDo)
+{
+    Reader reader;
+    ComPtr<IUnknown> object;
+    EXPECT_EQ(cameraFactory()->CreateInstance(reader.filter.Get(), IID_PPV_ARGS(&object)),
+              CLASS_E_NOAGGREGATION);
+    EXPECT_FALSE(canUnload());
+
+    ComPtr<IKsPropertySet> properties;
+    ASSERT_EQ(reader.pin.As(&properties), S_OK);
+    GUID category{};
+    DWORD size = 0;
+    EXPECT_EQ(properties->Get(AMPROPSETID_Pin, AMPROPERTY_PIN_CATEGORY, nullptr, 0, &category,
+                              sizeof(category), &size),
+              S_OK);
+    EXPECT_EQ(category, PIN_CATEGORY_CAPTURE);
+    EXPECT_EQ(
+        properties->Get(AMPROPSETID_Pin, AMPROPERTY_PIN_CATEGORY, nullptr, 0, &category, 4, &size),
+        E_UNEXPECTED);
+
+    const auto types = reader.types();
+    VIDEO_STREAM_CONFIG_CAPS caps{};
+    AM_MEDIA_TYPE* none = nullptr;
+    EXPECT_EQ(reader.config->GetStreamCaps(static_cast<int>(types.size()), &none,
+                                           reinterpret_cast<BYTE*>(&caps)),
+              S_FALSE);
+    EXPECT_EQ(reader.config->GetStreamCaps(-1, &none, reinterpret_cast<BYTE*>(&caps)),
+              E_INVALIDARG);
+
+    // Browsers change the rate of a listed format.
+    AM_MEDIA_TYPE& chosen = *types[1];
+    reinterpret_cast<VIDEOINFOHEADER*>(chosen.pbFormat)->AvgTimePerFrame = 400'000;
+    ASSERT_EQ(reader.config->SetFormat(&chosen), S_OK);
+    ASSERT_EQ(reader.connect(), S_OK);
+    AM_MEDIA_TYPE* now = nullptr;
+    ASSERT_EQ(reader.config->GetFormat(&now), S_OK);
+    EXPECT_EQ(videoFormat(*UniqueMediaType(now)).interval, 400'000);
+
+    FILTER_STATE state{};
+    EXPECT_EQ(reader.connect(), VFW_E_ALREADY_CONNECTED);
+    EXPECT_EQ(reader.filter->Pause(), S_OK);
+    EXPECT_EQ(reader.filter->GetState(0, &state), VFW_S_CANT_CUE);
+    EXPECT_EQ(state, State_Paused);
+    EXPECT_EQ(reader.config->SetFormat(&chosen), VFW_E_NOT_STOPPED);
+    EXPECT_EQ(reader.pin->Disconnect(), VFW_E_NOT_STOPPED);
+    std::this_thread::sleep_for(100ms);
+    EXPECT_EQ(reader.watcher.takeInterval().pictures, 0) << "nothing before it runs";
+    reader.run();
+    EXPECT_TRUE(reader.sees(0));
+    EXPECT_EQ(reader.filter->Stop(), S_OK);
+    EXPECT_EQ(reader.filter->Stop(), S_OK);
+}
+
+TEST_F(CameraFilterTest, RefusesTypesThatItDoesNotMake)
+{
+    const Reader reader;
+    const auto types = reader.types();
+    using Change = void (*)(AM_MEDIA_TYPE&, VIDEOINFOHEADER&);
+    const struct
+    {
+        const char* what;
+        Change change;
+    } rows[] = {
+        {"audio",
+         [](auto& type, auto&) {
+             type.majortype = MEDIATYPE_Audio;
+         }},
+        {"another subtype",
+         [](auto& type, auto&) {
+             type.subtype = MEDIASUBTYPE_RGB32;
+         }},
+        {"another format",
+         [](auto& type, auto&) {
+             type.formattype = FORMAT_VideoInfo2;
+         }},
+        {"short format",
+         [](auto& type, auto&) {
+             type.cbFormat = sizeof(VIDEOINFOHEADER) - 1;
+         }},
+        {"other pixels",
+         [](auto&, auto& info) {
+             info.bmiHeader.biCompression ^= 1;
+         }},
+        {"other bits",
+         [](auto&, auto& info) {
+             info.bmiHeader.biBitCount = 8;
+         }},
+        {"no width",
+         [](auto&, auto& info) {
+             info.bmiHeader.biWidth = 0;
+         }},
+        {"negative width",
+         [](auto&, auto& info) {
+             info.bmiHeader.biWidth = MINLONG;
+         }},
+        {"too wide",
+         [](auto&, auto& info) {
+             info.bmiHeader.biWidth = 8194;
+         }},
+        {"odd width",
+         [](auto&, auto& info) {
+             info.bmiHeader.biWidth = 641;
+         }},
+        {"lowest height",
+         [](auto&, auto& info) {
+             info.bmiHeader.biHeight = MINLONG;
+         }},
+        {"a part",
+         [](auto&, auto& info) {
+             info.rcTarget = {0, 0, 16, 16};
+         }},
+    };
+    for (const auto& row : rows) {
+        AM_MEDIA_TYPE changed = *types.front();
+        VIDEOINFOHEADER info{};
+        std::memcpy(&info, changed.pbFormat, sizeof(info));
+        changed.pbFormat = reinterpret_cast<BYTE*>(&info);
+        EXPECT_EQ(reader.pin->QueryAccept(&changed), S_OK);
+        row.change(changed, info);
+        EXPECT_EQ(reader.pin->QueryAccept(&changed), S_FALSE) << row.what;
+        EXPECT_EQ(reader.config->SetFormat(&changed), VFW_E_INVALIDMEDIATYPE) << row.what;
+    }
+}
+
+} // namespace
+} // namespace pevrix
