@@ -13,9 +13,9 @@ namespace pevrix {
 struct LaunchCalls
 {
     std::function<std::wstring()> executableFolder = pevrix::executableFolder;
-    std::function<decltype(ShellExecuteExW)> shellExecute = ShellExecuteExW;
-    std::function<decltype(WaitForSingleObject)> waitForSingleObject = WaitForSingleObject;
-    std::function<decltype(GetExitCodeProcess)> getExitCodeProcess = GetExitCodeProcess;
+    std::function<BOOL(SHELLEXECUTEINFOW*)> shellExecute = ShellExecuteExW;
+    std::function<DWORD(HANDLE, DWORD)> waitForSingleObject = WaitForSingleObject;
+    std::function<BOOL(HANDLE, DWORD*)> getExitCodeProcess = GetExitCodeProcess;
 };
 
 // What a launch returns when nothing ran.
