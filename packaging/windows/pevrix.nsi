@@ -79,8 +79,28 @@ VIAddVersionKey LegalCopyright "Pevrix"
 !macro REFUSE_WHILE_RUNNING FOLDER
     !insertmacro REFUSE_WHILE_IN_USE "${FOLDER}\pevrix.exe" \
         "Pevrix is running. Quit it from its icon in the notification area, then try again."
-    !insertmacro REFUSE_WHILE_IN_USE "${FOLDER}\softcam.dll" \
-        "Another program uses the camera. Close the programs that show it, then try again."
+!macroend
+
+; Programs that show the camera hold its library, for hours. Windows deletes no such file, but renames
+; it: it makes room under a name that nothing has, and goes at the next installation or start of
+; Windows. Those programs go on with it until they open the camera anew. Nobody is asked to restart.
+!macro MOVE_ASIDE FILE
+    Delete "${FILE}.old*"
+    Delete "${FILE}"
+    ${If} ${FileExists} "${FILE}"
+        StrCpy $0 0
+        ${While} ${FileExists} "${FILE}.old$0"
+            IntOp $0 $0 + 1
+        ${EndWhile}
+        Rename "${FILE}" "${FILE}.old$0"
+        Delete /REBOOTOK "${FILE}.old$0"
+        SetRebootFlag false
+    ${EndIf}
+!macroend
+
+!macro MOVE_CAMERA_ASIDE FOLDER
+    !insertmacro MOVE_ASIDE "${FOLDER}\softcam.dll"
+    !insertmacro MOVE_ASIDE "${FOLDER}\x86\softcam.dll"
 !macroend
 
 Section "Pevrix" SectionProgram
@@ -96,6 +116,7 @@ Section "Pevrix" SectionProgram
         RMDir "$1"
     ${EndIf}
     !insertmacro REFUSE_WHILE_RUNNING "$INSTDIR"
+    !insertmacro MOVE_CAMERA_ASIDE "$INSTDIR"
 
     SetOutPath "$INSTDIR"
     File /r "${STAGE}\*"
@@ -116,7 +137,7 @@ Section "Pevrix" SectionProgram
     WriteRegDWORD HKLM "${UNINSTALL_KEY}" "EstimatedSize" $0
 SectionEnd
 
-!if /FileExists "${STAGE}\softcam.dll"
+; The library registers the one for 32-bit programs with itself.
 Section "Camera for other programs" SectionCamera
     ExecWait '"$SYSDIR\regsvr32.exe" /s "$INSTDIR\softcam.dll"' $0
     ${If} $0 != 0
@@ -125,7 +146,6 @@ Section "Camera for other programs" SectionCamera
             Pevrix: Settings, Camera, Register." /SD IDOK
     ${EndIf}
 SectionEnd
-!endif
 
 Section "Let phones through the Windows Firewall" SectionFirewall
     ExecWait '"$INSTDIR\pevrix-camsetup.exe" --firewall' $0
@@ -160,6 +180,7 @@ Section "Uninstall"
             DetailPrint "The camera could not be unregistered (status $0)."
         ${EndIf}
     ${EndIf}
+    !insertmacro MOVE_CAMERA_ASIDE "$INSTDIR"
     nsExec::Exec 'netsh advfirewall firewall delete rule name="${FIREWALL_RULE}" \
         program="$INSTDIR\pevrix.exe"'
     Pop $0 ; 1 where there was none
@@ -170,6 +191,14 @@ Section "Uninstall"
     Delete "$INSTDIR\uninstall.exe"
     !include "${LISTS}\remove-folders.nsh"
     RMDir "$INSTDIR"
+    ; A library that was moved aside keeps its folder until it goes itself.
+    ${If} ${FileExists} "$INSTDIR\x86\softcam.dll.old*"
+        RMDir /REBOOTOK "$INSTDIR\x86"
+        RMDir /REBOOTOK "$INSTDIR"
+    ${ElseIf} ${FileExists} "$INSTDIR\softcam.dll.old*"
+        RMDir /REBOOTOK "$INSTDIR"
+    ${EndIf}
+    SetRebootFlag false
 
     SetShellVarContext all
     Delete "$SMPROGRAMS\Pevrix.lnk"
@@ -190,10 +219,8 @@ SectionEnd
 
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionProgram} "The program."
-    !ifdef SectionCamera
-        !insertmacro MUI_DESCRIPTION_TEXT ${SectionCamera} "Registers the camera, so that video-call \
-            programs list it."
-    !endif
+    !insertmacro MUI_DESCRIPTION_TEXT ${SectionCamera} "Registers the camera, so that video-call \
+        programs list it."
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionFirewall} "Phones connect to this PC over your network."
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionStart} "For every user of this PC."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END

@@ -190,14 +190,14 @@ void printInterval(const WatchedInterval& seen, int shortSamples,
                    const std::vector<std::int64_t>* witness)
 {
     const std::int64_t slowest = seen.latencies.empty() ? 0 : std::ranges::max(seen.latencies);
-    std::printf(
-        "clock=%.6f pictures=%d live=%d other=%d repeated=%d skipped=%d backward=%d torn=%d "
-        "time_backward=%d short=%d gap_ms=%.1f latency_ms=%.2f latency_max_ms=%.2f "
-        "colours=%d bars=%d box=%d",
-        seconds(sharedMicroseconds()), seen.pictures, seen.live, seen.other, seen.repeated,
-        seen.skipped, seen.backward, seen.torn, seen.timeBackward, shortSamples,
-        milliseconds(seen.longestGap), milliseconds(median(seen.latencies)), milliseconds(slowest),
-        seen.worst.colours, seen.worst.bars, seen.worst.box);
+    std::printf("clock=%.6f pictures=%d changed=%d live=%d other=%d repeated=%d skipped=%d "
+                "backward=%d torn=%d "
+                "time_backward=%d short=%d gap_ms=%.1f latency_ms=%.2f latency_max_ms=%.2f "
+                "colours=%d bars=%d box=%d",
+                seconds(sharedMicroseconds()), seen.pictures, seen.changed, seen.live, seen.other,
+                seen.repeated, seen.skipped, seen.backward, seen.torn, seen.timeBackward,
+                shortSamples, milliseconds(seen.longestGap), milliseconds(median(seen.latencies)),
+                milliseconds(slowest), seen.worst.colours, seen.worst.bars, seen.worst.box);
     if (witness) {
         std::printf(" witness_ms=%.2f witness_max_ms=%.2f", milliseconds(median(*witness)),
                     milliseconds(witness->empty() ? 0 : std::ranges::max(*witness)));

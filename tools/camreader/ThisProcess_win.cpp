@@ -70,11 +70,9 @@ ProcessUse processUse()
     use.handles = GetProcessHandleCount(GetCurrentProcess(), &handles) && handles != 0
                       ? handles
                       : listedHandles();
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    memory.cb = sizeof memory;
-    if (GetProcessMemoryInfo(GetCurrentProcess(),
-                             reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory)) {
-        use.privateKilobytes = memory.PrivateUsage / 1024;
+    PROCESS_MEMORY_COUNTERS memory{};
+    if (GetProcessMemoryInfo(GetCurrentProcess(), &memory, sizeof memory)) {
+        use.privateKilobytes = memory.PagefileUsage / 1024;
     }
     return use;
 }

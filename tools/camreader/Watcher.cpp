@@ -19,6 +19,23 @@ std::int64_t latencyOf(std::uint32_t stamp, std::int64_t time)
     return ((now - stamp) & kLabelMask) * (kMicroseconds / kStampUnitsPerSecond);
 }
 
+// Tells pictures apart by a few hundred of their points, for something that moves is larger than
+// the gaps between them.
+std::uint64_t contentOf(const Picture& picture)
+{
+    constexpr int kColumns = 32;
+    constexpr int kRows = 18;
+    std::uint64_t hash = 0;
+    for (int index = 0; index < kColumns * kRows; ++index) {
+        const Rgb pixel = picture.pixel(picture.width() * (index % kColumns) / kColumns,
+                                        picture.height() * (index / kColumns) / kRows);
+        hash =
+            (hash ^ static_cast<std::uint64_t>(pixel.red << 16 | pixel.green << 8 | pixel.blue)) *
+            0x100'0000'01B3U;
+    }
+    return hash;
+}
+
 } // namespace
 
 void Watcher::take(const Picture& picture, std::int64_t time,
@@ -31,6 +48,9 @@ void Watcher::take(const Picture& picture, std::int64_t time,
         m_interval.longestGap = std::max(m_interval.longestGap, time - m_time);
     }
     m_time = time;
+    const std::uint64_t content = contentOf(picture);
+    m_interval.changed += content != m_content ? 1 : 0;
+    m_content = content;
     if (presentation) {
         m_interval.timeBackward += m_presentation && *presentation <= *m_presentation ? 1 : 0;
         m_presentation = presentation;

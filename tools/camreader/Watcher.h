@@ -14,6 +14,7 @@ namespace pevrix {
 struct WatchedInterval
 {
     int pictures = 0;
+    int changed = 0; // that differ from the one before
     int live = 0;
     int torn = 0;
     int other = 0;
@@ -64,6 +65,7 @@ private:
     WatchedChange m_last;
     std::optional<std::uint32_t> m_number;
     std::optional<std::int64_t> m_presentation;
+    std::uint64_t m_content = 0;
     std::int64_t m_time = 0;
     int m_sinceCompared = 0;
 };

@@ -1,10 +1,9 @@
-# Runs the installers given, without and with a camera library, under Wine, in a Wine home of its own:
-# silently, once more over itself, starts the installed program, then the one with a camera over it;
-# uninstalls, and looks for what is left.
+# Runs the installer given under Wine, in a Wine home of its own: silently, once more over itself, starts
+# the installed program, installs and uninstalls while other programs read the camera, and looks for
+# what is left.
 set -euo pipefail
 
 installer=$1
-with_camera=$2
 build=$PWD/build/windows
 wine_home=$build/installed-wine
 rm -rf "$wine_home"
@@ -14,8 +13,13 @@ drive=$WINEPREFIX/drive_c
 program="$drive/Program Files/Pevrix"
 user=$drive/users/$(id -un)
 windows_key='HKLM\Software\Microsoft\Windows\CurrentVersion'
-# Where the camera library of the tests registers itself.
-camera_key='HKCU\Software\Pevrix registration test\CLSID'
+camera_class='HKLM\Software\Classes\CLSID\{276143AA-B755-440E-834A-93CDEBCA334B}'
+readers=(build/windows/tools) # folders of camreader, for each kind of programs that Wine runs
+[ -z "${PEVRIX_WINE32:-}" ] || readers+=(build/windows-x86/tools)
+[ -n "${PEVRIX_WINE32:-}" ] || echo "skipped: 32-bit readers: Wine's half for them is not here"
+logs=$build/package-logs
+rm -rf "$logs"
+mkdir -p "$logs"
 
 wine_run() { tools/dev/wine-run "$@" </dev/null; }
 
@@ -42,6 +46,51 @@ wait_until() {
     done
 }
 
+# seen CAMERAS: how many cameras of ours a program of each kind lists.
+seen() {
+    local folder count
+    for folder in "${readers[@]}"; do
+        count=$(wine_run "$folder/camreader.exe" list | grep -c 'name="Pevrix"' || true)
+        [ "$count" = "$1" ] || return 1
+    done
+}
+
+# start_readers: one of each kind, whose lines go to $logs/reader0 and so on.
+reader_pids=()
+start_readers() {
+    local folder log
+    for folder in "${readers[@]}"; do
+        log=$logs/reader${#reader_pids[@]}
+        tools/dev/wine-run "$folder/camreader.exe" read >"$log" 2>&1 </dev/null &
+        reader_pids+=($!)
+        wait_until "a program could not read the camera" grep -q 'pictures=[1-9]' "$log"
+    done
+}
+
+# readers_go_on WHEN: every reader that was started gets pictures.
+readers_go_on() {
+    local number before
+    for number in "${!reader_pids[@]}"; do
+        before=$(wc -l <"$logs/reader$number")
+        sleep 1.2
+        kill -0 "${reader_pids[$number]}" 2>/dev/null || fail "$1 a reader of the camera has ended"
+        tail -n "+$((before + 1))" "$logs/reader$number" | grep -q 'pictures=[1-9]' ||
+            fail "$1 a reader of the camera gets nothing"
+    done
+}
+
+# live_everywhere: a sender with the installed library, whose pictures every reader gets.
+live_everywhere() {
+    local log
+    wine_run build/windows/tools/camsender.exe --library 'C:\Program Files\Pevrix\softcam.dll' 640x480@3 \
+        >"$logs/sender" 2>&1 || fail "the installed camera library takes no pictures: $(cat "$logs/sender")"
+    for log in "$logs"/reader*; do
+        grep -q 'live=[1-9]' "$log" || fail "a reader of the camera (${log##*/}) has not got the new one's pictures"
+    done
+}
+
+set_aside() { find "$program" -name 'softcam.dll.old*' | wc -l; }
+
 option=/AUTOSTART
 for round in first second; do
     wine_run "$installer" /S $option || fail "the $round installation ended with status $?"
@@ -55,8 +104,7 @@ for round in first second; do
     touch "$program/of-another-program.txt" # which nobody but its owner may delete
 done
 
-# The camera library is not ours to ship; without one the program takes no phones.
-[ -f "$program/softcam.dll" ] || cp "$build/bin/testcam.dll" "$program/softcam.dll"
+seen 1 || fail "programs do not list the camera after two installations"
 timeout 120 tools/dev/wine-run "$program/pevrix.exe" --shot 540x640 --out "Z:$PWD/out/windows-installed.png" \
     </dev/null >/dev/null 2>&1 || fail "the installed program ended with status $?"
 [ -s out/windows-installed.png ] || fail "the installed program did not show its window"
@@ -66,24 +114,38 @@ touch "$user/AppData/Roaming/Pevrix/Pevrix.ini"
 
 tools/dev/wine-run "$program/pevrix.exe" </dev/null >/dev/null 2>&1 &
 wait_until "the installed program did not start a second time" listened 2
-wine_run "$with_camera" /S && status=0 || status=$?
+wine_run "$installer" /S && status=0 || status=$?
 [ $status = 3 ] || fail "installing over the running program ended with status $status"
 [ -f "$program/uninstall.exe" ] || fail "installing over the running program removed it"
 wine_run taskkill /f /im pevrix.exe >/dev/null
 
-! cmp -s "$build/bin/testcam.dll" "$program/softcam.dll" || rm "$program/softcam.dll"
-wine_run "$with_camera" /S || fail "the installation with a camera ended with status $?"
-has_key "$camera_key" || fail "the installer did not register the camera"
+start_readers
+wine_run "$installer" /S || fail "installing over a camera that is read ended with status $?"
+readers_go_on "after an installation over it,"
+cmp -s "$program/softcam.dll" build/windows/package/Pevrix/softcam.dll &&
+    [ "$(set_aside)" = ${#readers[@]} ] || fail "the camera library that is read was not set aside"
+seen 1 || fail "programs do not list the camera after an installation over it"
+start_readers # with the new libraries, beside those with the old ones
+live_everywhere
 
 wine_run "$program/uninstall.exe" /S
 # It goes on in a copy of itself.
 wait_until "it was not uninstalled" uninstalled
+readers_go_on "after uninstalling,"
+seen 0 || fail "uninstalling left the camera in the list"
+! has_key "$camera_class" /reg:64 && ! has_key "$camera_class" /reg:32 ||
+    fail "uninstalling left the camera registered"
+[ "$(set_aside)" -ge ${#readers[@]} ] || fail "uninstalling did not set the libraries aside that are read"
+kill "${reader_pids[@]}"
+end_wine # as Windows that starts anew
+wineserver -p >/dev/null 2>&1
+boot_wine
 [ "$(ls -A "$program")" = of-another-program.txt ] ||
-    fail "uninstalling left: $(cd "$program" && find . -type f | xargs)"
-! has_key "$camera_key" || fail "uninstalling left the camera registered"
+    fail "uninstalling and starting Windows anew left: $(cd "$program" && find . -mindepth 1 | xargs)"
 ! starts_with_windows || fail "uninstalling left the start with Windows"
 [ ! -e "$user/AppData/Local/Pevrix" ] || fail "uninstalling left the log"
 [ ! -e "$drive/ProgramData/Microsoft/Windows/Start Menu/Programs/Pevrix.lnk" ] ||
     fail "uninstalling left the start menu entry"
 [ -f "$user/AppData/Roaming/Pevrix/Pevrix.ini" ] || fail "uninstalling silently removed the settings"
-echo "installed twice, started, refused while running, installed with a camera, uninstalled; the settings alone are left"
+echo "installed twice, started, refused while running, installed over a camera that ${#readers[@]} programs read,
+which went on, uninstalled while they read; after a new start the settings alone are left"

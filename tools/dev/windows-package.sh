@@ -1,5 +1,5 @@
 # ./dev windows package: the Windows program as a ZIP and as an installer, which is then run under
-# Wine: installed, installed over itself, started and uninstalled.
+# Wine: installed, installed over itself, started and uninstalled, with programs that read the camera.
 
 package_windows() {
     local stage=build/windows/package/Pevrix version
@@ -13,12 +13,7 @@ package_windows() {
         assets/icons/installer-side.svg
     in_environment ffmpeg -loglevel error -i build/windows/package/side.png -pix_fmt bgr24 \
         build/windows/package/side.bmp
-    # The camera library is another project's; whoever packages the program puts it there.
-    if [ -n "${PEVRIX_SOFTCAM:-}" ]; then
-        cp "$PEVRIX_SOFTCAM" "$stage/softcam.dll"
-    else
-        say "without a camera library (PEVRIX_SOFTCAM names one): this package takes no phones"
-    fi
+    stage_camera "$stage"
     deploy_windows "$stage"
     mkdir "$stage/licences"
     in_environment cp /usr/share/common-licenses/{GPL-3,LGPL-3} "$stage/licences/"
@@ -28,24 +23,19 @@ package_windows() {
         --format=zip Pevrix)
     make_installer "$version" "$stage" "out/Pevrix-$version-setup.exe"
 
-    # The same with a camera library that only takes note of being registered.
-    cp -rl "$stage" "$stage-camera"
-    cp --remove-destination build/windows/bin/registering_library.dll "$stage-camera/softcam.dll"
-    make_installer "$version" "$stage-camera" build/windows/package/with-camera-setup.exe \
-        '-XSetCompressor /FINAL zlib' # a tenth of the time
-
     say "trying the installer under Wine"
     in_environment xvfb-run -a bash tools/dev/windows-package-session.sh \
-        "out/Pevrix-$version-setup.exe" build/windows/package/with-camera-setup.exe ||
+        "out/Pevrix-$version-setup.exe" ||
         fail "the installer does not work" "see the messages above"
     du -k out/Pevrix-* | awk '{print $2 ": " $1 " kB"}'
 }
 
-# make_installer VERSION STAGE FILE [OPTION...]
+# make_installer VERSION STAGE FILE
 make_installer() {
     list_for_uninstaller "$2" "$2-lists"
     in_environment makensis -V2 "-DVERSION=$1" "-DSTAGE=$project/$2" "-DLISTS=$project/$2-lists" \
-        "-DART=$project/build/windows/package" "-DOUTFILE=$project/$3" "${@:4}" packaging/windows/pevrix.nsi >"$(log_path installer)" 2>&1 ||
+        "-DART=$project/build/windows/package" "-DOUTFILE=$project/$3" \
+        packaging/windows/pevrix.nsi >"$(log_path installer)" 2>&1 ||
         fail_with_log "making the installer failed" "$(log_path installer)"
 }
 
