@@ -153,7 +153,7 @@ bool checkFormat(CameraGraph& graph, Watcher& watcher, std::size_t index, const 
                 layoutName(format.layout).data(), format.width, format.height, seen.pictures,
                 seen.live, seen.torn, seen.backward, seen.worst.colours, seen.worst.bars,
                 seen.worst.box, error.empty() ? "" : ": FAILED: ", error.c_str());
-    static_cast<void>(watcher.takeInterval());
+    watcher.restart();
     return error.empty();
 }
 

@@ -18,22 +18,21 @@ constexpr int kOk = 0;
 constexpr int kNotRight = 1;
 constexpr int kWrongArguments = 2;
 
-constexpr const char* kUsage = "Usage: camsender --library FILE [--rate N] [--first N] STEP...\n"
-                               "\n"
-                               "Loads the camera library and sends test pictures for camreader, "
-                               "each with its number, the time\n"
-                               "when it was sent, and its size.\n"
-                               "\n"
-                               "  --library FILE   the softcam.dll to load\n"
-                               "  --rate N         pictures a second (30)\n"
-                               "  --first N        number of the first picture (0)\n"
-                               "  STEP             WxH@S: a camera of this size for S seconds; "
-                               "none@S: no camera for S seconds.\n"
-                               "                   Each step has a camera of its own.\n"
-                               "\n"
-                               "Prints each step, whenever scIsConnected changes, and the handles "
-                               "and memory of this process.\n"
-                               "Exit code: 0 done, 1 not, 2 wrong arguments\n";
+constexpr const char* kUsage =
+    "Usage: camsender --library FILE [--rate N] [--first N] STEP...\n"
+    "\n"
+    "Loads the camera library and sends test pictures for camreader, each with its number, its\n"
+    "size, and the time when it was sent.\n"
+    "\n"
+    "  --library FILE   the softcam.dll to load\n"
+    "  --rate N         pictures a second (30)\n"
+    "  --first N        number of the first picture (0)\n"
+    "  STEP             WxH@S: a camera of this size for S seconds; none@S: no camera for S\n"
+    "                   seconds. Each step has a camera of its own.\n"
+    "\n"
+    "Prints each step, whenever scIsConnected changes, and the handles and memory of this\n"
+    "process.\n"
+    "Exit code: 0 done, 1 not, 2 wrong arguments\n";
 
 struct Step
 {

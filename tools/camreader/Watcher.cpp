@@ -118,6 +118,15 @@ void Watcher::noteChange(const Reading& reading, std::int64_t time)
     m_last = change;
 }
 
+void Watcher::restart()
+{
+    const std::lock_guard lock(m_mutex);
+    m_interval = {};
+    m_number.reset();
+    m_presentation.reset();
+    m_time = 0;
+}
+
 WatchedInterval Watcher::takeInterval()
 {
     const std::lock_guard lock(m_mutex);

@@ -50,6 +50,9 @@ public:
     // `time` is the arrival; `presentation` the sample's own time, when it has one.
     void take(const Picture& picture, std::int64_t time, std::optional<std::int64_t> presentation);
 
+    // Begins anew: what comes now is of another connection.
+    void restart();
+
     [[nodiscard]] WatchedInterval takeInterval();
     [[nodiscard]] std::vector<WatchedChange> takeChanges();
 
