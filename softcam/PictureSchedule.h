@@ -2,6 +2,7 @@
 
 #include "softcam/PictureFormat.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace pevrix {
@@ -14,6 +15,10 @@ namespace pevrix {
 // several that wait the newest is taken. Without a new picture the last one is handed on again half
 // an interval after the tick. So a sender of the reader's rate is never held up, and its jitter
 // changes nothing.
+//
+// A picture that comes too late finds the last one handed on in its place, and all that follow
+// would wait for their ticks from then on. The ticks make up for it by coming a little earlier, by
+// one interval in all for each such time.
 class PictureSchedule
 {
 public:
@@ -37,14 +42,19 @@ public:
     // missed ones are not made up.
     void handedOn(Time now)
     {
+        m_behind = m_waits ? m_behind : m_interval;
+        const bool waited = m_waits && now < m_tick - m_interval * 3 / 8;
+        const auto earlier = waited ? std::min(m_behind, m_interval / 16) : m_interval.zero();
+        m_behind -= earlier;
         m_waits = false;
-        m_tick = now - m_tick > 2 * m_interval ? now + m_interval : m_tick + m_interval;
+        m_tick = now - m_tick > 2 * m_interval ? now + m_interval : m_tick + m_interval - earlier;
     }
 
 private:
     std::chrono::nanoseconds m_interval;
     Time m_tick; // long ago at first: the first picture is due at once
     bool m_waits = false;
+    std::chrono::nanoseconds m_behind{}; // what the ticks may make up for
 };
 
 } // namespace pevrix

@@ -17,6 +17,7 @@ struct Seen
 {
     int pictures = 0;
     std::chrono::nanoseconds longestWait{}; // of a new picture
+    std::chrono::nanoseconds lastWait{};
     std::chrono::nanoseconds longestGap{};
 };
 
@@ -48,8 +49,8 @@ Seen watch(const std::vector<std::chrono::nanoseconds>& arrivals)
             ++seen.pictures;
             seen.longestGap = std::max<std::chrono::nanoseconds>(seen.longestGap, now - last);
             if (std::exchange(waits, false)) {
-                seen.longestWait =
-                    std::max<std::chrono::nanoseconds>(seen.longestWait, now - arrival);
+                seen.lastWait = now - arrival;
+                seen.longestWait = std::max(seen.longestWait, seen.lastWait);
             }
             last = now;
         }
@@ -84,6 +85,16 @@ TEST(PictureSchedule, HoldsUpNoPictureOfASenderOfTheReadersRate)
     for (const auto jitter : {0ms, 5ms, 15ms}) {
         EXPECT_EQ(watch(atRate(30, jitter)).longestWait, 0ms) << jitter.count();
     }
+}
+
+TEST(PictureSchedule, ForgetsAPictureThatCameLate)
+{
+    auto arrivals = atRate(30, 2ms);
+    arrivals[30] += 25ms;
+    const Seen seen = watch(arrivals);
+    EXPECT_GT(seen.longestWait, 10ms);
+    EXPECT_EQ(seen.lastWait, 0ms);
+    EXPECT_NEAR(seen.pictures, 300, 2);
 }
 
 TEST(PictureSchedule, MakesUpNoMissedPictures)
