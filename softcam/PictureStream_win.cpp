@@ -26,6 +26,14 @@ UniqueHandle makeTimer()
     return UniqueHandle(timer != nullptr ? timer : CreateWaitableTimerW(nullptr, FALSE, nullptr));
 }
 
+// False when the first was set, or when the wait failed: waiting for the rest would never end then.
+template <std::size_t kCount>
+bool waitForOthers(const std::array<HANDLE, kCount>& handles)
+{
+    const DWORD which = WaitForMultipleObjects(kCount, handles.data(), FALSE, INFINITE);
+    return which > WAIT_OBJECT_0 && which < WAIT_OBJECT_0 + kCount;
+}
+
 // A thread's stay in the apartment of all threads that have none of their own; what is downstream
 // may need one.
 class ThreadApartment
@@ -144,9 +152,8 @@ bool PictureStream::isRunning()
 
 bool PictureStream::waitForRun()
 {
-    const std::array handles{m_stop.get(), m_changed.get()};
     m_discontinuity = true;
-    return WaitForMultipleObjects(handles.size(), handles.data(), FALSE, INFINITE) != WAIT_OBJECT_0;
+    return waitForOthers(std::array{m_stop.get(), m_changed.get()});
 }
 
 bool PictureStream::waitUntil(Clock::time_point time, const CameraReader& reader)
@@ -155,8 +162,8 @@ bool PictureStream::waitUntil(Clock::time_point time, const CameraReader& reader
     LARGE_INTEGER due{};
     due.QuadPart = -std::max<REFERENCE_TIME>(left.count(), 1); // negative: from now
     SetWaitableTimer(m_timer.get(), &due, 0, nullptr, nullptr, FALSE);
-    const std::array handles{m_stop.get(), m_changed.get(), reader.pictureCame(), m_timer.get()};
-    return WaitForMultipleObjects(handles.size(), handles.data(), FALSE, INFINITE) != WAIT_OBJECT_0;
+    return waitForOthers(
+        std::array{m_stop.get(), m_changed.get(), reader.pictureCame(), m_timer.get()});
 }
 
 bool PictureStream::handOn(std::span<const std::uint8_t> picture)
