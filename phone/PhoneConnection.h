@@ -21,8 +21,8 @@ namespace pevrix {
 //        |                               +--close(), drop()--> closing --> ended
 //        +-------------------------------+
 //
-// When the peer ends the connection it goes to "ended" without passing through "closing", and what
-// had been sent before is still reported. Then the connection deletes itself, from the event loop.
+// When the peer ends the connection it goes to "ended" without passing through "closing", once what
+// had been sent before is reported. Then the connection deletes itself, from the event loop.
 class PhoneConnection : public QObject
 {
 public:
@@ -39,8 +39,9 @@ public:
     {
     public:
         virtual void onMessage(PhoneConnection& from, const Message& message) = 0;
-        // It has read what there was, or as much as one turn allows.
-        virtual void onTurnTaken(PhoneConnection& connection) = 0;
+        // Bytes of a stranger wait. It reads them once the host calls takeTurn(), soon but not from
+        // within this.
+        virtual void onTurnWanted(PhoneConnection& stranger) = 0;
         // The last call for this connection, and once only.
         virtual void onEnded(PhoneConnection& connection) = 0;
 
@@ -60,8 +61,9 @@ public:
     // Neither closing nor ended.
     [[nodiscard]] bool open() const { return m_state < State::Closing; }
     [[nodiscard]] bool handshaken() const { return m_state == State::Handshaken; }
-    // Anybody may connect from the network; nobody knows them before an accepted hello.
-    [[nodiscard]] bool stranger() const { return m_state == State::Adopted && !m_usb; }
+    // Anybody may connect from the network; nobody knows them before an accepted hello, also not
+    // while their connection is being closed.
+    [[nodiscard]] bool stranger() const { return !m_usb && !m_hello && m_state != State::Ended; }
     // The hello accepted last; stays when the connection closes.
     [[nodiscard]] const std::optional<Hello>& hello() const { return m_hello; }
 
@@ -69,31 +71,39 @@ public:
     [[nodiscard]] bool backlogged() const;
     // Since the last sign of life: received bytes or, of a backlogged peer, bytes taken.
     [[nodiscard]] std::chrono::milliseconds silence() const;
-    // The memory of messages that have not come in whole.
-    [[nodiscard]] qint64 heldBytes() const { return m_splitter.heldBytes(); }
+    // What the peer makes us hold: unread bytes, the message that is coming in, untaken answers.
+    [[nodiscard]] qint64 heldBytes() const;
+
+    // Reads and reports messages for a few milliseconds, of a stranger for a fraction of one. When
+    // more wait it takes another turn later, or asks its host for it.
+    void takeTurn();
 
     // An open connection becomes a phone's, or is told so again.
     void accept(const Hello& hello);
     // Sends a message, with flags 0. Nothing, unless the connection is open.
     void send(MessageType type, const QByteArray& payload);
-    // Ends an open connection: after what was sent before, or at once.
+    // Ends an open connection after what was sent before.
     void close();
+    // Ends it at once, also one that is closing.
     void drop();
 
 private:
     enum class Turn
     {
         None,
-        Queued,  // waits in the event loop
+        Queued,  // waits in the event loop or, a stranger's, with the host
         Running, // its messages are being reported, further up the call stack
     };
 
-    void takeTurn();
-    [[nodiscard]] bool readMessages(bool untilEmpty);
-    [[nodiscard]] MessageSplitter::Result readMessage(qint64 nowMs);
-    void queueTurn();
+    void onReadyRead();
+    void wantTurn();
+    // Whether it stopped only because the turn is over.
+    [[nodiscard]] bool readMessages();
+    [[nodiscard]] qint64 maxBacklog() const;
+    [[nodiscard]] MessageSplitter::Result readMessage(QElapsedTimer::Duration now);
     void onBytesWritten(qint64 count);
     void onDisconnected();
+    void endWhenOver();
 
     const int m_id;
     const bool m_usb;
@@ -105,7 +115,7 @@ private:
     Turn m_turn = Turn::None;
     std::optional<Hello> m_hello;
     QElapsedTimer m_clock;
-    qint64 m_lastSignMs = 0; // of life, on m_clock
+    QElapsedTimer::Duration m_lastSign{}; // of life, on m_clock
 };
 
 } // namespace pevrix

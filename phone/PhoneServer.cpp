@@ -1,6 +1,22 @@
 #include "phone/PhoneServer.h"
 
+#include <QDeadlineTimer>
+#include <QNetworkProxy>
+
+#include <algorithm>
+
 namespace pevrix {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// How long strangers may keep the event loop busy, all together, and how long it is the others'
+// before the strangers' next turn.
+constexpr auto kStrangersTurn = 2ms;
+constexpr auto kStrangersRest = 2ms;
+
+} // namespace
 
 PhoneServer::PhoneServer(const PhoneServerTimings& timings, QObject* parent)
     : QObject(parent)
@@ -9,7 +25,17 @@ PhoneServer::PhoneServer(const PhoneServerTimings& timings, QObject* parent)
     m_clock.start();
     m_pingTimer.setInterval(timings.pingInterval);
     connect(&m_pingTimer, &QTimer::timeout, this, &PhoneServer::keepAlive);
-    connect(&m_server, &QTcpServer::newConnection, this, &PhoneServer::onNewConnection);
+    m_strangersTimer.setSingleShot(true);
+    m_strangersTimer.setTimerType(Qt::PreciseTimer);
+    m_strangersTimer.setInterval(kStrangersRest);
+    connect(&m_strangersTimer, &QTimer::timeout, this, &PhoneServer::serveStrangers);
+    // The proxy of the system's settings is for what goes out; a server would look for phones
+    // there.
+    m_server.setProxy(QNetworkProxy::NoProxy);
+    // Queued, for otherwise it would go on accepting as long as somebody connects.
+    connect(&m_server, &QTcpServer::newConnection, this, &PhoneServer::onNewConnection,
+            Qt::QueuedConnection);
+    connect(&m_server, &QTcpServer::acceptError, this, &PhoneServer::onAcceptError);
 }
 
 PhoneServer::~PhoneServer() = default;
@@ -17,6 +43,8 @@ PhoneServer::~PhoneServer() = default;
 bool PhoneServer::listen(quint16 port)
 {
     if (!m_server.listen(QHostAddress::Any, port)) {
+        qWarning("Pevrix: cannot listen on port %d: %s", port,
+                 qUtf8Printable(m_server.errorString()));
         return false;
     }
     m_port = m_server.serverPort();
@@ -69,20 +97,25 @@ PhoneConnection* PhoneServer::adopt(QTcpSocket* socket, bool usb)
 
 void PhoneServer::limitStrangers()
 {
+    QHash<QHostAddress, int> addresses;
     int strangers = 0;
-    PhoneConnection* oldest = nullptr;
+    int most = 0;
     for (const auto& [id, connection] : m_connections) {
         if (connection->stranger()) {
             ++strangers;
-            oldest = oldest != nullptr ? oldest : connection;
+            most = std::max(most, ++addresses[connection->socket()->peerAddress()]);
         }
     }
-    if (strangers > kMaxStrangers) {
-        oldest->drop();
+    if (strangers <= kMaxStrangers) {
+        return;
     }
+    const auto oldest = std::ranges::find_if(m_connections, [&](const auto& entry) {
+        const PhoneConnection& connection = *entry.second;
+        return connection.stranger() && addresses[connection.socket()->peerAddress()] == most;
+    });
+    oldest->second->drop();
 }
 
-// What strangers have sent of messages that are not complete yet is memory that they hold together.
 void PhoneServer::limitStrangersBytes()
 {
     qint64 bytes = 0;
@@ -104,10 +137,27 @@ void PhoneServer::limitStrangersBytes()
     }
 }
 
-void PhoneServer::onTurnTaken(PhoneConnection& connection)
+void PhoneServer::onTurnWanted(PhoneConnection& stranger)
 {
-    if (connection.stranger()) {
-        limitStrangersBytes();
+    m_strangerTurns.push_back(stranger.id());
+    if (!m_strangersTimer.isActive()) {
+        m_strangersTimer.start();
+    }
+}
+
+void PhoneServer::serveStrangers()
+{
+    const QDeadlineTimer end(kStrangersTurn, Qt::PreciseTimer);
+    while (!m_strangerTurns.empty() && !end.hasExpired()) {
+        const auto it = m_connections.find(m_strangerTurns.front());
+        m_strangerTurns.pop_front();
+        if (it != m_connections.end()) {
+            it->second->takeTurn();
+            limitStrangersBytes();
+        }
+    }
+    if (!m_strangerTurns.empty()) {
+        m_strangersTimer.start();
     }
 }
 
@@ -142,6 +192,14 @@ void PhoneServer::keepAlive()
     }
     for (PhoneConnection* const connection : std::as_const(silent)) {
         connection->close();
+    }
+}
+
+void PhoneServer::onAcceptError()
+{
+    if (const auto leftOut = m_acceptErrors.admit(LogLimiter::Time(m_clock.elapsed()))) {
+        qWarning("Pevrix: cannot accept a connection: %s%s", qUtf8Printable(m_server.errorString()),
+                 leftOutNote(*leftOut).c_str());
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "phone/LogLimiter.h"
 #include "phone/PhoneConnection.h"
 #include "phone/Protocol.h"
 
@@ -12,6 +13,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <deque>
 #include <map>
 
 namespace pevrix {
@@ -33,24 +35,28 @@ struct PhoneServerTimings
 // stores nothing on disk.
 //
 // Lives on one thread with an event loop, and emits there. Owns every socket it serves. What a
-// peer can make it hold is bounded: per connection about two largest payloads, and for all network
-// connections that have not said a valid hello together, kMaxStrangers and kMaxStrangersBytes.
+// peer can make it hold is bounded: per connection about two largest payloads, and for strangers,
+// the network connections that have not said a valid hello, together kMaxStrangers and
+// kMaxStrangersBytes. All strangers together get a small share of the thread's time, so that
+// however many there are and whatever they send, phones are served at once.
 class PhoneServer : public QObject, private PhoneConnection::Host
 {
     Q_OBJECT
 
 public:
-    // Beyond this many network connections without an accepted hello the oldest one is dropped,
-    // so that a flood of them never keeps a phone out. Far above what phones cause.
+    // Beyond this many strangers the oldest one of the address that has most of them is dropped, so
+    // that a flood of connections never keeps a phone of another address out. Far above what phones
+    // cause.
     static constexpr int kMaxStrangers = 128;
-    // And beyond this many bytes of incomplete messages the one that holds most of them.
+    // And beyond this many bytes, unread, of incomplete messages and of answers that they do not
+    // take, the one that holds most of them.
     static constexpr qint64 kMaxStrangersBytes = 4 * qint64{kMaxPayload};
 
     explicit PhoneServer(const PhoneServerTimings& timings = {}, QObject* parent = nullptr);
     ~PhoneServer() override;
 
     // Listens on all interfaces, IPv4 and IPv6; port 0 takes any free one. False, and nothing
-    // changes, when that is not possible.
+    // changes but a line in the log, when that is not possible.
     [[nodiscard]] bool listen(quint16 port);
 
     // The port bound, 0 before a successful listen().
@@ -94,9 +100,10 @@ private:
     PhoneConnection* adopt(QTcpSocket* socket, bool usb);
     void limitStrangers();
     void limitStrangersBytes();
+    void serveStrangers();
 
     void onMessage(PhoneConnection& from, const Message& message) override;
-    void onTurnTaken(PhoneConnection& connection) override;
+    void onTurnWanted(PhoneConnection& stranger) override;
     void onEnded(PhoneConnection& connection) override;
 
     void passOnVideoFrame(int id, const Message& message);
@@ -106,10 +113,13 @@ private:
     static void refuse(PhoneConnection& connection, Refusal refusal);
 
     void keepAlive();
+    void onAcceptError();
 
     PhoneServerTimings m_timings;
     QTcpServer m_server;
     std::map<int, PhoneConnection*> m_connections; // by id, the oldest first; children of this
+    std::deque<int> m_strangerTurns; // ids of those with bytes to read, first come, first served
+    QTimer m_strangersTimer;
     quint16 m_port = 0;
     qint64 m_framesReceived = 0;
     int m_nextId = 1;
@@ -119,6 +129,7 @@ private:
     QTimer m_pingTimer;
     QElapsedTimer m_clock;
     qint64 m_lastKeepAliveMs = 0; // on m_clock
+    LogLimiter m_acceptErrors;
 };
 
 } // namespace pevrix

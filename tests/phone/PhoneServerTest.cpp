@@ -6,6 +6,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QNetworkProxy>
 #include <QThread>
 
 #include <memory>
@@ -309,6 +310,15 @@ TEST_F(PhoneServerTest, survivesReceiversThatEndTheConnectionTheyHearFrom)
         EXPECT_EQ(log.filter(u"frame"_s).size(), 1);
         EXPECT_EQ(log.filter(u"disconnected"_s).size(), 1);
     }
+}
+
+TEST_F(PhoneServerTest, listensHereWhateverProxyTheSystemNames)
+{
+    QNetworkProxy::setApplicationProxy({QNetworkProxy::Socks5Proxy, u"127.0.0.1"_s, 1});
+    serve(kQuiet);
+    QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
+    TestPhone phone(server->port());
+    EXPECT_TRUE(phone.sendAndSettle(helloMessage("D")));
 }
 
 TEST_F(PhoneServerTest, changesNothingWhenThePortIsTaken)
