@@ -271,7 +271,10 @@ void AppController::activate(int id)
 void AppController::onPhoneConnected(PhoneRoster::Phone phone)
 {
     const int id = phone.id;
-    qInfo("Pevrix: phone %d connected over %s", id, phone.usb ? "USB" : "Wi-Fi");
+    if (const auto note = m_phoneLines.admit()) {
+        qInfo("Pevrix: phone %d connected over %s%s", id, phone.usb ? "USB" : "Wi-Fi",
+              note->c_str());
+    }
     if (m_roster.add(std::move(phone))) {
         m_server.setActive(id, true);
     }
@@ -283,7 +286,9 @@ void AppController::onPhoneConnected(PhoneRoster::Phone phone)
 
 void AppController::onPhoneDisconnected(int id)
 {
-    qInfo("Pevrix: phone %d disconnected", id);
+    if (const auto note = m_phoneLines.admit()) {
+        qInfo("Pevrix: phone %d disconnected%s", id, note->c_str());
+    }
     m_streamSizes.remove(id);
     if (m_roster.remove(id)) {
         if (m_roster.isEmpty()) {

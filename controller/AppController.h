@@ -7,6 +7,7 @@
 #include "controller/Settings.h"
 #include "controller/SystemFunctions.h"
 #include "pairing/Pairing.h"
+#include "phone/LogLimiter.h"
 #include "phone/PhoneServer.h"
 #include "usb/UsbMuxClient.h"
 
@@ -190,6 +191,7 @@ private:
         QSize size;
         int fps = 0;
     } m_earlyStream;
+    LogLimiter m_phoneLines; // a phone may come and go as often as it likes
     QString m_status;
     QString m_serverInfo;
     int m_themeMode;

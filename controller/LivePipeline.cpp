@@ -93,7 +93,10 @@ void LivePipeline::recreateCamera(QSize size)
     m_sink.stop();
     // Without a camera the pictures still go to the preview and are counted.
     if (!m_sink.start(size.width(), size.height(), kCameraFps)) {
-        qWarning("Pevrix: there is no virtual camera of %d x %d", size.width(), size.height());
+        if (const auto note = m_streamLines.admit()) {
+            qWarning("Pevrix: there is no virtual camera of %d x %d%s", size.width(), size.height(),
+                     note->c_str());
+        }
     }
     m_cameraSize = size;
 }
@@ -105,7 +108,10 @@ void LivePipeline::startStream(QSize size, bool direct)
     }
     if (!isPictureSize(size.width(), size.height())) {
         // The pictures themselves will tell.
-        qWarning("Pevrix: a stream announced as %d x %d", size.width(), size.height());
+        if (const auto note = m_streamLines.admit()) {
+            qWarning("Pevrix: a stream announced as %d x %d%s", size.width(), size.height(),
+                     note->c_str());
+        }
         size = m_cameraSize;
     }
     m_cards.stop();
@@ -118,7 +124,9 @@ void LivePipeline::startStream(QSize size, bool direct)
     }
     if (!m_decoder.initialize(static_cast<std::uint32_t>(size.width()),
                               static_cast<std::uint32_t>(size.height()))) {
-        qWarning("Pevrix: there is no decoder for the stream");
+        if (const auto note = m_streamLines.admit()) {
+            qWarning("Pevrix: there is no decoder for the stream%s", note->c_str());
+        }
     }
     clearQueue();
     m_direct = direct;
@@ -170,7 +178,10 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
     ++m_framesDecoded;
     if (!m_firstFrameSeen) {
         m_firstFrameSeen = true;
-        qInfo("Pevrix: first picture of the stream, %dx%d", size.width(), size.height());
+        if (const auto note = m_streamLines.admit()) {
+            qInfo("Pevrix: first picture of the stream, %dx%d%s", size.width(), size.height(),
+                  note->c_str());
+        }
     }
     if (m_state == State::Stalled) {
         clearStall();
@@ -203,8 +214,11 @@ const std::uint8_t* LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize 
         }
         return m_cropped.data();
     }
-    qInfo("Pevrix: virtual camera adopts decoder output %dx%d (STREAM_INFO said %dx%d)",
-          size.width(), size.height(), m_cameraSize.width(), m_cameraSize.height());
+    if (const auto note = m_streamLines.admit()) {
+        qInfo("Pevrix: virtual camera adopts decoder output %dx%d (STREAM_INFO said %dx%d)%s",
+              size.width(), size.height(), m_cameraSize.width(), m_cameraSize.height(),
+              note->c_str());
+    }
     // A paused card of the old size may be on its way to the camera that goes.
     m_cards.stop();
     recreateCamera(size);

@@ -3,6 +3,7 @@
 #include "camera/IVirtualCameraSink.h"
 #include "controller/CardSender.h"
 #include "controller/PacingQueue.h"
+#include "phone/LogLimiter.h"
 #include "video/H264Decoder.h"
 #include "video/Mp4Recorder.h"
 
@@ -161,6 +162,7 @@ private:
     QTimer m_pacingTimer;
     QTimer m_stallTimer;
     Point m_lastProgress;
+    LogLimiter m_streamLines; // a phone may describe streams as often as it likes
     qint64 m_framesAtLastCheck = 0;
     DecodeTime m_decodeTime;
 };

@@ -1,29 +1,37 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
 
 namespace pevrix {
 
-// Thins out log lines that somebody else can cause as often as he likes: lets some through in each
-// interval and counts the rest. Plain code for one thread; the times are of the caller's clock and
-// never go back.
+// Thins out log lines that a peer can cause as often as it likes: lets some through in each
+// interval and counts the rest. Plain code for one thread.
+//
+//     if (const auto note = m_limiter.admit()) {
+//         qWarning("...%s", note->c_str());
+//     }
 class LogLimiter
 {
 public:
-    using Time = std::chrono::milliseconds;
+    using Clock = std::chrono::steady_clock;
 
     // At most lines in an interval, which begins with the first of them.
-    explicit LogLimiter(int lines = 10, Time interval = std::chrono::minutes(1))
+    explicit LogLimiter(int lines = 20, Clock::duration interval = std::chrono::minutes(1),
+                        std::function<Clock::time_point()> now = &Clock::now)
         : m_lines(lines)
         , m_interval(interval)
+        , m_now(std::move(now))
     {}
 
-    // None: leave the line out. Otherwise write it, and say how many were left out before it.
-    [[nodiscard]] std::optional<int> admit(Time now)
+    // None: leave the line out. Otherwise write it and put this at its end, which says how many
+    // were left out before it and is empty when there were none.
+    [[nodiscard]] std::optional<std::string> admit()
     {
+        const Clock::time_point now = m_now();
         if (!m_start || now - *m_start >= m_interval) {
             m_start = now;
             m_written = 0;
@@ -33,21 +41,18 @@ public:
             return std::nullopt;
         }
         ++m_written;
-        return std::exchange(m_leftOut, 0);
+        const int leftOut = std::exchange(m_leftOut, 0);
+        return leftOut == 0 ? std::string()
+                            : " (" + std::to_string(leftOut) + " such lines left out before)";
     }
 
 private:
     int m_lines;
-    Time m_interval;
-    std::optional<Time> m_start; // of the interval that runs
-    int m_written = 0;           // in it
-    int m_leftOut = 0;           // since the last line written
+    Clock::duration m_interval;
+    std::function<Clock::time_point()> m_now;
+    std::optional<Clock::time_point> m_start; // of the interval that runs
+    int m_written = 0;                        // in it
+    int m_leftOut = 0;                        // since the last line written
 };
-
-// What a line says about those before it that were left out, to be put at its end.
-[[nodiscard]] inline std::string leftOutNote(int leftOut)
-{
-    return leftOut > 0 ? " (" + std::to_string(leftOut) + " such lines left out before)" : "";
-}
 
 } // namespace pevrix

@@ -197,9 +197,9 @@ void PhoneServer::keepAlive()
 
 void PhoneServer::onAcceptError()
 {
-    if (const auto leftOut = m_acceptErrors.admit(LogLimiter::Time(m_clock.elapsed()))) {
+    if (const auto note = m_acceptErrors.admit()) {
         qWarning("Pevrix: cannot accept a connection: %s%s", qUtf8Printable(m_server.errorString()),
-                 leftOutNote(*leftOut).c_str());
+                 note->c_str());
     }
 }
 

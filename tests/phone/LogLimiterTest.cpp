@@ -9,17 +9,20 @@ using namespace std::chrono_literals;
 
 TEST(LogLimiterTest, letsSomeLinesThroughAndTellsHowManyItLeftOut)
 {
-    LogLimiter limiter(2, 60s);
-    EXPECT_EQ(limiter.admit(5s), 0);
-    EXPECT_EQ(limiter.admit(50s), 0);
-    EXPECT_EQ(limiter.admit(50s), std::nullopt);
-    EXPECT_EQ(limiter.admit(64999ms), std::nullopt);
-    EXPECT_EQ(limiter.admit(65s), 2);
-    EXPECT_EQ(limiter.admit(70s), 0);
-    EXPECT_EQ(limiter.admit(70s), std::nullopt);
-    EXPECT_EQ(limiter.admit(24h), 1);
-    EXPECT_EQ(leftOutNote(0), "");
-    EXPECT_EQ(leftOutNote(7), " (7 such lines left out before)");
+    LogLimiter::Clock::time_point now;
+    LogLimiter limiter(2, 60s, [&] { return now; });
+    const auto at = [&](auto seconds) {
+        now = LogLimiter::Clock::time_point(seconds);
+        return limiter.admit().value_or("left out");
+    };
+    EXPECT_EQ(at(5s), "");
+    EXPECT_EQ(at(50s), "");
+    EXPECT_EQ(at(50s), "left out");
+    EXPECT_EQ(at(64999ms), "left out");
+    EXPECT_EQ(at(65s), " (2 such lines left out before)");
+    EXPECT_EQ(at(70s), "");
+    EXPECT_EQ(at(70s), "left out");
+    EXPECT_EQ(at(24h), " (1 such lines left out before)");
 }
 
 } // namespace
