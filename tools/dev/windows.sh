@@ -81,24 +81,24 @@ deploy_windows() {
 # Debian has these libraries built for Linux only; they are compiled for Windows with the program.
 ensure_qrcodegen_source() {
     qrcodegen_source=$cache_dir/qrcodegen
-    ensure_source qr-code-generator cpp "$qrcodegen_source"
+    ensure_source qr-code-generator "$qrcodegen_source" cpp
 }
 ensure_libyuv_source() {
     libyuv_source=$cache_dir/libyuv
-    ensure_source libyuv . "$libyuv_source"
+    ensure_source libyuv "$libyuv_source"
 }
 
-# ensure_source PACKAGE PART FOLDER: the part of a Debian package's source in a folder that is made once.
+# ensure_source PACKAGE FOLDER [PART]: a Debian package's source, or a folder of it, made once.
 # Not every archive keeps the sources of each release; the release before it serves as well.
 ensure_source() {
-    local log partial=$3.partial
-    [ ! -d "$3" ] || return 0
+    local log partial=$2.partial
+    [ ! -d "$2" ] || return 0
     log=$(log_path "source-$1")
     say "fetching the source of $1"
     in_environment bash tools/dev/fetch-source.sh "$1" "$partial" >"$log" 2>&1 ||
         in_environment bash tools/dev/fetch-source.sh "$1" "$partial" bookworm >>"$log" 2>&1 ||
         fail_with_log "the source of $1 could not be fetched" "$log"
-    mv -T "$partial/$2" "$3"
+    mv -T "$partial${3:+/$3}" "$2"
     rm -rf "$partial"
 }
 
