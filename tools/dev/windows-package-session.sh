@@ -14,9 +14,14 @@ program="$drive/Program Files/Pevrix"
 user=$drive/users/$(id -un)
 windows_key='HKLM\Software\Microsoft\Windows\CurrentVersion'
 camera_class='HKLM\Software\Classes\CLSID\{276143AA-B755-440E-834A-93CDEBCA334B}'
-readers=(build/windows/tools) # folders of camreader, for each kind of programs that Wine runs
-[ -z "${PEVRIX_WINE32:-}" ] || readers+=(build/windows-x86/tools)
-[ -n "${PEVRIX_WINE32:-}" ] || echo "skipped: 32-bit readers: Wine's half for them is not here"
+readers=() # folders of camreader, for each kind of programs that Wine runs
+if [ -n "${PEVRIX_SOFTCAM:-}" ]; then
+    echo "skipped: readers of the camera: its library is another one (PEVRIX_SOFTCAM)"
+else
+    readers+=(build/windows/tools)
+    [ -z "${PEVRIX_WINE32:-}" ] || readers+=(build/windows-x86/tools)
+    [ -n "${PEVRIX_WINE32:-}" ] || echo "skipped: 32-bit readers: Wine's half for them is not here"
+fi
 logs=$build/package-logs
 rm -rf "$logs"
 mkdir -p "$logs"
@@ -82,6 +87,7 @@ readers_go_on() {
 # live_everywhere: a sender with the installed library, whose pictures every reader gets.
 live_everywhere() {
     local log
+    [ ${#readers[@]} -gt 0 ] || return 0
     wine_run build/windows/tools/camsender.exe --library 'C:\Program Files\Pevrix\softcam.dll' 640x480@3 \
         >"$logs/sender" 2>&1 || fail "the installed camera library takes no pictures: $(cat "$logs/sender")"
     for log in "$logs"/reader*; do

@@ -63,9 +63,12 @@ tools/dev/wine-run build/windows/tools/camreader.exe read --interval 0.25 \
 reader=$!
 pids+=($reader)
 wait_for "$work/reader" 'pictures=' "the camera could not be read"
-sleep 5
-cp "$work/reader" "$work/reader-of-phone"
-camera=$(tools/windows/check-phone-picture "$work/reader-of-phone") || fail "the camera: $camera"
+deadline=$((SECONDS + seconds_to_wait))
+until cp "$work/reader" "$work/reader-of-phone" &&
+    camera=$(tools/windows/check-phone-picture "$work/reader-of-phone" 2>&1); do
+    [ $SECONDS -lt $deadline ] || fail "the camera: $camera"
+    sleep 1
+done
 
 start_phone "Windows demo"
 status=0
