@@ -56,14 +56,15 @@ void PipeWireParams::add(const void* pod)
     m_list.at(m_count++) = static_cast<const spa_pod*>(pod);
 }
 
-void PipeWireParams::addFormats(const CameraFormat& format)
+void PipeWireParams::addFormats(const OfferedFormats& formats)
 {
-    for (const PixelLayout layout : kOfferedLayouts) {
-        if (!suits(layout, format)) {
-            continue;
+    for (const CameraFormat& format : formats.all()) {
+        for (const PixelLayout layout : kOfferedLayouts) {
+            if (suits(layout, format)) {
+                const spa_video_info_raw info = videoInfo(layout, format);
+                add(spa_format_video_raw_build(&m_builder, SPA_PARAM_EnumFormat, &info));
+            }
         }
-        const spa_video_info_raw info = videoInfo(layout, format);
-        add(spa_format_video_raw_build(&m_builder, SPA_PARAM_EnumFormat, &info));
     }
 }
 
@@ -83,21 +84,24 @@ void PipeWireParams::addBuffers(PixelLayout layout, const CameraFormat& format)
                                    SPA_PARAM_META_size, SPA_POD_Int(sizeof(spa_meta_header))));
 }
 
-PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& offered)
+std::optional<AgreedFormat> agreedFormat(const spa_pod* param, const OfferedFormats& offered)
 {
     spa_video_info info{};
     if (spa_format_parse(param, &info.media_type, &info.media_subtype) < 0 ||
         info.media_type != SPA_MEDIA_TYPE_video || info.media_subtype != SPA_MEDIA_SUBTYPE_raw ||
         spa_format_video_raw_parse(param, &info.info.raw) < 0) {
-        return PixelLayout::None;
+        return std::nullopt;
     }
     const spa_video_info_raw& raw = info.info.raw;
-    if (raw.size.width != offered.width || raw.size.height != offered.height) {
-        return PixelLayout::None;
+    const auto layout = std::ranges::find(kOfferedLayouts, raw.format, videoFormat);
+    const auto formats = offered.all();
+    const auto format = std::ranges::find_if(formats, [&raw](const CameraFormat& one) {
+        return raw.size.width == one.width && raw.size.height == one.height;
+    });
+    if (layout == kOfferedLayouts.end() || format == formats.end() || !suits(*layout, *format)) {
+        return std::nullopt;
     }
-    const auto found = std::ranges::find(kOfferedLayouts, raw.format, videoFormat);
-    const bool known = found != kOfferedLayouts.end() && suits(*found, offered);
-    return known ? *found : PixelLayout::None;
+    return AgreedFormat{*layout, *format};
 }
 
 } // namespace pevrix

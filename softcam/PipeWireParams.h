@@ -1,9 +1,11 @@
 #pragma once
 
+#include "softcam/OfferedFormats.h"
 #include "softcam/PictureFormat.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <spa/pod/builder.h>
 
 namespace pevrix {
@@ -20,9 +22,9 @@ public:
     PipeWireParams(const PipeWireParams&) = delete; // the list points into the bytes
     PipeWireParams& operator=(const PipeWireParams&) = delete;
 
-    // What the camera offers: an entry per layout, each of plain values, for browsers skip an entry
-    // that leaves a choice of format or size.
-    void addFormats(const CameraFormat& format);
+    // What the camera offers: an entry per size and layout, each of plain values, for browsers skip
+    // an entry that leaves a choice of format or size.
+    void addFormats(const OfferedFormats& formats);
 
     // What buffers have to be like once a layout is agreed on: in one block, in memory that can be
     // shared, with a header for the time stamp.
@@ -32,20 +34,30 @@ public:
     [[nodiscard]] std::uint32_t count() const { return m_count; }
 
 private:
+    static constexpr std::size_t kMost = OfferedFormats::kMost * kOfferedLayouts.size();
+
     void add(const void* pod);
 
-    alignas(8) std::array<std::uint8_t, 2048> m_bytes{}; // an entry takes about 200
+    alignas(8) std::array<std::uint8_t, kMost * 256> m_bytes{}; // an entry takes about 200
     spa_pod_builder m_builder{.data = m_bytes.data(),
                               .size = static_cast<std::uint32_t>(m_bytes.size()),
                               ._padding = 0,
                               .state = {},
                               .callbacks = {}};
-    std::array<const spa_pod*, kOfferedLayouts.size()> m_list{};
+    std::array<const spa_pod*, kMost> m_list{};
     std::uint32_t m_count = 0;
 };
 
-// The layout that a format parameter from outside agrees on; None when it is not one that was
-// offered with addFormats().
-[[nodiscard]] PixelLayout agreedLayout(const spa_pod* param, const CameraFormat& offered);
+// What a reader has agreed on.
+struct AgreedFormat
+{
+    PixelLayout layout = PixelLayout::None;
+    CameraFormat picture;
+};
+
+// What a format parameter from outside agrees on; none when it is not one that was offered with
+// addFormats().
+[[nodiscard]] std::optional<AgreedFormat> agreedFormat(const spa_pod* param,
+                                                       const OfferedFormats& offered);
 
 } // namespace pevrix

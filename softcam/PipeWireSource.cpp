@@ -147,7 +147,7 @@ bool PipeWireSource::offerNode(Connection& connection)
     }
     pw_stream_add_listener(connection.stream.get(), connection.streamListener.hook(),
                            &Callbacks::kStream, this);
-    m_offered = *m_camera;
+    m_offered.lead(*m_camera);
     PipeWireParams params;
     params.addFormats(m_offered);
     // The camera gives the pace, and a consumer links to it when it likes.
@@ -158,12 +158,12 @@ bool PipeWireSource::offerNode(Connection& connection)
                              params.list(), params.count()) >= 0;
 }
 
-// Nobody must be reading: a reader whose format is no longer offered is made to agree on another
-// one, which browsers do not survive.
+// Nobody must be reading: with another list a reader is made to agree on a format anew, which
+// browsers do not survive.
 void PipeWireSource::offerFormats()
 {
-    if (m_camera && m_offered != *m_camera) {
-        m_offered = *m_camera;
+    if (m_camera && !m_offered.isLedBy(*m_camera)) {
+        m_offered.lead(*m_camera);
         PipeWireParams params;
         params.addFormats(m_offered);
         pw_stream_update_params(m_connection->stream.get(), params.list(), params.count());
@@ -186,7 +186,7 @@ void PipeWireSource::setRetryTimer(int seconds)
 void PipeWireSource::setStreaming(bool streaming)
 {
     if (streaming && !m_streaming && m_reader) {
-        m_schedule = PictureSchedule(m_offered);
+        m_schedule = PictureSchedule(m_reader->format);
         m_mailbox.clear();
     }
     m_streaming = streaming && m_reader;
@@ -194,16 +194,16 @@ void PipeWireSource::setStreaming(bool streaming)
 
 void PipeWireSource::agreeOnFormat(const spa_pod* param)
 {
-    const PixelLayout layout =
-        param == nullptr ? PixelLayout::None : agreedLayout(param, m_offered);
-    if (layout == PixelLayout::None) {
+    const auto agreed = param == nullptr ? std::nullopt : agreedFormat(param, m_offered);
+    if (!agreed) {
         m_reader.reset();
         offerFormats();
         return;
     }
-    m_reader.emplace(layout, m_offered);
+    m_reader.emplace(agreed->layout, agreed->picture);
+    m_offered.keep(agreed->picture);
     PipeWireParams params;
-    params.addBuffers(layout, m_offered);
+    params.addBuffers(agreed->layout, agreed->picture);
     pw_stream_update_params(m_connection->stream.get(), params.list(), params.count());
 }
 
@@ -237,13 +237,13 @@ bool PipeWireSource::writePicture(const BgrPicture& picture, spa_buffer& buffer)
         return false;
     }
     spa_data& block = buffer.datas[0];
-    const std::size_t size = pictureSize(m_reader->layout, m_offered);
+    const std::size_t size = pictureSize(m_reader->layout, m_reader->format);
     const bool fits = block.data != nullptr && block.maxsize >= size;
     const bool written =
         fits && m_reader->write(picture, {static_cast<std::uint8_t*>(block.data), block.maxsize});
     block.chunk->offset = 0;
     block.chunk->size = written ? static_cast<std::uint32_t>(size) : 0;
-    block.chunk->stride = static_cast<std::int32_t>(rowSize(m_reader->layout, m_offered));
+    block.chunk->stride = static_cast<std::int32_t>(rowSize(m_reader->layout, m_reader->format));
     block.chunk->flags = 0;
     return written;
 }

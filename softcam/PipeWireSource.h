@@ -1,5 +1,6 @@
 #pragma once
 
+#include "softcam/OfferedFormats.h"
 #include "softcam/PictureConverter.h"
 #include "softcam/PictureMailbox.h"
 #include "softcam/PictureSchedule.h"
@@ -34,7 +35,7 @@ public:
     PipeWireSource& operator=(const PipeWireSource&) = delete;
 
     // Makes the node, or has it follow a camera of another format: new readers are offered that one
-    // as soon as nobody reads in the former.
+    // first as soon as nobody reads.
     void offer(const CameraFormat& format);
 
     // Takes the node away from its readers.
@@ -59,13 +60,15 @@ private:
     // What the programs that are linked to the node have agreed on.
     struct Reader
     {
-        Reader(PixelLayout agreed, const CameraFormat& format)
+        Reader(PixelLayout agreed, const CameraFormat& picture)
             : layout(agreed)
-            , converter(agreed, format)
+            , format(picture)
+            , converter(agreed, picture)
         {}
         [[nodiscard]] bool write(const BgrPicture& picture, std::span<std::uint8_t> to);
 
         PixelLayout layout;
+        CameraFormat format;
         PictureConverter converter;
     };
     struct Callbacks; // PipeWire's
@@ -88,7 +91,7 @@ private:
     spa_source* m_retryTimer; // owned by the loop
     std::unique_ptr<Connection> m_connection;
     std::optional<CameraFormat> m_camera; // none: withdrawn
-    CameraFormat m_offered;               // what the node offers, and so its readers' format
+    OfferedFormats m_offered;             // what the node offers
     std::optional<Reader> m_reader;       // none: nobody is linked
     PictureSchedule m_schedule{{.rateNumerator = 30}};
     std::uint64_t m_sequence = 0;

@@ -81,7 +81,12 @@ class Reader
 public:
     Reader(const TestCamera& camera, const QString& format, int pictures,
            const QStringList& tail = {})
-        : m_process(u"gst-launch-1.0"_s, arguments(camera.picture(), format, pictures, tail))
+        : Reader(camera.picture(), format, pictures, tail)
+    {}
+    // One that asks for the size of this picture, whatever the camera's is.
+    Reader(const Picture& picture, const QString& format, int pictures,
+           const QStringList& tail = {})
+        : m_process(u"gst-launch-1.0"_s, arguments(picture, format, pictures, tail))
     {}
 
     // The last of `pictures` that were asked for, each of `size` bytes; all of them must have come.
