@@ -203,6 +203,18 @@ in_environment() {
     return $status
 }
 
+# in_closed_environment CMD...: the same without a network, so that nothing calls home, and with
+# processes that all end with the command. Needs bubblewrap in the environment where that is the machine.
+in_closed_environment() {
+    local bwrap_options=(--unshare-net --unshare-pid)
+    if [ -n "${PEVRIX_INSIDE:-}" ] || [ "$environment_kind" = host ]; then
+        in_environment bwrap --dev-bind / / --proc /proc "${bwrap_options[@]}" --die-with-parent -- "$@"
+    else
+        in_environment "$@"
+    fi
+}
+
+bwrap_options=()
 enter_root() {
     local root=$environment_root mounts=() entry
     for entry in bin sbin lib lib32 lib64; do
@@ -219,7 +231,7 @@ enter_root() {
     done
     bwrap --tmpfs / --ro-bind "$root/usr" /usr --ro-bind "$root/etc" /etc \
         --ro-bind "$root/var" /var --tmpfs /var/tmp --tmpfs /run --dir "$HOME" \
-        --dev-bind /dev /dev --proc /proc --ro-bind /sys /sys "${mounts[@]}" \
+        --dev-bind /dev /dev --proc /proc --ro-bind /sys /sys "${mounts[@]}" "${bwrap_options[@]}" \
         --setenv PATH "$PATH:/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin" \
         --unsetenv LIBRARY_PATH --unsetenv LD_LIBRARY_PATH \
         --chdir "$PWD" --die-with-parent -- "$@"
