@@ -44,8 +44,9 @@ public:
     {
         m_behind = m_waits ? m_behind : m_interval;
         const bool waited = m_waits && now < m_tick - m_interval * 3 / 8;
-        const auto earlier = waited ? std::min(m_behind, m_interval / 16) : m_interval.zero();
-        m_behind -= earlier;
+        const auto most = std::max(std::min(m_behind, m_interval / 16), m_interval / 256);
+        const auto earlier = waited ? most : m_interval.zero();
+        m_behind -= std::min(m_behind, earlier);
         m_waits = false;
         m_tick = now - m_tick > 2 * m_interval ? now + m_interval : m_tick + m_interval - earlier;
     }
