@@ -18,7 +18,6 @@ add_library(softcam SHARED
 target_include_directories(softcam PUBLIC ${PROJECT_SOURCE_DIR})
 target_link_libraries(softcam PRIVATE
     pevrix_flags pevrix_pictures pevrix_system advapi32 ole32 strmiids uuid)
-pevrix_arrows(softcam pevrix_system)
 set_target_properties(softcam PROPERTIES PREFIX "" AUTOMOC OFF)
 pevrix_windows_resources(softcam "Pevrix virtual camera")
 
