@@ -32,8 +32,8 @@ endif()
 # What converts and scales the camera's pictures. It comes without a description of its own.
 if(PEVRIX_LIBYUV_SOURCE)
     file(GLOB sources ${PEVRIX_LIBYUV_SOURCE}/source/*.cc)
-    # No JPEG, and only what the processors of this family run; the rest is empty files.
-    list(FILTER sources EXCLUDE REGEX "jpeg|_(mmi|msa|lsx|lasx|neon|neon64|win)\\.cc$")
+    # No JPEG, and nothing for other families of processors. Of the rest a compiler sees its own part.
+    list(FILTER sources EXCLUDE REGEX "jpeg|_(mmi|msa|lsx|lasx|neon|neon64)\\.cc$")
     add_library(yuv STATIC EXCLUDE_FROM_ALL ${sources})
     target_include_directories(yuv SYSTEM PUBLIC ${PEVRIX_LIBYUV_SOURCE}/include)
     # Whatever the build: pictures are converted by unoptimised code ten times slower.

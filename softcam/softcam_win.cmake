@@ -21,10 +21,14 @@ target_link_libraries(softcam PRIVATE
 set_target_properties(softcam PROPERTIES PREFIX "" AUTOMOC OFF)
 pevrix_windows_resources(softcam "Pevrix virtual camera")
 
+set(parts softcam pevrix_pictures)
+if(PEVRIX_LIBYUV_SOURCE)
+    list(APPEND parts yuv)
+endif()
 if(MSVC)
-    set_target_properties(softcam pevrix_pictures yuv PROPERTIES MSVC_RUNTIME_LIBRARY MultiThreaded)
+    set_target_properties(${parts} PROPERTIES MSVC_RUNTIME_LIBRARY MultiThreaded)
 else()
-    foreach(part softcam pevrix_pictures yuv)
+    foreach(part ${parts})
         target_compile_options(${part} PRIVATE -ffunction-sections -fdata-sections
             -fstack-protector-strong)
         if(CMAKE_SIZEOF_VOID_P EQUAL 4)
