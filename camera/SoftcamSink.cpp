@@ -27,6 +27,7 @@ void resolve(Function*& function, const CameraLibrary& library, const char* name
 SoftcamSink::SoftcamSink(std::filesystem::path libraryName, PacingTime time)
     : m_libraryName(std::move(libraryName))
     , m_time(std::move(time))
+    , m_sender(m_time)
 {}
 
 SoftcamSink::~SoftcamSink()
@@ -70,9 +71,7 @@ void SoftcamSink::sendFrame(const std::uint8_t* pixels)
 
 void SoftcamSink::stop()
 {
-    if (m_running.exchange(false) && m_thread.joinable()) {
-        m_thread.join();
-    }
+    m_sender.stop();
     if (isActive()) {
         deleteCamera();
         m_time.sleepUntil(m_time.now() + kVanishTime);
@@ -135,27 +134,16 @@ try {
         m_pending.assign(picture.size(), 0);
         m_hasFrame = false;
     }
-    m_running = true;
-    m_thread = std::thread(&SoftcamSink::sendPictures, this, m_camera, std::move(picture));
-    return true;
+    return m_sender.start(FrameClock::periodOf(m_fps),
+                          [this, camera = m_camera, picture = std::move(picture)]() mutable {
+                              // Outside the lock: a library that is slow to take a picture must not
+                              // hold up sendFrame().
+                              if (takePending(picture)) {
+                                  m_sendFrameFn(camera, picture.data());
+                              }
+                          });
 } catch (const std::exception&) {
-    m_running = false;
     return false;
-}
-
-// The sender thread.
-void SoftcamSink::sendPictures(Camera camera, Pixels picture)
-{
-    FrameClock clock(FrameClock::periodOf(m_fps), m_time.now());
-    while (m_running) {
-        // Outside the lock: a library that is slow to take a picture must not hold up sendFrame().
-        if (takePending(picture)) {
-            m_sendFrameFn(camera, picture.data());
-        }
-        if (const auto deadline = clock.advance(m_time.now())) {
-            m_time.sleepUntil(*deadline);
-        }
-    }
 }
 
 // The newest picture stays in the mailbox, to be sent again until there is a newer one.

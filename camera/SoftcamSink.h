@@ -1,12 +1,10 @@
 #pragma once
 
 #include "camera/CameraLibrary.h"
-#include "camera/FrameClock.h"
 #include "camera/IVirtualCameraSink.h"
+#include "camera/PacedThread.h"
 
-#include <atomic>
 #include <mutex>
-#include <thread>
 #include <vector>
 
 namespace pevrix {
@@ -45,7 +43,6 @@ private:
     bool loadLibrary();
     void clearEntryPoints();
     bool startSender(int width, int height);
-    void sendPictures(Camera camera, Pixels picture);
     bool takePending(Pixels& picture);
     void deleteCamera();
 
@@ -67,13 +64,13 @@ private:
     int m_width = 0;
     int m_height = 0;
     float m_fps = 0;
-    std::thread m_thread;
-    std::atomic<bool> m_running = false;
 
     // Guards the size and the mailbox, and is held only for a copy.
     std::mutex m_mutex;
     Pixels m_pending; // width * height * 3 bytes while a camera exists, else empty
     bool m_hasFrame = false;
+
+    PacedThread m_sender; // last: it uses all of the above
 };
 
 } // namespace pevrix

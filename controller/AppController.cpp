@@ -233,9 +233,7 @@ void AppController::toggleRecording()
         const QString path = m_recordingFolder + u"/Pevrix_"_s +
                              QDateTime::currentDateTime().toString(u"yyyyMMdd_HHmmss"_s) +
                              u".mp4"_s;
-        if (m_pipeline.startRecording(path)) {
-            m_lastRecordingPath = path;
-        }
+        static_cast<void>(m_pipeline.startRecording(path));
     }
     Q_EMIT changed();
 }

@@ -101,7 +101,7 @@ public:
     [[nodiscard]] bool cameraRegistered() const { return m_options.system.isCameraRegistered(); }
     [[nodiscard]] bool recording() const { return m_pipeline.isRecording(); }
     /// Full path of the last recording that was started.
-    [[nodiscard]] QString lastRecordingPath() const { return m_lastRecordingPath; }
+    [[nodiscard]] QString lastRecordingPath() const { return m_pipeline.lastRecordingPath(); }
     [[nodiscard]] QString recordingFolder() const { return m_recordingFolder; }
     [[nodiscard]] bool minimizeToTray() const { return m_minimizeToTray; }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
@@ -197,7 +197,6 @@ private:
     int m_themeMode;
     QString m_recordingFolder;
     bool m_minimizeToTray;
-    QString m_lastRecordingPath;
     QTimer m_statisticsTimer;
     QElapsedTimer m_statisticsClock;
     LiveStatistics m_statistics;

@@ -1,14 +1,10 @@
 #pragma once
 
-#include "camera/FrameClock.h"
-#include "camera/IVirtualCameraSink.h"
+#include "camera/PacedThread.h"
+#include "controller/CameraOutput.h"
 
-#include <atomic>
-#include <cstdint>
-#include <memory>
+#include <chrono>
 #include <mutex>
-#include <thread>
-#include <vector>
 
 namespace pevrix {
 
@@ -17,40 +13,30 @@ namespace pevrix {
 class CardSender
 {
 public:
-    using Card = std::shared_ptr<const std::vector<std::uint8_t>>; // packed pixels
-
     /// 30 pictures a second, in whole microseconds.
     static constexpr std::chrono::nanoseconds kPeriod{33'333'000};
 
-    /// `outputEnabled` says whether pictures go out, `framesSent` counts them; like the sink they
-    /// belong to the caller and must outlive this object.
-    CardSender(IVirtualCameraSink& sink, const std::atomic<bool>& outputEnabled,
-               std::atomic<std::int64_t>& framesSent);
-    ~CardSender();
-    CardSender(const CardSender&) = delete;
-    CardSender& operator=(const CardSender&) = delete;
+    /// `output` must outlive this object.
+    explicit CardSender(CameraOutput& output)
+        : m_output(output)
+    {}
 
-    /// Puts another card in place of the one being sent. Any thread; the pixels are never written
-    /// to again, so that a card is sent whole.
-    void setCard(Card card);
+    /// Puts another card in place of the one being sent. Any thread; a card is sent whole.
+    void setCard(SharedPicture card);
 
-    /// Starts to send pictures of this size; does nothing while it sends already, or when the
-    /// system has no thread left. A card of another size is replaced by plain dark grey.
-    void start(int width, int height);
-    void stop();
-    [[nodiscard]] bool isRunning() const { return m_running; }
+    /// Starts to send; does nothing while it sends already, or when the system has no thread left.
+    /// A card that is not of the camera's size is replaced by plain dark grey.
+    void start();
+    void stop() { m_thread.stop(); }
+    [[nodiscard]] bool isRunning() const { return m_thread.isRunning(); }
 
 private:
-    void sendCards(std::size_t bytes);
-    [[nodiscard]] Card card() const;
+    [[nodiscard]] SharedPicture card() const;
 
-    IVirtualCameraSink& m_sink;
-    const std::atomic<bool>& m_outputEnabled;
-    std::atomic<std::int64_t>& m_framesSent;
-    std::atomic<bool> m_running = false;
+    CameraOutput& m_output;
     mutable std::mutex m_mutex; // guards m_card
-    Card m_card;
-    std::thread m_thread;
+    SharedPicture m_card;
+    PacedThread m_thread; // last: it uses all of the above
 };
 
 } // namespace pevrix

@@ -3,11 +3,7 @@
 #include "controller/Card.h"
 #include "picture/PictureSize.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include <cstring>
-#include <filesystem>
 #include <span>
 
 namespace pevrix {
@@ -23,19 +19,18 @@ constexpr auto kDefaultPacing = 33ms; // 30 pictures a second
 LivePipeline::LivePipeline(IVirtualCameraSink& sink, PipelineTime time, QObject* parent)
     : QObject(parent)
     , m_time(std::move(time))
-    , m_sink(sink)
     , m_decoder([this](const std::uint8_t* pixels, int width, int height, std::int64_t) {
         onPicture(pixels, {width, height});
     })
-    , m_cards(sink, m_outputEnabled, m_framesSent)
-    , m_lastProgress(m_time.now())
+    , m_camera(sink)
+    , m_cards(m_camera)
 {
     m_pacingTimer.setTimerType(Qt::PreciseTimer);
     m_pacingTimer.setInterval(kDefaultPacing);
     connect(&m_pacingTimer, &QTimer::timeout, this, &LivePipeline::pacingTick);
     connect(&m_stallTimer, &QTimer::timeout, this, &LivePipeline::checkStall);
     if (m_time.timersRun) {
-        m_stallTimer.start(kStallCheckInterval);
+        m_stallTimer.start(StallDetector::kCheckInterval);
     }
 }
 
@@ -51,35 +46,24 @@ void LivePipeline::setState(State state)
     Q_EMIT stateChanged();
 }
 
-bool LivePipeline::createCamera()
-{
-    return m_sink.start(m_cameraSize.width(), m_cameraSize.height(), kCameraFps);
-}
-
 void LivePipeline::showIdle()
 {
-    feedCard(drawIdle());
+    feedCard(drawIdleCard(cameraSize(), m_pairAddress));
     setState(State::Idle);
-}
-
-CardSender::Card LivePipeline::drawIdle() const
-{
-    return std::make_shared<const std::vector<std::uint8_t>>(
-        drawIdleCard(m_cameraSize, m_pairAddress));
 }
 
 void LivePipeline::setPairAddress(const QString& address)
 {
     m_pairAddress = address;
     if (m_state == State::Idle) {
-        m_cards.setCard(drawIdle());
+        feedCard(drawIdleCard(cameraSize(), m_pairAddress));
     }
 }
 
-void LivePipeline::feedCard(CardSender::Card card)
+void LivePipeline::feedCard(std::vector<std::uint8_t> pixels)
 {
-    m_cards.setCard(std::move(card));
-    m_cards.start(m_cameraSize.width(), m_cameraSize.height());
+    m_cards.setCard(sharePicture(cameraSize().width(), cameraSize().height(), std::move(pixels)));
+    m_cards.start();
 }
 
 void LivePipeline::clearQueue()
@@ -88,17 +72,15 @@ void LivePipeline::clearQueue()
     m_queue.clear();
 }
 
-void LivePipeline::recreateCamera(QSize size)
+void LivePipeline::resizeCamera(QSize size)
 {
-    m_sink.stop();
-    // Without a camera the pictures still go to the preview and are counted.
-    if (!m_sink.start(size.width(), size.height(), kCameraFps)) {
-        if (const auto note = m_streamLines.admit()) {
-            qWarning("Pevrix: there is no virtual camera of %d x %d%s", size.width(), size.height(),
-                     note->c_str());
-        }
+    if (m_camera.resize(size)) {
+        return;
     }
-    m_cameraSize = size;
+    if (const auto note = m_streamLines.admit()) {
+        qWarning("Pevrix: there is no virtual camera of %d x %d%s", size.width(), size.height(),
+                 note->c_str());
+    }
 }
 
 void LivePipeline::startStream(QSize size, bool direct)
@@ -112,15 +94,14 @@ void LivePipeline::startStream(QSize size, bool direct)
             qWarning("Pevrix: a stream announced as %d x %d%s", size.width(), size.height(),
                      note->c_str());
         }
-        size = m_cameraSize;
+        size = cameraSize();
     }
     m_cards.stop();
-    if (m_recorder.isOpen() && QSize(static_cast<int>(m_recorder.width()),
-                                     static_cast<int>(m_recorder.height())) != size) {
+    if (isRecording() && m_recording.size() != size) {
         stopRecording();
     }
-    if (!m_sink.isActive() || m_cameraSize != size) {
-        recreateCamera(size);
+    if (!m_camera.exists() || cameraSize() != size) {
+        resizeCamera(size);
     }
     if (!m_decoder.initialize(static_cast<std::uint32_t>(size.width()),
                               static_cast<std::uint32_t>(size.height()))) {
@@ -129,10 +110,10 @@ void LivePipeline::startStream(QSize size, bool direct)
         }
     }
     clearQueue();
+    m_pool.clear();
     m_direct = direct;
     m_firstFrameSeen = false;
-    m_framesAtLastCheck = m_framesDecoded;
-    m_lastProgress = m_time.now();
+    m_stall.streamStarts(m_time.now(), m_framesDecoded);
     setState(State::Live);
 }
 
@@ -146,7 +127,7 @@ void LivePipeline::setFrameRate(int fps)
 
 void LivePipeline::feed(QByteArrayView accessUnit, qint64 ptsUsec)
 {
-    const Point before = m_time.now();
+    const auto before = m_time.now();
     if (decode(accessUnit, ptsUsec)) {
         m_decodeTime.total += m_time.now() - before;
         ++m_decodeTime.count;
@@ -174,7 +155,7 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
     if (!isLive() || size.isEmpty()) {
         return;
     }
-    const std::uint8_t* fitted = fitToCamera(pixels, size);
+    SharedPicture picture = fitToCamera(pixels, size);
     ++m_framesDecoded;
     if (!m_firstFrameSeen) {
         m_firstFrameSeen = true;
@@ -183,14 +164,12 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
                   note->c_str());
         }
     }
-    if (m_state == State::Stalled) {
-        clearStall();
-    }
+    follow(m_stall.pictureCame());
     if (m_direct) {
-        deliver(fitted);
+        deliver(picture);
         return;
     }
-    m_queue.push({fitted, cameraBytes()});
+    m_queue.push(std::move(picture));
     if (m_time.timersRun && !m_pacingTimer.isActive()) {
         m_pacingTimer.start();
     }
@@ -198,84 +177,87 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
 
 // The picture in the camera's size: as it is, without the decoder's padding, or with the camera
 // made anew for it.
-const std::uint8_t* LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
+SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
 {
-    const QSize padding = size - m_cameraSize;
+    const QSize camera = cameraSize();
+    const QSize padding = size - camera;
     if (padding.isNull()) {
-        return pixels;
+        const auto picture = m_pool.take(size.width(), size.height());
+        m_decoder.swapPixels(picture->pixels);
+        return picture;
     }
     if (padding.width() >= 0 && padding.height() >= 0 && padding.width() <= kMaxPadding &&
         padding.height() <= kMaxPadding) {
         const auto from = static_cast<std::size_t>(size.width()) * 3;
-        const auto to = static_cast<std::size_t>(m_cameraSize.width()) * 3;
-        m_cropped.resize(cameraBytes());
-        for (std::size_t y = 0; y < static_cast<std::size_t>(m_cameraSize.height()); ++y) {
-            std::memcpy(&m_cropped[y * to], pixels + y * from, to);
+        const auto to = static_cast<std::size_t>(camera.width()) * 3;
+        const auto picture = m_pool.take(camera.width(), camera.height());
+        for (std::size_t y = 0; y < static_cast<std::size_t>(camera.height()); ++y) {
+            std::memcpy(&picture->pixels[y * to], pixels + y * from, to);
         }
-        return m_cropped.data();
+        return picture;
     }
     if (const auto note = m_streamLines.admit()) {
         qInfo("Pevrix: virtual camera adopts decoder output %dx%d (STREAM_INFO said %dx%d)%s",
-              size.width(), size.height(), m_cameraSize.width(), m_cameraSize.height(),
-              note->c_str());
+              size.width(), size.height(), camera.width(), camera.height(), note->c_str());
     }
     // A paused card of the old size may be on its way to the camera that goes.
     m_cards.stop();
-    recreateCamera(size);
+    resizeCamera(size);
     m_queue.clear();
-    return pixels;
-}
-
-std::size_t LivePipeline::cameraBytes() const
-{
-    return pictureBytes(m_cameraSize.width(), m_cameraSize.height());
+    m_pool.clear();
+    return fitToCamera(pixels, size);
 }
 
 void LivePipeline::pacingTick()
 {
     if (!m_queue.isEmpty()) {
-        deliver(m_queue.front().data());
-        m_queue.pop();
+        deliver(m_queue.pop());
     }
 }
 
-void LivePipeline::deliver(const std::uint8_t* pixels)
+void LivePipeline::deliver(const SharedPicture& picture)
 {
-    if (m_outputEnabled) {
-        m_sink.sendFrame(pixels);
-        ++m_framesSent;
+    for (IPictureConsumer* consumer : m_consumers) {
+        consumer->show(picture);
     }
-    if (m_recorder.isOpen() && static_cast<int>(m_recorder.width()) == m_cameraSize.width() &&
-        static_cast<int>(m_recorder.height()) == m_cameraSize.height()) {
-        m_recorder.writeFrame(pixels);
-    } else if (!m_recorder.isOpen()) {
-        stopRecording(); // if it has ended by itself
-    }
-    // The buffer is used again for another picture, so the preview gets pixels of its own.
-    Q_EMIT frameReady(QImage(pixels, m_cameraSize.width(), m_cameraSize.height(),
-                             qsizetype{m_cameraSize.width()} * 3, QImage::Format_BGR888)
-                          .copy());
+}
+
+// The image keeps the picture, so that its pixels need not be copied.
+void LivePipeline::Preview::show(const SharedPicture& picture)
+{
+    const auto release = [](void* kept) {
+        delete static_cast<SharedPicture*>(kept);
+    };
+    Q_EMIT m_pipeline.frameReady(QImage(picture->pixels.data(), picture->width, picture->height,
+                                        qsizetype{picture->width} * 3, QImage::Format_BGR888,
+                                        release, new SharedPicture(picture)));
 }
 
 void LivePipeline::checkStall()
 {
-    const Point now = m_time.now();
-    const bool moved = m_framesDecoded != m_framesAtLastCheck;
-    if (moved) {
-        m_framesAtLastCheck = m_framesDecoded;
-        m_lastProgress = now;
+    if (isLive()) {
+        follow(m_stall.check(m_time.now(), m_framesDecoded));
     }
-    if (m_state == State::Stalled && moved) {
-        clearStall();
-    } else if (m_state == State::Live && m_firstFrameSeen && now - m_lastProgress > kStallLimit) {
+}
+
+void LivePipeline::follow(StallDetector::Change change)
+{
+    switch (change) {
+    case StallDetector::Change::None:
+        break;
+    case StallDetector::Change::Stalled:
         enterStall();
+        break;
+    case StallDetector::Change::Resumed:
+        clearStall();
+        break;
     }
 }
 
 void LivePipeline::enterStall()
 {
     clearQueue();
-    feedCard(std::make_shared<const std::vector<std::uint8_t>>(drawPausedCard(m_cameraSize)));
+    feedCard(drawPausedCard(cameraSize()));
     qInfo("Pevrix: stall -> paused card (active phone stopped sending video)");
     setState(State::Stalled);
 }
@@ -298,33 +280,8 @@ void LivePipeline::goIdle()
 
 bool LivePipeline::startRecording(const QString& path)
 {
-    if (!isLive() || !m_outputEnabled) {
-        return false;
-    }
-    QDir().mkpath(QFileInfo(path).path());
-    m_recordingStarted = m_recorder.open(std::filesystem::path(path.toStdU16String()),
-                                         static_cast<std::uint32_t>(m_cameraSize.width()),
-                                         static_cast<std::uint32_t>(m_cameraSize.height()),
-                                         static_cast<int>(kCameraFps));
-    if (!m_recordingStarted) {
-        qWarning("Pevrix: cannot record to %s", qUtf8Printable(path));
-    }
-    return m_recordingStarted;
-}
-
-void LivePipeline::stopRecording()
-{
-    if (!std::exchange(m_recordingStarted, false)) {
-        return;
-    }
-    if (!m_recorder.isOpen()) {
-        qWarning("Pevrix: the recording ended early, because it could not be written");
-    }
-    m_recorder.close();
-    if (const auto dropped = m_recorder.droppedPictures(); dropped > 0) {
-        qWarning("Pevrix: the recording lacks %llu pictures; the encoder was too slow",
-                 static_cast<unsigned long long>(dropped));
-    }
+    return isLive() && outputEnabled() &&
+           m_recording.start(path, cameraSize(), static_cast<int>(CameraOutput::kFps));
 }
 
 void LivePipeline::stop()
@@ -333,7 +290,7 @@ void LivePipeline::stop()
     m_cards.stop();
     clearQueue();
     m_decoder.reset();
-    m_sink.stop();
+    m_camera.remove();
     setState(State::Stopped);
 }
 

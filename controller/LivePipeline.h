@@ -1,11 +1,11 @@
 #pragma once
 
-#include "camera/IVirtualCameraSink.h"
 #include "controller/CardSender.h"
 #include "controller/PacingQueue.h"
+#include "controller/Recording.h"
+#include "controller/StallDetector.h"
 #include "phone/LogLimiter.h"
 #include "video/H264Decoder.h"
-#include "video/Mp4Recorder.h"
 
 #include <QByteArrayView>
 #include <QImage>
@@ -14,11 +14,10 @@
 #include <QString>
 #include <QTimer>
 
-#include <atomic>
+#include <array>
 #include <chrono>
 #include <functional>
 #include <utility>
-#include <vector>
 
 namespace pevrix {
 
@@ -51,11 +50,6 @@ public:
         Stopped,    // nothing does
     };
 
-    /// Without a new picture for longer than this, live video counts as stalled.
-    static constexpr std::chrono::milliseconds kStallLimit{1500};
-    static constexpr std::chrono::milliseconds kStallCheckInterval{400};
-    /// The camera's rate in pictures a second, whatever the phone sends.
-    static constexpr float kCameraFps = 30;
     /// Decoders round sizes up to whole macroblocks; more than this is another size.
     static constexpr int kMaxPadding = 15;
 
@@ -65,7 +59,7 @@ public:
     ~LivePipeline() override;
 
     /// Creates the camera. False when there is none to be had; nothing has changed then.
-    [[nodiscard]] bool createCamera();
+    [[nodiscard]] bool createCamera() { return m_camera.create(); }
 
     /// Sends the idle card from now on. To be called once the pairing address is known.
     void showIdle();
@@ -92,13 +86,14 @@ public:
     void stop();
 
     /// Whether pictures go to the camera and the recorder may start.
-    [[nodiscard]] bool outputEnabled() const { return m_outputEnabled; }
-    void toggleOutput() { m_outputEnabled = !m_outputEnabled; }
+    [[nodiscard]] bool outputEnabled() const { return m_camera.isEnabled(); }
+    void toggleOutput() { m_camera.toggle(); }
 
     /// Records to a new file; false unless live with the output enabled.
     [[nodiscard]] bool startRecording(const QString& path);
-    void stopRecording();
-    [[nodiscard]] bool isRecording() const { return m_recorder.isOpen(); }
+    void stopRecording() { m_recording.stop(); }
+    [[nodiscard]] bool isRecording() const { return m_recording.isRunning(); }
+    [[nodiscard]] QString lastRecordingPath() const { return m_recording.path(); }
 
     [[nodiscard]] State state() const { return m_state; }
     [[nodiscard]] bool isLive() const
@@ -106,8 +101,8 @@ public:
         return m_state == State::Live || m_state == State::Stalled;
     }
     [[nodiscard]] bool isFeedingCards() const { return m_cards.isRunning(); }
-    [[nodiscard]] QSize cameraSize() const { return m_cameraSize; }
-    [[nodiscard]] qint64 framesSent() const { return m_framesSent; }
+    [[nodiscard]] QSize cameraSize() const { return m_camera.size(); }
+    [[nodiscard]] qint64 framesSent() const { return m_camera.framesSent(); }
     [[nodiscard]] qint64 framesDecoded() const { return m_framesDecoded; }
 
     /// Time spent decoding and the number of access units it was spent on, since the last call.
@@ -123,47 +118,54 @@ public:
     void checkStall();
 
 Q_SIGNALS:
-    /// A picture for the preview; the image owns its pixels.
+    /// A picture for the preview; the image keeps its pixels, which nobody writes to any more.
     void frameReady(const QImage& image);
     void stateChanged();
 
 private:
-    using Point = std::chrono::steady_clock::time_point;
+    /// The consumer that shows pictures in the window.
+    class Preview final : public IPictureConsumer
+    {
+    public:
+        explicit Preview(LivePipeline& pipeline)
+            : m_pipeline(pipeline)
+        {}
+        void show(const SharedPicture& picture) override;
+
+    private:
+        LivePipeline& m_pipeline;
+    };
 
     void setState(State state);
-    void feedCard(CardSender::Card card);
-    CardSender::Card drawIdle() const;
+    void feedCard(std::vector<std::uint8_t> pixels);
     void clearQueue();
-    void recreateCamera(QSize size);
+    void resizeCamera(QSize size);
     bool decode(QByteArrayView annexB, qint64 ptsUsec);
     void onPicture(const std::uint8_t* pixels, QSize size);
-    const std::uint8_t* fitToCamera(const std::uint8_t* pixels, QSize size);
+    SharedPicture fitToCamera(const std::uint8_t* pixels, QSize size);
+    void follow(StallDetector::Change change);
     void enterStall();
     void clearStall();
-    void deliver(const std::uint8_t* pixels);
-    [[nodiscard]] std::size_t cameraBytes() const;
+    void deliver(const SharedPicture& picture);
 
     const PipelineTime m_time;
-    IVirtualCameraSink& m_sink;
     H264Decoder m_decoder;
-    Mp4Recorder m_recorder;
-    bool m_recordingStarted = false; // and not stopped; it may have ended by itself
-    std::atomic<bool> m_outputEnabled = true;
-    std::atomic<std::int64_t> m_framesSent = 0;
+    PicturePool m_pool;
+    CameraOutput m_camera;
+    Recording m_recording;
+    Preview m_preview{*this};
+    const std::array<IPictureConsumer*, 3> m_consumers{&m_camera, &m_recording, &m_preview};
     CardSender m_cards;
-    qint64 m_framesDecoded = 0;
-    QSize m_cameraSize{1280, 720};
     QString m_pairAddress;
     State m_state = State::NotStarted;
     bool m_direct = false;
-    bool m_firstFrameSeen = false;
+    bool m_firstFrameSeen = false; // of the stream
+    qint64 m_framesDecoded = 0;
     PacingQueue m_queue;
-    std::vector<std::uint8_t> m_cropped;
     QTimer m_pacingTimer;
+    StallDetector m_stall;
     QTimer m_stallTimer;
-    Point m_lastProgress;
     LogLimiter m_streamLines; // a phone may describe streams as often as it likes
-    qint64 m_framesAtLastCheck = 0;
     DecodeTime m_decodeTime;
 };
 

@@ -1,65 +1,42 @@
 #pragma once
 
-#include <cstdint>
+#include "picture/Picture.h"
+
+#include <cstddef>
 #include <deque>
-#include <span>
-#include <vector>
+#include <utility>
 
 namespace pevrix {
 
 /// Pictures between decoding and delivery, oldest first. Bounded, because a queue is latency: the
-/// oldest ones are dropped, never the newest. The pictures' memory is recycled while their size
-/// stays the same.
+/// oldest ones are dropped, never the newest.
 class PacingQueue
 {
 public:
-    using Picture = std::vector<std::uint8_t>;
-
     static constexpr std::size_t kMaxPictures = 5;
 
-    /// Appends a copy.
-    void push(std::span<const std::uint8_t> pixels)
+    void push(SharedPicture picture)
     {
-        m_pictures.push_back(takeSpare());
-        m_pictures.back().assign(pixels.begin(), pixels.end());
+        m_pictures.push_back(std::move(picture));
         while (m_pictures.size() > kMaxPictures) {
-            recycleOldest();
+            m_pictures.pop_front();
         }
     }
 
     [[nodiscard]] bool isEmpty() const { return m_pictures.empty(); }
-    [[nodiscard]] std::size_t size() const { return m_pictures.size(); }
 
-    /// The next one to deliver; there must be one. Valid until pop() or clear().
-    [[nodiscard]] const Picture& front() const { return m_pictures.front(); }
-    void pop() { recycleOldest(); }
-
-    /// Also gives the memory back: the next pictures may be of another size.
-    void clear()
+    /// The next one to deliver; there must be one.
+    [[nodiscard]] SharedPicture pop()
     {
-        m_pictures.clear();
-        m_spare.clear();
-    }
-
-private:
-    Picture takeSpare()
-    {
-        if (m_spare.empty()) {
-            return {};
-        }
-        Picture picture = std::move(m_spare.back());
-        m_spare.pop_back();
+        SharedPicture picture = std::move(m_pictures.front());
+        m_pictures.pop_front();
         return picture;
     }
 
-    void recycleOldest()
-    {
-        m_spare.push_back(std::move(m_pictures.front()));
-        m_pictures.pop_front();
-    }
+    void clear() { m_pictures.clear(); }
 
-    std::deque<Picture> m_pictures;
-    std::vector<Picture> m_spare;
+private:
+    std::deque<SharedPicture> m_pictures;
 };
 
 } // namespace pevrix

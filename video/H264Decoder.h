@@ -20,8 +20,8 @@ class H264Decoder
 {
 public:
     // Packed 3-byte pixels in the order blue, green, red, top row first, rows of exactly
-    // width * 3 bytes. The pointer is valid only during the call; the callback must not call
-    // back into the decoder.
+    // width * 3 bytes. The pointer is valid only during the call; of the decoder, the callback
+    // may call swapPixels() alone.
     using FrameCallback =
         std::function<void(const std::uint8_t* bgr, int width, int height, std::int64_t ptsUsec)>;
 
@@ -49,6 +49,10 @@ public:
     // Delivers what is ready without new input.
     void drain();
 
+    // For the callback: takes the memory of the picture that is being delivered, which stays where
+    // it is, and leaves the decoder other memory for the next one.
+    void swapPixels(std::vector<std::uint8_t>& pixels) { m_bgr.swap(pixels); }
+
     // Drops the decoder with its parameter sets and reference pictures; the callback stays.
     void reset();
 
@@ -56,7 +60,7 @@ private:
     struct Transform;
 
     FrameCallback m_onFrame;
-    std::vector<std::uint8_t> m_rgb;
+    std::vector<std::uint8_t> m_bgr;
     std::unique_ptr<Transform> m_transform;
 };
 

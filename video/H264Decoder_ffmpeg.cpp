@@ -158,8 +158,8 @@ void H264Decoder::drain()
     }
     AVFrame* frame = m_transform->frame.get();
     while (avcodec_receive_frame(m_transform->context.get(), frame) >= 0) {
-        if (m_onFrame && convert(*frame, m_rgb)) {
-            m_onFrame(m_rgb.data(), frame->width, frame->height,
+        if (m_onFrame && convert(*frame, m_bgr)) {
+            m_onFrame(m_bgr.data(), frame->width, frame->height,
                       frame->pts == AV_NOPTS_VALUE ? 0 : frame->pts);
         }
     }

@@ -351,14 +351,14 @@ void H264Decoder::drain()
             m_transform->giveUpOutput(result);
             return;
         }
-        if (picture == nullptr || !m_onFrame || !m_transform->convert(*picture.Get(), m_rgb)) {
+        if (picture == nullptr || !m_onFrame || !m_transform->convert(*picture.Get(), m_bgr)) {
             continue;
         }
         LONGLONG time = 0;
         if (FAILED(picture->GetSampleTime(&time))) {
             time = 0;
         }
-        m_onFrame(m_rgb.data(), static_cast<int>(m_transform->width),
+        m_onFrame(m_bgr.data(), static_cast<int>(m_transform->width),
                   static_cast<int>(m_transform->height), time / kTicksPerMicrosecond);
     }
 }

@@ -22,7 +22,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::SizeIs;
-using Picture = std::vector<std::uint8_t>;
+using Pixels = std::vector<std::uint8_t>;
 
 // A camera that keeps what it is sent. The card sender's thread sends too.
 class RecordingSink final : public IVirtualCameraSink
@@ -58,7 +58,7 @@ public:
 
     [[nodiscard]] bool isAppConnected() const override { return false; }
 
-    [[nodiscard]] std::vector<Picture> take()
+    [[nodiscard]] std::vector<Pixels> take()
     {
         const std::lock_guard lock(m_mutex);
         return std::exchange(m_pictures, {});
@@ -76,7 +76,7 @@ public:
 private:
     mutable std::mutex m_mutex;
     bool m_active = false;
-    std::vector<Picture> m_pictures;
+    std::vector<Pixels> m_pictures;
 };
 
 struct Stream
@@ -95,9 +95,9 @@ struct Stream
 };
 
 // What the decoder alone makes of the first units.
-std::vector<Picture> decode(const Stream& stream, std::size_t count)
+std::vector<Pixels> decode(const Stream& stream, std::size_t count)
 {
-    std::vector<Picture> pictures;
+    std::vector<Pixels> pictures;
     H264Decoder decoder([&](const std::uint8_t* bgr, int width, int height, std::int64_t) {
         pictures.emplace_back(bgr, bgr + width * height * 3);
     });
@@ -251,7 +251,7 @@ TEST_F(LivePipelineTest, TakesOffPaddingAndFollowsEveryOtherSize)
         {{144, 96}, {160, 96}}, {{160, 80}, {160, 96}}, // 16 more is another size
         {{160, 97}, {160, 96}}, {{320, 200}, {160, 96}},
     };
-    const Picture whole = decode(m_live, 1).front();
+    const Pixels whole = decode(m_live, 1).front();
     ASSERT_TRUE(m_pipeline.createCamera());
     for (const Case& c : cases) {
         m_pipeline.startStream(c.announced, true);

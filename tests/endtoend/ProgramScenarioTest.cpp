@@ -118,8 +118,8 @@ TEST_F(ProgramScenarioTest, ShowsThePausedCardWhileThePhoneSendsNothing)
     ASSERT_TRUE(paused != log.begin() && paused != log.end());
     const auto last = std::ranges::find(log, std::prev(paused)->hash, &CameraRecord::hash);
     const std::chrono::nanoseconds still(paused->time - last->time);
-    EXPECT_GE(still, LivePipeline::kStallLimit);
-    EXPECT_LE(still, LivePipeline::kStallLimit + LivePipeline::kStallCheckInterval + 1s);
+    EXPECT_GE(still, StallDetector::kLimit);
+    EXPECT_LE(still, StallDetector::kLimit + StallDetector::kCheckInterval + 1s);
 }
 
 TEST_F(ProgramScenarioTest, GoesOnWithTheNextPhoneAndEndsWhileItIsLive)

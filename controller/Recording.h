@@ -1,0 +1,40 @@
+#pragma once
+
+#include "controller/IPictureConsumer.h"
+#include "video/Mp4Recorder.h"
+
+#include <QSize>
+#include <QString>
+
+namespace pevrix {
+
+/// The recording of the live pictures to a file. GUI thread. What goes wrong is logged here.
+class Recording final : public IPictureConsumer
+{
+public:
+    /// Begins a new file, making its folder when it is missing. False while one runs, and when
+    /// nothing can be recorded there.
+    [[nodiscard]] bool start(const QString& path, QSize size, int fps);
+
+    /// Completes the file. Safe when nothing is recorded.
+    void stop();
+
+    /// Whether pictures go into a file: false also once it could not be written any further.
+    [[nodiscard]] bool isRunning() const { return m_recorder.isOpen(); }
+
+    /// Of the recording's pictures; empty when nothing is recorded.
+    [[nodiscard]] QSize size() const;
+
+    /// Full path of the last recording that was started; it may still run.
+    [[nodiscard]] QString path() const { return m_path; }
+
+    /// A picture of another size is left out.
+    void show(const SharedPicture& picture) override;
+
+private:
+    Mp4Recorder m_recorder;
+    QString m_path;
+    bool m_started = false; // and not stopped; it may have ended by itself
+};
+
+} // namespace pevrix
