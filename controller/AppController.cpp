@@ -14,33 +14,24 @@ using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
-namespace {
-
-// The firewall has hundreds of rules to look at, so that it is asked seldom (every 10 seconds), and
-// only while somebody may be waiting in vain for a phone.
-constexpr int kTicksPerFirewallTest = 20;
-
-} // namespace
-
 AppController::AppController(const ControllerOptions& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
     , m_sink(options.cameraLibrary)
     , m_usb(options.usb)
     , m_pipeline(m_sink)
+    , m_firewall(m_options.system, options.firewallInterval)
     , m_settings(options.settingsFile)
     , m_status(u"Idle"_s)
     , m_serverInfo(u"Not listening"_s)
-    , m_themeMode(m_settings.themeMode())
-    , m_recordingFolder(m_settings.recordingFolder())
-    , m_minimizeToTray(m_settings.minimizeToTray())
 {
     m_server.setTrusted(m_settings.trusted());
-    m_roster.setNames(m_settings.names());
+    m_phones.roster().setNames(m_settings.names());
     connect(QGuiApplication::styleHints(), &QStyleHints::colorSchemeChanged, this,
             &AppController::osDarkChanged);
     connect(&m_pipeline, &LivePipeline::frameReady, this, &AppController::frameReady);
     connect(&m_pipeline, &LivePipeline::stateChanged, this, &AppController::onPipelineState);
+    connect(&m_firewall, &FirewallWatch::changed, this, &AppController::changed);
     m_statisticsClock.start();
     m_statisticsTimer.setInterval(options.statisticsInterval);
     connect(&m_statisticsTimer, &QTimer::timeout, this, &AppController::onStatisticsTick);
@@ -70,17 +61,17 @@ void AppController::connectServer()
             });
     connect(&m_server, &PhoneServer::streamInfo, this,
             [this](int id, int width, int height, int fps) {
-                onStreamInfo(id, QSize(width, height), fps);
+                m_phones.setStream(id, QSize(width, height), fps);
             });
     connect(&m_server, &PhoneServer::videoConfig, this,
             [this](int id, const QByteArray& parameterSets) {
-                if (id == m_roster.activeId()) {
+                if (m_phones.isActive(id)) {
                     m_pipeline.feedParameterSets(parameterSets);
                 }
             });
     connect(&m_server, &PhoneServer::videoFrame, this,
             [this](int id, const QByteArray& accessUnit, qint64 ptsUsec) {
-                if (id == m_roster.activeId()) {
+                if (m_phones.isActive(id)) {
                     m_pipeline.feed(accessUnit, ptsUsec);
                 }
             });
@@ -103,7 +94,7 @@ QString AppController::appVersion() const
 
 QString AppController::phoneName() const
 {
-    const PhoneRoster::Phone* phone = m_roster.find(m_roster.activeId());
+    const PhoneRoster::Phone* phone = m_phones.roster().find(activeId());
     return phone ? phone->name : QString();
 }
 
@@ -125,7 +116,8 @@ void AppController::start()
     }
     listen();
     refreshPairingInfo();
-    refreshFirewall();
+    m_firewall.refresh();
+    m_firewall.setWaiting(!phoneConnected());
     m_pipeline.showIdle();
     m_statisticsTimer.start();
     Q_EMIT changed();
@@ -162,10 +154,6 @@ void AppController::onStatisticsTick()
     m_appConnected = m_sink.isAppConnected();
     const auto decode = m_pipeline.takeDecodeTime();
     m_statistics.tick(m_statisticsClock.restart(), framesDecoded(), decode.total, decode.count);
-    if (m_roster.isEmpty() && ++m_ticksWithoutPhones == kTicksPerFirewallTest) {
-        m_ticksWithoutPhones = 0;
-        refreshFirewall();
-    }
     Q_EMIT changed();
 }
 
@@ -194,24 +182,13 @@ void AppController::refreshPairingInfo()
     m_pipeline.setPairAddress(m_pairing.addressText);
 }
 
-void AppController::refreshFirewall()
-{
-    // The rules hold the path as the system writes it.
-    std::filesystem::path program(QCoreApplication::applicationFilePath().toStdU16String());
-    program.make_preferred();
-    const bool blocked = m_options.system.isFirewallBlocking(program);
-    if (blocked != m_firewallBlocked) {
-        qInfo("Pevrix: the firewall %s phones", blocked ? "blocks" : "no longer blocks");
-        m_firewallBlocked = blocked;
-    }
-}
-
 void AppController::stop()
 {
     if (m_pipeline.state() == LivePipeline::State::Stopped) {
         return;
     }
     m_statisticsTimer.stop();
+    m_firewall.setWaiting(false);
     m_pipeline.stop();
     qInfo("Pevrix: stopped after %lld access units received, %lld pictures decoded, "
           "%lld sent to the camera",
@@ -230,7 +207,7 @@ void AppController::toggleRecording()
     if (m_pipeline.isRecording()) {
         m_pipeline.stopRecording();
     } else {
-        const QString path = m_recordingFolder + u"/Pevrix_"_s +
+        const QString path = recordingFolder() + u"/Pevrix_"_s +
                              QDateTime::currentDateTime().toString(u"yyyyMMdd_HHmmss"_s) +
                              u".mp4"_s;
         static_cast<void>(m_pipeline.startRecording(path));
@@ -240,45 +217,25 @@ void AppController::toggleRecording()
 
 void AppController::openRecordingsFolder()
 {
-    QDir().mkpath(m_recordingFolder);
-    QDesktopServices::openUrl(QUrl::fromLocalFile(m_recordingFolder));
+    QDir().mkpath(recordingFolder());
+    QDesktopServices::openUrl(QUrl::fromLocalFile(recordingFolder()));
 }
 
 void AppController::setActive(int id)
 {
-    const int previous = m_roster.activeId();
-    if (!m_roster.setActive(id)) {
-        return;
-    }
-    if (previous >= 0) {
-        m_server.setActive(previous, false);
-    }
-    activate(id);
-    Q_EMIT changed();
-}
-
-// Asks the phone for its video; what it announced about that earlier is still true.
-void AppController::activate(int id)
-{
-    m_server.setActive(id, true);
-    if (const auto size = m_streamSizes.constFind(id); size != m_streamSizes.constEnd()) {
-        startStream(*size);
+    if (m_phones.activate(id)) {
+        Q_EMIT changed();
     }
 }
 
 void AppController::onPhoneConnected(PhoneRoster::Phone phone)
 {
-    const int id = phone.id;
     if (const auto note = m_phoneLines.admit()) {
-        qInfo("Pevrix: phone %d connected over %s%s", id, phone.usb ? "USB" : "Wi-Fi",
+        qInfo("Pevrix: phone %d connected over %s%s", phone.id, phone.usb ? "USB" : "Wi-Fi",
               note->c_str());
     }
-    if (m_roster.add(std::move(phone))) {
-        m_server.setActive(id, true);
-    }
-    if (m_earlyStream.id == id) {
-        onStreamInfo(id, m_earlyStream.size, m_earlyStream.fps);
-    }
+    m_phones.add(std::move(phone));
+    m_firewall.setWaiting(false);
     Q_EMIT changed();
 }
 
@@ -287,42 +244,16 @@ void AppController::onPhoneDisconnected(int id)
     if (const auto note = m_phoneLines.admit()) {
         qInfo("Pevrix: phone %d disconnected%s", id, note->c_str());
     }
-    m_streamSizes.remove(id);
-    if (m_roster.remove(id)) {
-        if (m_roster.isEmpty()) {
-            m_pipeline.goIdle();
-        } else {
-            activate(m_roster.activeId());
-        }
-    }
+    m_phones.remove(id);
+    m_firewall.setWaiting(!phoneConnected());
     Q_EMIT changed();
-}
-
-void AppController::onStreamInfo(int id, QSize size, int fps)
-{
-    if (!m_roster.find(id)) {
-        m_earlyStream = {.id = id, .size = size, .fps = fps};
-        return;
-    }
-    m_streamSizes.insert(id, size);
-    m_pipeline.setFrameRate(fps);
-    if (id == m_roster.activeId()) {
-        startStream(size);
-    }
-}
-
-void AppController::startStream(QSize size)
-{
-    const PhoneRoster::Phone* phone = m_roster.find(m_roster.activeId());
-    m_pipeline.startStream(size, phone && phone->usb);
 }
 
 void AppController::setThemeMode(int mode)
 {
-    if (!Settings::isThemeMode(mode) || mode == m_themeMode) {
+    if (!Settings::isThemeMode(mode) || mode == themeMode()) {
         return;
     }
-    m_themeMode = mode;
     m_settings.setThemeMode(mode);
     Q_EMIT themeModeChanged();
 }
@@ -333,20 +264,18 @@ void AppController::setRecordingFolder(const QString& folder)
     if (path.startsWith("file:"_L1)) {
         path = QUrl(path).toLocalFile();
     }
-    if (path.isEmpty() || path == m_recordingFolder) {
+    if (path.isEmpty() || path == recordingFolder()) {
         return;
     }
-    m_recordingFolder = path;
     m_settings.setRecordingFolder(path);
     Q_EMIT changed();
 }
 
 void AppController::setMinimizeToTray(bool on)
 {
-    if (on == m_minimizeToTray) {
+    if (on == minimizeToTray()) {
         return;
     }
-    m_minimizeToTray = on;
     m_settings.setMinimizeToTray(on);
     Q_EMIT changed();
 }
@@ -356,7 +285,7 @@ void AppController::regeneratePairing()
     m_server.clearTrusted();
     m_settings.forgetTrusted();
     refreshPairingInfo();
-    refreshFirewall();
+    m_firewall.refresh();
     Q_EMIT changed();
 }
 
@@ -375,13 +304,13 @@ void AppController::unregisterCamera()
 void AppController::allowThroughFirewall()
 {
     m_options.system.runFirewallHelper();
-    refreshFirewall();
+    m_firewall.refresh();
     Q_EMIT changed();
 }
 
 void AppController::renamePhone(int id, const QString& newName)
 {
-    if (const auto change = m_roster.rename(id, newName)) {
+    if (const auto change = m_phones.roster().rename(id, newName)) {
         m_settings.setName(change->deviceId, change->name);
         Q_EMIT changed();
     }

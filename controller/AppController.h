@@ -1,9 +1,10 @@
 #pragma once
 
 #include "camera/SoftcamSink.h"
+#include "controller/FirewallWatch.h"
+#include "controller/LivePhones.h"
 #include "controller/LivePipeline.h"
 #include "controller/LiveStatistics.h"
-#include "controller/PhoneRoster.h"
 #include "controller/Settings.h"
 #include "controller/SystemFunctions.h"
 #include "pairing/Pairing.h"
@@ -12,9 +13,7 @@
 #include "usb/UsbMuxClient.h"
 
 #include <QElapsedTimer>
-#include <QHash>
 #include <QObject>
-#include <QSize>
 #include <QTimer>
 #include <QVariantList>
 
@@ -33,11 +32,12 @@ struct ControllerOptions
     std::filesystem::path cameraLibrary = cameraLibraryName();
     SystemFunctions system;
     std::chrono::milliseconds statisticsInterval{500};
+    std::chrono::milliseconds firewallInterval{10'000};
 };
 
 /// The one object that the QML interface sees: state as properties, actions as slots. Owns the
 /// rooms of the program and wires them; GUI thread.
-class AppController final : public QObject
+class AppController final : public QObject, private IVideoSwitch
 {
     Q_OBJECT
     Q_PROPERTY(QString status READ status NOTIFY changed)
@@ -81,10 +81,10 @@ public:
     [[nodiscard]] bool live() const { return m_pipeline.isLive(); }
     [[nodiscard]] bool outputEnabled() const { return m_pipeline.outputEnabled(); }
     [[nodiscard]] qint64 framesSent() const { return m_pipeline.framesSent(); }
-    [[nodiscard]] bool phoneConnected() const { return !m_roster.isEmpty(); }
+    [[nodiscard]] bool phoneConnected() const { return !m_phones.roster().isEmpty(); }
     [[nodiscard]] QString phoneName() const;
-    [[nodiscard]] QVariantList phones() const { return m_roster.toVariantList(); }
-    [[nodiscard]] int activeId() const { return m_roster.activeId(); }
+    [[nodiscard]] QVariantList phones() const { return m_phones.roster().toVariantList(); }
+    [[nodiscard]] int activeId() const { return m_phones.roster().activeId(); }
     [[nodiscard]] qint64 framesReceived() const { return m_server.framesReceived(); }
     [[nodiscard]] qint64 framesDecoded() const { return m_pipeline.framesDecoded(); }
     [[nodiscard]] int fps() const { return m_statistics.fps(); }
@@ -95,18 +95,18 @@ public:
     [[nodiscard]] QString pcName() const { return m_pairing.pcName; }
     [[nodiscard]] int port() const { return m_server.port(); }
     [[nodiscard]] bool osDark() const;
-    [[nodiscard]] int themeMode() const { return m_themeMode; }
+    [[nodiscard]] int themeMode() const { return m_settings.themeMode(); }
     [[nodiscard]] QString appVersion() const;
     /// Asked of the system at each read.
     [[nodiscard]] bool cameraRegistered() const { return m_options.system.isCameraRegistered(); }
     [[nodiscard]] bool recording() const { return m_pipeline.isRecording(); }
     /// Full path of the last recording that was started.
     [[nodiscard]] QString lastRecordingPath() const { return m_pipeline.lastRecordingPath(); }
-    [[nodiscard]] QString recordingFolder() const { return m_recordingFolder; }
-    [[nodiscard]] bool minimizeToTray() const { return m_minimizeToTray; }
+    [[nodiscard]] QString recordingFolder() const { return m_settings.recordingFolder(); }
+    [[nodiscard]] bool minimizeToTray() const { return m_settings.minimizeToTray(); }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
     /// Whether the firewall keeps phones out, as of the last time that it was asked.
-    [[nodiscard]] bool firewallBlocked() const { return m_firewallBlocked; }
+    [[nodiscard]] bool firewallBlocked() const { return m_firewall.isBlocking(); }
 
     /// Takes a path or a "file:" URL. An empty one is ignored.
     void setRecordingFolder(const QString& folder);
@@ -164,45 +164,34 @@ private:
     void connectUsb();
     void listen();
     void refreshPairingInfo();
-    void refreshFirewall();
     void onPhoneConnected(PhoneRoster::Phone phone);
     void onPhoneDisconnected(int id);
-    void onStreamInfo(int id, QSize size, int fps);
-    void activate(int id);
-    void startStream(QSize size);
     void setStatus(const QString& status);
     void onPipelineState();
     void onStatisticsTick();
+
+    // IVideoSwitch
+    void askForVideo(int id, bool on) override { m_server.setActive(id, on); }
+    void startStream(QSize size, bool direct) override { m_pipeline.startStream(size, direct); }
+    void setFrameRate(int fps) override { m_pipeline.setFrameRate(fps); }
+    void goIdle() override { m_pipeline.goIdle(); }
 
     const ControllerOptions m_options;
     SoftcamSink m_sink;
     PhoneServer m_server;
     UsbMuxClient m_usb;
     LivePipeline m_pipeline;
-    PhoneRoster m_roster;
+    LivePhones m_phones{*this};
+    FirewallWatch m_firewall;
     Settings m_settings;
     PairingInfo m_pairing;
-    QHash<int, QSize> m_streamSizes; // what each connected phone last announced
-    // Described on a connection that has not said hello. The latest alone: anybody may describe
-    // one.
-    struct
-    {
-        int id = 0;
-        QSize size;
-        int fps = 0;
-    } m_earlyStream;
     LogLimiter m_phoneLines; // a phone may come and go as often as it likes
     QString m_status;
     QString m_serverInfo;
-    int m_themeMode;
-    QString m_recordingFolder;
-    bool m_minimizeToTray;
     QTimer m_statisticsTimer;
     QElapsedTimer m_statisticsClock;
     LiveStatistics m_statistics;
     bool m_appConnected = false;
-    bool m_firewallBlocked = false;
-    int m_ticksWithoutPhones = 0;
     bool m_captureMode = false;
 };
 

@@ -26,9 +26,9 @@ public:
     /// Creates the camera in the present size. False when there is none to be had.
     [[nodiscard]] bool create();
 
-    /// Makes the camera anew in another size; what is shown meanwhile is left to the caller.
-    /// Without a camera the size counts all the same. Nobody may be in show().
-    void resize(QSize size);
+    /// Makes the camera anew in another size. False when there is none to be had: the size counts
+    /// all the same, and so do pictures. Nobody may be in show().
+    [[nodiscard]] bool resize(QSize size);
 
     void remove() { m_sink.stop(); }
     [[nodiscard]] bool exists() const { return m_sink.isActive(); }

@@ -31,7 +31,7 @@ protected:
     {
         ControllerOptions options = testOptions(m_folder.path(), usbPort);
         options.system = m_system;
-        options.statisticsInterval = m_statisticsInterval;
+        options.firewallInterval = m_firewallInterval;
         return options;
     }
 
@@ -123,7 +123,7 @@ protected:
 
     QTemporaryDir m_folder;
     SystemFunctions m_system;
-    std::chrono::milliseconds m_statisticsInterval{500};
+    std::chrono::milliseconds m_firewallInterval{10'000};
     std::unique_ptr<AppController> m_app;
     QSize m_imageSize;      // of the last picture
     QString m_availability; // + and - for each change of the USB service

@@ -184,7 +184,7 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
                     [&] {
                         blocking = false;
                     }};
-    m_statisticsInterval = 24h; // never, for now
+    m_firewallInterval = 24h; // never, for now
     startApp();
     EXPECT_TRUE(m_app->firewallBlocked());
     QSignalSpy changes(m_app.get(), &AppController::changed);
@@ -201,8 +201,7 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
     m_app->regeneratePairing();
     EXPECT_TRUE(m_app->firewallBlocked());
 
-    // From here on 20 ticks take 100 ms.
-    m_statisticsInterval = 5ms;
+    m_firewallInterval = 100ms;
     startApp();
     blocking = false;
     EXPECT_TRUE(waitFor([&] { return !m_app->firewallBlocked(); }));
