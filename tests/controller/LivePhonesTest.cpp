@@ -40,7 +40,7 @@ class LivePhonesTest : public testing::Test
 protected:
     void add(int id, bool usb = false)
     {
-        m_phones.add({.id = id, .deviceId = QString::number(id), .usb = usb});
+        m_phones.add({id, QString::number(id), {}, {}, {}, {}, usb});
     }
 
     OrderBook m_orders;
