@@ -89,7 +89,7 @@ void AppController::connectUsb()
 
 QString AppController::appVersion() const
 {
-    return u"1.1"_s;
+    return QStringLiteral(PEVRIX_VERSION);
 }
 
 QString AppController::phoneName() const

@@ -25,7 +25,7 @@ namespace pevrix {
 /// Where the controller finds what lies outside the program; tests choose other places.
 struct ControllerOptions
 {
-    quint16 port = kDefaultPort; // any free one is taken where this is not to be had
+    quint16 port = kDefaultPort; // any free port if this one is taken
     UsbMuxOptions usb;
     QString settingsFile; // empty: the user's own
     QString tokenFolder;  // empty: beside the executable

@@ -23,7 +23,7 @@ namespace pevrix {
 class CameraOutlet
 {
 public:
-    // Throws std::bad_alloc or std::runtime_error when no thread or memory is to be had.
+    // Throws std::bad_alloc or std::runtime_error when there is no thread or memory left.
     CameraOutlet();
     ~CameraOutlet();
     CameraOutlet(const CameraOutlet&) = delete;

@@ -11,7 +11,7 @@
 namespace pevrix {
 
 // The rule that lets phones reach the program. It leaves out ports and addresses on purpose: the
-// program takes any free port when its usual one is not to be had.
+// program takes any free port if its usual one is taken.
 struct FirewallRule
 {
     std::wstring name;

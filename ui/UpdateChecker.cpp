@@ -14,7 +14,7 @@ namespace pevrix {
 
 namespace {
 
-constexpr auto kOwnVersion = "1.1"_L1;
+constexpr QLatin1StringView kOwnVersion(PEVRIX_VERSION);
 
 // An answer is a line of text. A server that sends without end is hung up on.
 constexpr qint64 kMaxAnswerBytes = qint64{64} * 1024;
