@@ -22,8 +22,9 @@ struct PacingTime
 };
 
 // The deadlines of a fixed rate. They are absolute, so that the rate does not drift by what each
-// cycle costs, and they are never moved: a thread that was held up makes up for the missed ones
-// back to back.
+// cycle costs. A thread that was held up makes up for the missed ones back to back; only when it is
+// more than a second late, as after the computer slept, they move: eight hours would be 860,000
+// pictures at once.
 class FrameClock
 {
 public:
@@ -43,10 +44,15 @@ public:
     [[nodiscard]] std::optional<PacingTime::Point> advance(PacingTime::Point now)
     {
         m_deadline += m_period;
+        if (now - m_deadline > kLongestDelay) {
+            m_deadline = now;
+        }
         return m_deadline > now ? std::optional(m_deadline) : std::nullopt;
     }
 
 private:
+    static constexpr std::chrono::seconds kLongestDelay{1};
+
     std::chrono::nanoseconds m_period;
     PacingTime::Point m_deadline;
 };

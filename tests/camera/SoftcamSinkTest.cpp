@@ -152,6 +152,20 @@ TEST_F(SoftcamSinkTest, MakesUpForMissedPeriodsBackToBack)
     EXPECT_EQ(periods, (std::vector{1, 2, 5, 5, 5, 6, 7}));
 }
 
+TEST(FrameClock, MakesUpForLessThanASecondButNotForTheSleepOfTheComputer)
+{
+    for (const auto& [late, madeUp] :
+         {std::pair<std::chrono::milliseconds, int>{900ms, 27}, {8h, 0}}) {
+        FrameClock clock(33'333us, PacingTime::Point{});
+        const PacingTime::Point now{late};
+        int atOnce = 0;
+        while (!clock.advance(now)) {
+            ++atOnce;
+        }
+        EXPECT_NEAR(atOnce, madeUp, 1);
+    }
+}
+
 TEST_F(SoftcamSinkTest, CreatesTheCameraWithTheRateAsGivenAndPacesByASensibleOne)
 {
     const struct
