@@ -50,7 +50,8 @@ sockaddr_in loopback(quint16 port)
     return address;
 }
 
-// A phone that sends frames of one size as fast as they are taken, from a thread of its own.
+// A phone that says hello and sends frames of one size as fast as they are taken, from a thread of
+// its own.
 class Sender
 {
 public:
@@ -65,7 +66,11 @@ public:
         QByteArray stream(header.data(), std::ssize(header));
         stream += QByteArray(frameSize, 'x');
         stream = stream.repeated(std::max<qsizetype>(1, 4'000'000 / stream.size()));
-        m_thread = std::thread([this, stream, writeSize] { send(stream, writeSize); });
+        m_thread = std::thread([this, stream, writeSize] {
+            const QByteArray hello = buildMessage(MessageType::Hello, R"({"v":1})");
+            ::send(m_fd, hello.constData(), static_cast<std::size_t>(hello.size()), MSG_NOSIGNAL);
+            send(stream, writeSize);
+        });
     }
     ~Sender()
     {
@@ -163,7 +168,7 @@ private:
     std::vector<char> m_buffer;
     std::size_t m_filled = 0;
     qint64 m_wanted = 0;
-    qint64 m_seen = 0;
+    qint64 m_seen = -1; // of frames; the hello comes first
     int m_listener;
     int m_fd = -1;
     quint16 m_port = 0;

@@ -43,9 +43,7 @@ TEST(HandshakeTest, letsInWhoHoldsTheCurrentTokenOrTheOneItWasTrustedWith)
     const QHash<QString, QString> trusted{{u"known"_s, u"OLD"_s}, {u"odd"_s, {}}};
     const Case cases[] = {
         {"wrong version", 2, u"T"_s, u"new"_s, u"T"_s, VersionMismatch, false},
-        {"wrong version, no pairing", 0, {}, u"new"_s, {}, VersionMismatch, false},
         {"no pairing, no token", 1, {}, u"new"_s, {}, {}, false},
-        {"no pairing, any token", 1, u"X"_s, u"known"_s, {}, {}, false},
         {"current token", 1, u"T"_s, u"new"_s, u"T"_s, {}, true},
         {"current token, trusted with another", 1, u"T"_s, u"known"_s, u"T"_s, {}, true},
         {"current token, trusted with it", 1, u"OLD"_s, u"known"_s, u"OLD"_s, {}, false},
@@ -56,7 +54,6 @@ TEST(HandshakeTest, letsInWhoHoldsTheCurrentTokenOrTheOneItWasTrustedWith)
         {"token in other case", 1, u"t"_s, u"new"_s, u"T"_s, NeedsPair, false},
         {"no token", 1, {}, u"known"_s, u"T"_s, NeedsPair, false},
         {"no token, none on record", 1, {}, u"odd"_s, u"T"_s, NeedsPair, false},
-        {"unknown, nameless", 1, u"X"_s, {}, u"T"_s, NeedsPair, false},
     };
     for (const Case& c : cases) {
         Hello hello;
@@ -67,19 +64,6 @@ TEST(HandshakeTest, letsInWhoHoldsTheCurrentTokenOrTheOneItWasTrustedWith)
         EXPECT_EQ(verdict.refusal, c.refusal) << c.what;
         EXPECT_EQ(verdict.newlyTrusted, c.newlyTrusted) << c.what;
     }
-}
-
-TEST(HandshakeTest, theNewestConnectionWinsButNeverWifiOverUsb)
-{
-    const RivalSession wifi{.id = 3, .usb = false};
-    const RivalSession usb{.id = 4, .usb = true};
-    EXPECT_EQ(judgeDuplicates(false, {wifi}).replaced, QList<int>{3});
-    EXPECT_EQ(judgeDuplicates(true, {wifi, usb}).replaced, (QList<int>{3, 4}));
-    EXPECT_EQ(judgeDuplicates(false, {}).refusal, std::nullopt);
-
-    const DuplicateVerdict refused = judgeDuplicates(false, {wifi, usb});
-    EXPECT_EQ(refused.refusal, DuplicateOverUsb);
-    EXPECT_TRUE(refused.replaced.isEmpty());
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstdio>
 #include <deque>
 #include <fstream>
@@ -59,11 +58,10 @@ public:
         address.sin_family = AF_INET;
         address.sin_port = htons(port);
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        m_connected = ::connect(m_fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        EXPECT_EQ(::connect(m_fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
     }
     RawPeer(RawPeer&& other) noexcept
         : m_fd(std::exchange(other.m_fd, -1))
-        , m_connected(other.m_connected)
     {}
     ~RawPeer()
     {
@@ -72,7 +70,6 @@ public:
         }
     }
 
-    bool connected() const { return m_connected; }
     // How many bytes went out: -1 when the connection is gone, 0 when there is no room now.
     ssize_t write(QByteArrayView bytes, int flags = MSG_DONTWAIT) const
     {
@@ -96,7 +93,6 @@ public:
 
 private:
     int m_fd;
-    bool m_connected = false;
 };
 
 // Sends a stream, each time as much as there is room for.
@@ -158,7 +154,6 @@ TEST_F(HostilePeersTest, randomBytesHurtNobody)
         std::vector<RawPeer> peers;
         for (int i = 0; i < 50; ++i) {
             const RawPeer& peer = peers.emplace_back(server.port());
-            ASSERT_TRUE(peer.connected());
             QByteArray bytes(static_cast<qsizetype>(random() % 3000), Qt::Uninitialized);
             std::ranges::generate(bytes, [&] { return static_cast<char>(random()); });
             if (i % 2 == 0) { // half of them get past the first header
@@ -171,64 +166,36 @@ TEST_F(HostilePeersTest, randomBytesHurtNobody)
     }
 }
 
-TEST_F(HostilePeersTest, announcedLengthsTakeNoMemory)
-{
-    const qint64 before = heapBytes();
-    std::vector<RawPeer> peers;
-    for (int i = 0; i < 50; ++i) {
-        peers.emplace_back(server.port())
-            .write("\x11\x01\x00\x00\x00\x01"
-                   "12345678"
-                   "x"_ba);
-    }
-    ASSERT_TRUE(goodPhoneIsServed());
-    EXPECT_LT(heapBytes() - before, 8 * kMiB);
-
-    // One byte more than allowed ends the connection at once.
-    const RawPeer tooLong(server.port());
-    tooLong.write("\x11\x01\x01\x00\x00\x01"_ba);
-    EXPECT_TRUE(waitUntil([&] { return tooLong.ended(); }));
-}
-
 TEST_F(HostilePeersTest, aPeerThatNeverReadsIsHeldBackAndDropped)
 {
     const qint64 before = heapBytes();
     qint64 highest = 0;
-    const RawPeer peer(server.port());
     const QByteArray ping = buildMessage(MessageType::Ping, QByteArray(60'000, 'p'));
-    QByteArrayView rest = ping;
-    const bool dropped = waitUntil([&] {
-        const ssize_t sent = peer.write(rest);
-        rest = sent == rest.size() ? QByteArrayView(ping) : rest.sliced(std::max<ssize_t>(sent, 0));
+    Flooder flooder{RawPeer(server.port())};
+    EXPECT_TRUE(waitUntil([&] {
+        flooder.push(ping, true);
         highest = std::max(highest, heapBytes() - before);
-        return sent < 0;
-    });
-    EXPECT_TRUE(dropped);
+        return flooder.done;
+    }));
     EXPECT_LT(highest, 8 * kMiB);
     EXPECT_TRUE(goodPhoneIsServed());
 }
 
 TEST_F(HostilePeersTest, largePingsAreEchoedToAPeerThatReads)
 {
-    QByteArray pings;
-    QByteArray pongs;
-    for (const char mark : {'a', 'b', 'c'}) {
-        const QByteArray payload(mark == 'b' ? qsizetype{kMaxPayload} : 3 * kMiB, mark);
-        pings += buildMessage(MessageType::Ping, payload);
-        pongs += buildMessage(MessageType::Pong, payload);
-    }
+    const QByteArray payload(qsizetype{kMaxPayload}, 'p');
+    const QByteArray pongs = buildMessage(MessageType::Pong, payload).repeated(2);
     TestPhone peer(server.port());
-    peer.socket.write(pings);
+    peer.socket.write(buildMessage(MessageType::Ping, payload).repeated(2));
     EXPECT_TRUE(peer.waitForBytes(pongs.size()));
     EXPECT_TRUE(peer.received == pongs);
 }
 
-TEST_F(HostilePeersTest, idleAndSlowPeersMakeRoomForPhones)
+TEST_F(HostilePeersTest, theOldestStrangersMakeRoomForOthers)
 {
-    const QByteArray hello = helloMessage("slow");
     std::vector<RawPeer> peers;
     for (int i = 0; i < PhoneServer::kMaxStrangers + 40; ++i) {
-        peers.emplace_back(server.port()).write(hello.first(1));
+        peers.emplace_back(server.port()).write("\x01"_ba);
         if (i % 20 == 0) {
             ASSERT_TRUE(goodPhoneIsServed());
         }
@@ -236,16 +203,6 @@ TEST_F(HostilePeersTest, idleAndSlowPeersMakeRoomForPhones)
     ASSERT_TRUE(goodPhoneIsServed());
     EXPECT_EQ(std::ranges::count_if(peers, &RawPeer::ended), 40);
     EXPECT_TRUE(peers[39].ended());
-
-    // The slow ones may take their time, and a phone that comes now gets in.
-    for (qsizetype i = 1; i < 20; ++i) {
-        for (const RawPeer& peer : peers) {
-            peer.write(hello.sliced(i, 1));
-        }
-        ASSERT_TRUE(goodPhoneIsServed(1));
-    }
-    TestPhone late(server.port());
-    EXPECT_TRUE(late.sendAndSettle(helloMessage("late")));
 }
 
 TEST_F(HostilePeersTest, strangersHoldABoundedAmountTogether)
@@ -271,7 +228,6 @@ TEST_F(HostilePeersTest, strangersHoldABoundedAmountTogether)
         highest = std::max(highest, heapBytes() - before);
         std::printf("seven strangers held %.0f MiB\n", static_cast<double>(highest) / kMiB);
         EXPECT_LT(highest, PhoneServer::kMaxStrangersBytes + 40 * kMiB);
-        EXPECT_TRUE(goodPhoneIsServed());
     }
 }
 
@@ -294,15 +250,14 @@ TEST_F(HostilePeersTest, aFloodOfStrangersHardlyDelaysThePhone)
     ASSERT_TRUE(waitUntil([&] { return descriptions > 1000; }));
 
     std::vector<double> echoes;
-    std::vector<double> waits;
     for (const QDeadlineTimer enough(2s); !enough.hasExpired();) {
         ASSERT_TRUE(waitUntil([pause = QDeadlineTimer(5ms)] { return pause.hasExpired(); }));
         const double waited = waitedForProcessorMs();
         QElapsedTimer clock;
         clock.start();
         ASSERT_TRUE(phone.sendAndSettle({}));
-        waits.push_back(waitedForProcessorMs() - waited);
-        echoes.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6 - waits.back());
+        echoes.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6 -
+                         (waitedForProcessorMs() - waited));
     }
     QElapsedTimer clock;
     clock.start();
@@ -310,34 +265,27 @@ TEST_F(HostilePeersTest, aFloodOfStrangersHardlyDelaysThePhone)
     EXPECT_TRUE(late.sendAndSettle(helloMessage("late")));
     const double greeting = static_cast<double>(clock.nsecsElapsed()) / 1e6;
     std::ranges::sort(echoes);
-    std::ranges::sort(waits);
     const double median = echoes[echoes.size() / 2];
     std::printf(
-        "%zu echoes beside 120 flooding strangers: median %.1f ms, worst %.1f ms (the thread "
-        "waited for a processor %.1f and %.1f ms besides); a new phone was greeted in %.1f "
-        "ms; %d descriptions\n",
-        echoes.size(), median, echoes.back(), waits[waits.size() / 2], waits.back(), greeting,
-        descriptions);
+        "%zu echoes beside 120 flooding strangers: median %.1f ms, worst %.1f ms; a new phone "
+        "was greeted in %.1f ms\n",
+        echoes.size(), median, echoes.back(), greeting);
     EXPECT_LT(median, 20);
     EXPECT_LT(echoes.back(), 150);
 }
 
 TEST_F(HostilePeersTest, aFloodOfConnectionsKeepsNoPhoneOfAnotherAddressOut)
 {
-    std::atomic<int> connections = 0;
-    const std::jthread flood([&connections, port = server.port()](const std::stop_token& stop) {
+    const std::jthread flood([port = server.port()](const std::stop_token& stop) {
         std::deque<RawPeer> peers;
         while (!stop.stop_requested()) {
             peers.emplace_back(port);
             if (peers.size() > 300) {
                 peers.pop_front();
             }
-            ++connections;
             std::this_thread::sleep_for(100us);
         }
     });
-    QElapsedTimer clock;
-    clock.start();
     int greeted = 0;
     for (int i = 0; i < 10; ++i) {
         TestPhone late;
@@ -347,8 +295,6 @@ TEST_F(HostilePeersTest, aFloodOfConnectionsKeepsNoPhoneOfAnotherAddressOut)
         ASSERT_TRUE(waitUntil([&, slow = QDeadlineTimer(50ms)] { return slow.hasExpired(); }));
         greeted += late.sendAndSettle(helloMessage("late")) ? 1 : 0;
     }
-    std::printf("greeted beside %lld connections a second: %d of 10\n",
-                static_cast<long long>(connections * 1000 / clock.elapsed()), greeted);
     EXPECT_EQ(greeted, 10);
 }
 
@@ -364,7 +310,6 @@ TEST_F(HostilePeersTest, aThousandBrokenConnectionsLeaveNothingBehind)
     for (int cycle = 0; cycle < 1000; ++cycle) {
         {
             const RawPeer peer(server.port());
-            ASSERT_TRUE(peer.connected());
             peer.write(stream.first(cuts[cycle % 5]));
             if (cycle % 2 == 1) {
                 peer.resetOnClose();
@@ -398,7 +343,6 @@ TEST_F(HostilePeersTest, acceptsAgainOnceDescriptorsAreFree)
     PhoneServer fresh({.pingInterval = 50ms});
     ASSERT_TRUE(fresh.listen(0));
     const RawPeer waiting(fresh.port());
-    ASSERT_TRUE(waiting.connected());
     const int lowestFree = ::dup(STDIN_FILENO);
     ::close(lowestFree);
     rlimit none = usual;
