@@ -1,7 +1,9 @@
 // The controller by itself and with phones in the network.
+#include "phone/Protocol.h"
 #include "tests/controller/AppControllerFixture.h"
 
 #include <QSignalSpy>
+#include <QTcpSocket>
 #include <QUrl>
 
 namespace pevrix {
@@ -32,6 +34,16 @@ TEST_F(AppControllerTest, PairsAPhoneAndShowsItsVideoUntilItLeaves)
     EXPECT_EQ(m_app->activeId(), -1);
     EXPECT_FALSE(m_app->live());
     EXPECT_EQ(m_app->status(), u"Idle (ready to pair)"_s);
+}
+
+TEST_F(AppControllerTest, KeepsAStreamDescriptionThatComesBeforeTheHello)
+{
+    startApp();
+    QTcpSocket early;
+    early.connectToHost(QHostAddress::LocalHost, static_cast<quint16>(m_app->port()));
+    early.write(buildMessage(MessageType::StreamInfo, R"({"width":64,"height":48})"));
+    early.write(buildMessage(MessageType::Hello, R"({"v":1,"token":")" + token().toUtf8() + "\"}"));
+    EXPECT_TRUE(waitFor([&] { return m_app->status() == u"Live (decoding phone stream)"_s; }));
 }
 
 TEST_F(AppControllerTest, NamesAndTrustOutliveConnectionsAndThePrograms)
