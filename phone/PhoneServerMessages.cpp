@@ -77,8 +77,9 @@ bool PhoneServer::settleDuplicates(PhoneConnection& newcomer, const QString& dev
 {
     QList<RivalSession> rivals;
     for (const auto& [id, connection] : m_connections) {
-        if (connection->handshaken() && connection != &newcomer &&
-            connection->hello()->deviceId == deviceId) {
+        const std::optional<Hello>& known = connection->hello();
+        if (connection->handshaken() && connection != &newcomer && known &&
+            known->deviceId == deviceId) {
             rivals.append({.id = id, .usb = connection->usb()});
         }
     }
