@@ -17,6 +17,10 @@ constexpr int kBuffers = 8;
 constexpr int kMinBuffers = 2;
 constexpr int kMaxBuffers = 32;
 
+// Sides of a picture that a reader may wish for when it is not the camera's own.
+constexpr std::uint32_t kMinSide = 16;
+constexpr std::uint32_t kMaxSide = 4096;
+
 spa_video_format videoFormat(PixelLayout layout)
 {
     switch (layout) {
@@ -49,6 +53,17 @@ spa_video_info_raw videoInfo(PixelLayout layout, const CameraFormat& format)
     return info;
 }
 
+// The sizes that suit a layout are multiples of this one.
+spa_rectangle sizeStep(PixelLayout layout)
+{
+    const std::uint32_t height = layout == PixelLayout::Nv12 || layout == PixelLayout::I420 ? 2 : 1;
+    std::uint32_t width = 1;
+    while (!suits(layout, {.width = width, .height = height})) {
+        width *= 2;
+    }
+    return {.width = width, .height = height};
+}
+
 } // namespace
 
 void PipeWireParams::add(const void* pod)
@@ -56,16 +71,43 @@ void PipeWireParams::add(const void* pod)
     m_list.at(m_count++) = static_cast<const spa_pod*>(pod);
 }
 
-void PipeWireParams::addFormats(const OfferedFormats& formats)
+void PipeWireParams::addFormats(const CameraFormat& format)
 {
-    for (const CameraFormat& format : formats.all()) {
-        for (const PixelLayout layout : kOfferedLayouts) {
-            if (suits(layout, format)) {
-                const spa_video_info_raw info = videoInfo(layout, format);
-                add(spa_format_video_raw_build(&m_builder, SPA_PARAM_EnumFormat, &info));
-            }
+    for (const PixelLayout layout : kOfferedLayouts) {
+        if (suits(layout, format)) {
+            addFormat(layout, format);
         }
     }
+    for (const PixelLayout layout : kOfferedLayouts) {
+        addOtherSizes(layout, format);
+    }
+}
+
+void PipeWireParams::addFormat(PixelLayout layout, const CameraFormat& format)
+{
+    const spa_video_info_raw info = videoInfo(layout, format);
+    add(spa_format_video_raw_build(&m_builder, SPA_PARAM_EnumFormat, &info));
+}
+
+void PipeWireParams::addOtherSizes(PixelLayout layout, const CameraFormat& format)
+{
+    const spa_video_info_raw info = videoInfo(layout, format);
+    const spa_rectangle usual{.width = 1280, .height = 720};
+    const spa_rectangle least{.width = kMinSide, .height = kMinSide};
+    const spa_rectangle most{.width = kMaxSide, .height = kMaxSide};
+    const spa_rectangle step = sizeStep(layout);
+    spa_pod_frame frame{};
+    spa_pod_builder_push_object(&m_builder, &frame, SPA_TYPE_OBJECT_Format, SPA_PARAM_EnumFormat);
+    spa_pod_builder_add(&m_builder, SPA_FORMAT_mediaType, SPA_POD_Id(SPA_MEDIA_TYPE_video),
+                        SPA_FORMAT_mediaSubtype, SPA_POD_Id(SPA_MEDIA_SUBTYPE_raw),
+                        SPA_FORMAT_VIDEO_format, SPA_POD_Id(info.format), SPA_FORMAT_VIDEO_size,
+                        SPA_POD_CHOICE_STEP_Rectangle(&usual, &least, &most, &step),
+                        SPA_FORMAT_VIDEO_framerate, SPA_POD_Fraction(&info.framerate), 0);
+    if (layout != PixelLayout::Bgr) {
+        spa_pod_builder_add(&m_builder, SPA_FORMAT_VIDEO_colorRange, SPA_POD_Id(info.color_range),
+                            SPA_FORMAT_VIDEO_colorMatrix, SPA_POD_Id(info.color_matrix), 0);
+    }
+    add(spa_pod_builder_pop(&m_builder, &frame));
 }
 
 void PipeWireParams::addBuffers(PixelLayout layout, const CameraFormat& format)
@@ -84,7 +126,7 @@ void PipeWireParams::addBuffers(PixelLayout layout, const CameraFormat& format)
                                    SPA_PARAM_META_size, SPA_POD_Int(sizeof(spa_meta_header))));
 }
 
-std::optional<AgreedFormat> agreedFormat(const spa_pod* param, const OfferedFormats& offered)
+std::optional<AgreedFormat> agreedFormat(const spa_pod* param, const CameraFormat& offered)
 {
     spa_video_info info{};
     if (spa_format_parse(param, &info.media_type, &info.media_subtype) < 0 ||
@@ -93,15 +135,18 @@ std::optional<AgreedFormat> agreedFormat(const spa_pod* param, const OfferedForm
         return std::nullopt;
     }
     const spa_video_info_raw& raw = info.info.raw;
+    CameraFormat picture = offered;
+    picture.width = raw.size.width;
+    picture.height = raw.size.height;
+    const auto isSide = [](std::uint32_t side) {
+        return side >= kMinSide && side <= kMaxSide;
+    };
     const auto layout = std::ranges::find(kOfferedLayouts, raw.format, videoFormat);
-    const auto formats = offered.all();
-    const auto format = std::ranges::find_if(formats, [&raw](const CameraFormat& one) {
-        return raw.size.width == one.width && raw.size.height == one.height;
-    });
-    if (layout == kOfferedLayouts.end() || format == formats.end() || !suits(*layout, *format)) {
+    if ((picture != offered && !(isSide(picture.width) && isSide(picture.height))) ||
+        layout == kOfferedLayouts.end() || !suits(*layout, picture)) {
         return std::nullopt;
     }
-    return AgreedFormat{*layout, *format};
+    return AgreedFormat{*layout, picture};
 }
 
 } // namespace pevrix

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "softcam/OfferedFormats.h"
 #include "softcam/PictureFormat.h"
 
 #include <array>
@@ -22,9 +21,10 @@ public:
     PipeWireParams(const PipeWireParams&) = delete; // the list points into the bytes
     PipeWireParams& operator=(const PipeWireParams&) = delete;
 
-    // What the camera offers: an entry per size and layout, each of plain values, for browsers skip
-    // an entry that leaves a choice of format or size.
-    void addFormats(const OfferedFormats& formats);
+    // What the camera offers: its own size in each layout, of plain values, because browsers skip
+    // an entry that leaves a choice when they list what there is. Then every other size, for
+    // Firefox remembers what it listed when it first saw the camera, and asks for that ever after.
+    void addFormats(const CameraFormat& format);
 
     // What buffers have to be like once a layout is agreed on: in one block, in memory that can be
     // shared, with a header for the time stamp.
@@ -34,9 +34,11 @@ public:
     [[nodiscard]] std::uint32_t count() const { return m_count; }
 
 private:
-    static constexpr std::size_t kMost = OfferedFormats::kMost * kOfferedLayouts.size();
+    static constexpr std::size_t kMost = 2 * kOfferedLayouts.size();
 
     void add(const void* pod);
+    void addFormat(PixelLayout layout, const CameraFormat& format);
+    void addOtherSizes(PixelLayout layout, const CameraFormat& format);
 
     alignas(8) std::array<std::uint8_t, kMost * 256> m_bytes{}; // an entry takes about 200
     spa_pod_builder m_builder{.data = m_bytes.data(),
@@ -58,6 +60,6 @@ struct AgreedFormat
 // What a format parameter from outside agrees on; none when it is not one that was offered with
 // addFormats().
 [[nodiscard]] std::optional<AgreedFormat> agreedFormat(const spa_pod* param,
-                                                       const OfferedFormats& offered);
+                                                       const CameraFormat& offered);
 
 } // namespace pevrix

@@ -1,7 +1,5 @@
 #include "softcam/PipeWireSource.h"
 
-#include "softcam/PipeWireParams.h"
-
 #include <cerrno>
 #include <new>
 #include <spa/buffer/meta.h>
@@ -147,7 +145,7 @@ bool PipeWireSource::offerNode(Connection& connection)
     }
     pw_stream_add_listener(connection.stream.get(), connection.streamListener.hook(),
                            &Callbacks::kStream, this);
-    m_offered.lead(*m_camera);
+    m_offered = *m_camera;
     PipeWireParams params;
     params.addFormats(m_offered);
     // The camera gives the pace, and a consumer links to it when it likes.
@@ -162,8 +160,8 @@ bool PipeWireSource::offerNode(Connection& connection)
 // browsers do not survive.
 void PipeWireSource::offerFormats()
 {
-    if (m_camera && !m_offered.isLedBy(*m_camera)) {
-        m_offered.lead(*m_camera);
+    if (m_camera && m_offered != *m_camera) {
+        m_offered = *m_camera;
         PipeWireParams params;
         params.addFormats(m_offered);
         pw_stream_update_params(m_connection->stream.get(), params.list(), params.count());
@@ -186,7 +184,7 @@ void PipeWireSource::setRetryTimer(int seconds)
 void PipeWireSource::setStreaming(bool streaming)
 {
     if (streaming && !m_streaming && m_reader) {
-        m_schedule = PictureSchedule(m_reader->format);
+        m_schedule = PictureSchedule(m_reader->agreed.picture);
         m_mailbox.clear();
     }
     m_streaming = streaming && m_reader;
@@ -200,8 +198,7 @@ void PipeWireSource::agreeOnFormat(const spa_pod* param)
         offerFormats();
         return;
     }
-    m_reader.emplace(agreed->layout, agreed->picture);
-    m_offered.keep(agreed->picture);
+    m_reader.emplace(*agreed);
     PipeWireParams params;
     params.addBuffers(agreed->layout, agreed->picture);
     pw_stream_update_params(m_connection->stream.get(), params.list(), params.count());
@@ -237,13 +234,14 @@ bool PipeWireSource::writePicture(const BgrPicture& picture, spa_buffer& buffer)
         return false;
     }
     spa_data& block = buffer.datas[0];
-    const std::size_t size = pictureSize(m_reader->layout, m_reader->format);
+    const AgreedFormat& agreed = m_reader->agreed;
+    const std::size_t size = pictureSize(agreed.layout, agreed.picture);
     const bool fits = block.data != nullptr && block.maxsize >= size;
     const bool written =
         fits && m_reader->write(picture, {static_cast<std::uint8_t*>(block.data), block.maxsize});
     block.chunk->offset = 0;
     block.chunk->size = written ? static_cast<std::uint32_t>(size) : 0;
-    block.chunk->stride = static_cast<std::int32_t>(rowSize(m_reader->layout, m_reader->format));
+    block.chunk->stride = static_cast<std::int32_t>(rowSize(agreed.layout, agreed.picture));
     block.chunk->flags = 0;
     return written;
 }

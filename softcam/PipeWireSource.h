@@ -1,10 +1,10 @@
 #pragma once
 
-#include "softcam/OfferedFormats.h"
 #include "softcam/PictureConverter.h"
 #include "softcam/PictureMailbox.h"
 #include "softcam/PictureSchedule.h"
 #include "softcam/PipeWireHandles.h"
+#include "softcam/PipeWireParams.h"
 
 #include <atomic>
 #include <cstdint>
@@ -60,15 +60,13 @@ private:
     // What the programs that are linked to the node have agreed on.
     struct Reader
     {
-        Reader(PixelLayout agreed, const CameraFormat& picture)
-            : layout(agreed)
-            , format(picture)
-            , converter(agreed, picture)
+        explicit Reader(const AgreedFormat& format)
+            : agreed(format)
+            , converter(format.layout, format.picture)
         {}
         [[nodiscard]] bool write(const BgrPicture& picture, std::span<std::uint8_t> to);
 
-        PixelLayout layout;
-        CameraFormat format;
+        AgreedFormat agreed;
         PictureConverter converter;
     };
     struct Callbacks; // PipeWire's
@@ -91,7 +89,7 @@ private:
     spa_source* m_retryTimer; // owned by the loop
     std::unique_ptr<Connection> m_connection;
     std::optional<CameraFormat> m_camera; // none: withdrawn
-    OfferedFormats m_offered;             // what the node offers
+    CameraFormat m_offered;               // what the node offers first
     std::optional<Reader> m_reader;       // none: nobody is linked
     PictureSchedule m_schedule{{.rateNumerator = 30}};
     std::uint64_t m_sequence = 0;

@@ -92,8 +92,8 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
     // The sender's rate is three times the reader's; a slow machine may lose some.
     EXPECT_NEAR(static_cast<double>(seen.count()), 30 * seconds, 6 * seconds + 10);
 
-    // Now that nobody reads, the offer follows, in the same node, and the size that was read stays
-    // behind it, for Firefox asks for it again.
+    // Now that nobody reads, the offer follows, in the same node. Another size is there for the
+    // asking.
     camera.reset();
     camera.emplace(pictures[1]);
     EXPECT_EQ(offeredSizes(session.waitForCamera(720)).size(), 4 + 4);
