@@ -9,9 +9,9 @@ from statistics import median_low
 # Bar edges: two pixels, because the four-to-two colour formats move by whole pairs.
 EDGE_TOLERANCE = 2
 
-# Of 255. The way has two encoders of colour (the phone's H.264 and the YUV format that the browser
-# agreed on), each good for 2, and the browser's own conversion to RGB.
-COLOUR_TOLERANCE = 6
+# Of 255. On the way colours are rounded by the phone's H.264, by the camera's scaling and its YUV format,
+# and by the browser, and a step of chroma is two of blue.
+COLOUR_TOLERANCE = 8
 
 # The bars of the phone's pattern, as BT.601 limited-range Y, U, V.
 BARS = ((180, 128, 128), (162, 44, 142), (131, 156, 44), (112, 72, 58),

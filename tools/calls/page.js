@@ -3,6 +3,7 @@
 
 const browser = new URLSearchParams(location.search).get('browser');
 const page = Math.random().toString(36).slice(2); // a reloaded page is another one
+const kMostTries = 8;
 const video = document.querySelector('video');
 const changeCanvas = canvasContext(160, 1);
 let measurement = null;
@@ -21,21 +22,6 @@ function tell(event) {
     post('event', event);
 }
 
-// A browser may ask the media service for its cameras before it is allowed to see them.
-async function findCamera() {
-    for (let tries = 10; ; --tries) {
-        try {
-            return await navigator.mediaDevices.getUserMedia({video: true});
-        } catch (error) {
-            if (error.name !== 'NotFoundError' || tries === 0) {
-                throw error;
-            }
-            tell(`no camera yet: ${error.name}`);
-            await new Promise(done => setTimeout(done, 500));
-        }
-    }
-}
-
 // Whether a picture comes; not when the browser ends the track first, or nothing happens.
 function firstPicture(track) {
     return new Promise(done => {
@@ -45,17 +31,26 @@ function firstPicture(track) {
     });
 }
 
-// Chromium 156 has a race: its capture process may crash while it opens a camera of PipeWire, which
-// ends the track at once. A person tries again.
+// Tries again, as a person does, where the browser itself is at fault: it may ask the media service for
+// its cameras before it is allowed to see them (NotFoundError), and its capture process may crash while
+// it opens one, which is told as NotReadableError or by a track that ends.
 async function openTrack() {
     for (let tries = 1; ; ++tries) {
-        const stream = await findCamera();
-        const track = stream.getVideoTracks()[0];
-        video.srcObject = stream;
-        if (await firstPicture(track) || tries === 4) {
-            return {track, tries};
+        try {
+            const stream = await navigator.mediaDevices.getUserMedia({video: true});
+            const track = stream.getVideoTracks()[0];
+            video.srcObject = stream;
+            if (await firstPicture(track) || tries === kMostTries) {
+                return {track, tries};
+            }
+            tell('the track ended while it was opened');
+        } catch (error) {
+            if (!/^Not(Found|Readable)Error$/.test(error.name) || tries === kMostTries) {
+                throw error;
+            }
+            tell(`no camera yet: ${error.name}`);
+            await new Promise(done => setTimeout(done, 500));
         }
-        tell('the track ended while it was opened');
     }
 }
 

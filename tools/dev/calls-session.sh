@@ -183,7 +183,7 @@ await_camera() {
     done
     [[ $reply == 'opened Pevrix '* ]] || fail "$1 did not open the camera: $reply"
     [[ $reply == *' 1' ]] ||
-        say "$1" "opened the camera at try ${reply##* }, having ended the ones before itself"
+        say "$1" "opened the camera at try ${reply##* } (the browser failed before)"
     # Side by side: a browser that is covered paints nothing.
     [[ "$together $1" != 'chromium-firefox firefox' ]] ||
         xdotool search --onlyvisible --class firefox windowmove "${window%x*}" 0
