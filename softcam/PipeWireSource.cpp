@@ -145,7 +145,7 @@ bool PipeWireSource::offerNode(Connection& connection)
     }
     pw_stream_add_listener(connection.stream.get(), connection.streamListener.hook(),
                            &Callbacks::kStream, this);
-    m_offered = *m_camera;
+    m_offered = m_camera.value_or(m_offered);
     PipeWireParams params;
     params.addFormats(m_offered);
     // The camera gives the pace, and a consumer links to it when it likes.
@@ -215,7 +215,7 @@ void PipeWireSource::fillBuffer()
     if (buffer == nullptr) { // slow consumers have them all: this picture is left out
         return;
     }
-    const bool written = writePicture(picture, *buffer->buffer);
+    const bool written = writePicture(*m_reader, picture, *buffer->buffer);
     spa_meta_header* header = static_cast<spa_meta_header*>(
         spa_buffer_find_meta_data(buffer->buffer, SPA_META_Header, sizeof(spa_meta_header)));
     if (header != nullptr) {
@@ -228,17 +228,17 @@ void PipeWireSource::fillBuffer()
 }
 
 // The buffer comes from the daemon: it is checked, whatever was agreed on.
-bool PipeWireSource::writePicture(const BgrPicture& picture, spa_buffer& buffer)
+bool PipeWireSource::writePicture(Reader& reader, const BgrPicture& picture, spa_buffer& buffer)
 {
     if (buffer.n_datas < 1) {
         return false;
     }
     spa_data& block = buffer.datas[0];
-    const AgreedFormat& agreed = m_reader->agreed;
+    const AgreedFormat& agreed = reader.agreed;
     const std::size_t size = pictureSize(agreed.layout, agreed.picture);
     const bool fits = block.data != nullptr && block.maxsize >= size;
     const bool written =
-        fits && m_reader->write(picture, {static_cast<std::uint8_t*>(block.data), block.maxsize});
+        fits && reader.write(picture, {static_cast<std::uint8_t*>(block.data), block.maxsize});
     block.chunk->offset = 0;
     block.chunk->size = written ? static_cast<std::uint32_t>(size) : 0;
     block.chunk->stride = static_cast<std::int32_t>(rowSize(agreed.layout, agreed.picture));

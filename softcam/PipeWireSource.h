@@ -80,7 +80,8 @@ private:
     void setStreaming(bool streaming);
     void agreeOnFormat(const spa_pod* param);
     void fillBuffer();
-    [[nodiscard]] bool writePicture(const BgrPicture& picture, spa_buffer& buffer);
+    [[nodiscard]] static bool writePicture(Reader& reader, const BgrPicture& picture,
+                                           spa_buffer& buffer);
 
     std::atomic<bool> m_streaming = false;
     pw_loop* m_loop;
