@@ -93,6 +93,10 @@ VIAddVersionKey LegalCopyright "Pevrix"
             IntOp $0 $0 + 1
         ${EndWhile}
         Rename "${FILE}" "${FILE}.old$0"
+        ${If} ${FileExists} "${FILE}"
+            SetErrorLevel 3
+            Abort "${FILE} is in use and could not be renamed."
+        ${EndIf}
         Delete /REBOOTOK "${FILE}.old$0"
         SetRebootFlag false
     ${EndIf}

@@ -169,8 +169,10 @@ private:
     void send(scCamera camera, TestPicture& picture)
     {
         constexpr std::uint32_t kPicturesPerReport = 15;
-        const std::int64_t units = sharedMicroseconds() / (1'000'000 / kStampUnitsPerSecond);
-        picture.label(m_number++, static_cast<std::uint32_t>(units));
+        picture.label(m_number++, [] {
+            const std::int64_t units = sharedMicroseconds() / (1'000'000 / kStampUnitsPerSecond);
+            return static_cast<std::uint32_t>(units);
+        });
         m_witness.signal();
         m_library.send(camera, picture.pixels());
         if (m_number % kPicturesPerReport == 0) {

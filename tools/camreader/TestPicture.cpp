@@ -143,16 +143,17 @@ TestPicture::TestPicture(int width, int height)
     }
 }
 
-void TestPicture::label(std::uint32_t number, std::uint32_t stamp)
+void TestPicture::label(std::uint32_t number, const std::function<std::uint32_t()>& stamp)
 {
     const std::uint64_t number24 = number & kLabelMask;
-    const std::uint64_t stamp24 = stamp & kLabelMask;
     writeBits(kFirstBottomRow,
               (number24 & 0xFFFF) << 32 | static_cast<std::uint64_t>(m_width) << 16 |
                   static_cast<std::uint64_t>(m_height),
               kBottomRows * kColumns);
-    writeBits(0, number24 << 40 | stamp24 << 16 | checksum(number & kLabelMask, stamp & kLabelMask),
-              kTopRows * kColumns);
+    const std::uint32_t stamp24 = stamp() & kLabelMask;
+    writeBits(
+        0, number24 << 40 | std::uint64_t{stamp24} << 16 | checksum(number & kLabelMask, stamp24),
+        kTopRows * kColumns);
 }
 
 void TestPicture::writeBits(int firstRow, std::uint64_t bits, int count)

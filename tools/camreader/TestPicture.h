@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -48,8 +49,8 @@ class TestPicture
 public:
     TestPicture(int width, int height);
 
-    // Writes number and stamp; the colours stay.
-    void label(std::uint32_t number, std::uint32_t stamp);
+    // Writes number and stamp; the colours stay. The stamp is asked for when most is drawn.
+    void label(std::uint32_t number, const std::function<std::uint32_t()>& stamp);
 
     // Blue, green, red; top row first, no padding.
     [[nodiscard]] const std::uint8_t* pixels() const { return m_pixels.data(); }

@@ -2,6 +2,7 @@
 
 #include "tools/camreader/ThisProcess_win.h"
 
+#include <cstring>
 #include <utility>
 
 namespace pevrix {
@@ -11,6 +12,7 @@ namespace {
 constexpr const wchar_t* kEventName = L"Local\\PevrixCamreaderWitness";
 constexpr const wchar_t* kSectionName = L"Local\\PevrixCamreaderWitnessTime";
 constexpr DWORD kRetryMilliseconds = 200;
+constexpr std::size_t kPictureSize = std::size_t{3} * 1280 * 720;
 
 volatile std::int64_t* mapTime(HANDLE section, DWORD access)
 {
@@ -72,9 +74,13 @@ void WitnessReader::run()
     if (!time) {
         return;
     }
+    const std::vector<std::uint8_t> from(kPictureSize, 1);
+    std::vector<std::uint8_t> to(kPictureSize);
     const HANDLE handles[] = {m_stop.get(), event.get()};
     while (WaitForMultipleObjects(2, handles, FALSE, INFINITE) == WAIT_OBJECT_0 + 1) {
-        const std::int64_t delay = sharedMicroseconds() - *time;
+        const std::int64_t signalled = *time;
+        std::memcpy(to.data(), from.data(), kPictureSize);
+        const std::int64_t delay = sharedMicroseconds() - signalled;
         const std::lock_guard lock(m_mutex);
         m_delays.push_back(delay);
     }

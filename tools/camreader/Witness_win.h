@@ -15,8 +15,9 @@ struct CloseHandleOf
 };
 using UniqueHandle = std::unique_ptr<void, CloseHandleOf>;
 
-// What one process takes to wake another one on this machine, whatever the camera does: the sender
-// signals beside each picture, the reader notes when it woke up.
+// What one process takes to wake another one on this machine and that one to copy a picture,
+// whatever the camera does: the sender signals beside each picture, the reader notes when it is
+// done.
 class WitnessSender
 {
 public:
@@ -41,7 +42,7 @@ public:
     WitnessReader(const WitnessReader&) = delete;
     WitnessReader& operator=(const WitnessReader&) = delete;
 
-    // Microseconds from each signal since the last call until this process was awake.
+    // Microseconds from each signal since the last call until this process had copied a picture.
     [[nodiscard]] std::vector<std::int64_t> takeDelays();
 
 private:

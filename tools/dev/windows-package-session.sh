@@ -66,6 +66,7 @@ start_readers() {
     local folder log
     for folder in "${readers[@]}"; do
         log=$logs/reader${#reader_pids[@]}
+        : >"$log"
         tools/dev/wine-run "$folder/camreader.exe" read >"$log" 2>&1 </dev/null &
         reader_pids+=($!)
         wait_until "a program could not read the camera" grep -q 'pictures=[1-9]' "$log"
