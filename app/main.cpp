@@ -4,8 +4,8 @@
 #include "app/QuitSignals.h"
 #include "app/Tray.h"
 #include "controller/AppController.h"
+#include "qml/Interface.h"
 #include "system/Console.h"
-#include "ui/FramePreview.h"
 #include "ui/Translator.h"
 #include "ui/UpdateChecker.h"
 
@@ -22,12 +22,6 @@ using namespace Qt::StringLiterals;
 using namespace pevrix;
 
 namespace {
-
-void registerQmlTypes()
-{
-    qmlRegisterType<FramePreview>("Pevrix", 1, 0, "FramePreview");
-    qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
-}
 
 // Once the window is seen: encryption takes some hundred milliseconds to load.
 void checkForUpdates(UpdateChecker& updater, const QQuickWindow& window)
@@ -88,7 +82,7 @@ int main(int argc, char** argv)
     QApplication::setDesktopFileName(u"example.pevrix.Pevrix"_s); // the Linux menu entry's name
     QApplication::setWindowIcon(QIcon(u":/assets/icons/app-icon-256.png"_s));
     quitOnSystemSignals(application);
-    registerQmlTypes();
+    registerInterface();
 
     AppController controller;
     // Nothing is destroyed when a session ends: a recording is completed while there is time.

@@ -173,7 +173,7 @@
     </message>
 </context>
 <context>
-    <name>Main</name>
+    <name>Languages</name>
     <message>
         <source>System default</source>
         <translation>Langue du système</translation>

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Pevrix
 
 // The window: a rounded card with its own title bar and shadow, in it the pairing view while no
 // phone is connected and the live view while one is, over it the dialogs.
@@ -9,7 +8,7 @@ Window {
     id: root
 
     // The engine's context properties, each looked up here only.
-    readonly property var controller: app   // qmllint disable unqualified
+    readonly property var controller: app  // qmllint disable unqualified
     readonly property var updates: updater  // qmllint disable unqualified
     readonly property var translator: i18n  // qmllint disable unqualified
 
@@ -35,19 +34,8 @@ Window {
     readonly property string recClock: Math.floor(recSeconds / 60) + ":"
                                        + String(recSeconds % 60).padStart(2, "0")
 
-    readonly property var langList: [
-        { code: "auto", name: qsTr("System default") },
-        { code: "en", name: "English" },
-        { code: "fr", name: "Français" },
-        { code: "es", name: "Español" },
-        { code: "de", name: "Deutsch" },
-        { code: "it", name: "Italiano" },
-        { code: "pt", name: "Português" },
-        { code: "ru", name: "Русский" },
-        { code: "tr", name: "Türkçe" },
-        { code: "zh_CN", name: "中文 (简体)" },
-        { code: "ja", name: "日本語" }
-    ]
+    readonly property var langList: // qmllint disable compiler
+        Languages.list.map(entry => ({ code: entry.code, name: entry.name }))
 
     // The palette that dialogs and menus take their colours from.
     readonly property color bg: Theme.bg
@@ -64,6 +52,8 @@ Window {
     readonly property string mono: Theme.mono
     readonly property int rz: 6 // thickness of the resize grips
 
+    signal dialogAsked(string name)
+
     width: normalWidth
     height: normalHeight
     minimumWidth: 460
@@ -79,12 +69,17 @@ Window {
     }
 
     function shotOpenView(view: string): void {
-        dialogs.open(view)
+        openDialog(view)
     }
 
-    // The code itself stands for a language that is not offered.
+    // "settings", "language" or "addphone"; any other name opens nothing.
+    function openDialog(name: string): void {
+        dialogs.active = true
+        dialogAsked(name)
+    }
+
     function nameOfLanguage(code: string): string {
-        return langList.find(entry => entry.code === code)?.name ?? code
+        return Languages.nameOf(code)
     }
 
     // A window that nothing could bring back must not vanish.
@@ -143,7 +138,7 @@ Window {
     Connections {
         target: root.controller
 
-        function onFrameReady(image) {
+        function onFrameReady(image: var): void {
             liveView.setFrame(image)
         }
     }
@@ -195,7 +190,7 @@ Window {
             anchors { left: parent.left; right: parent.right; top: parent.top; margins: 1 }
             topRadius: Math.max(0, card.radius - 1)
             maximized: root.isMax
-            onSettingsClicked: dialogs.open("settings")
+            onSettingsClicked: root.openDialog("settings")
             onMinimizeClicked: root.showMinimized()
             onMaximizeToggled: root.toggleMaximized()
             onCloseClicked: root.closeOrHide()
@@ -240,16 +235,19 @@ Window {
                 enabled: visible
                 app: root.controller
                 clock: root.recClock
-                onAddPhoneClicked: dialogs.open("addphone")
+                onAddPhoneClicked: root.openDialog("addphone")
                 onMenuRequested: (field, x, y) => editMenu.openFor(field, x, y)
             }
         }
 
-        Dialogs {
+        // Made with the first dialog that is opened, so that the window appears sooner.
+        Loader {
             id: dialogs
 
             anchors.fill: parent
-            window: root
+            z: 200
+            active: false
+            Component.onCompleted: setSource("Dialogs.qml", { window: root })
         }
     }
 

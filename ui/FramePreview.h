@@ -14,8 +14,8 @@ namespace pevrix {
 class FramePreview : public QQuickItem
 {
     Q_OBJECT
-    Q_PROPERTY(QSize frameSize READ frameSize NOTIFY frameSizeChanged)
-    Q_PROPERTY(QRectF contentRect READ contentRect NOTIFY contentRectChanged)
+    Q_PROPERTY(QSize frameSize READ frameSize NOTIFY frameSizeChanged FINAL)
+    Q_PROPERTY(QRectF contentRect READ contentRect NOTIFY contentRectChanged FINAL)
 
 public:
     explicit FramePreview(QQuickItem* parent = nullptr);

@@ -1,4 +1,4 @@
-#include "ui/FramePreview.h"
+#include "qml/Interface.h"
 #include "ui/Translator.h"
 
 #include <QFont>
@@ -27,8 +27,7 @@ public Q_SLOTS:
         QFont font; // the width of texts matters
         font.setFamilies({u"Segoe UI"_s, u"Open Sans"_s});
         QGuiApplication::setFont(font);
-        qmlRegisterType<FramePreview>("Pevrix", 1, 0, "FramePreview");
-        qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
+        registerInterface();
     }
 
     void qmlEngineAvailable(QQmlEngine* engine)

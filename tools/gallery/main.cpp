@@ -1,10 +1,11 @@
 #include "controller/Card.h"
+#include "qml/Interface.h"
 #include "tools/gallery/Gallery.h"
-#include "ui/FramePreview.h"
 #include "ui/Translator.h"
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFont>
 #include <QGuiApplication>
 #include <QImage>
 #include <QQmlContext>
@@ -103,8 +104,7 @@ int main(int argc, char** argv)
     QFont font;
     font.setFamilies({u"Segoe UI"_s, u"Open Sans"_s});
     QGuiApplication::setFont(font);
-    qmlRegisterType<pevrix::FramePreview>("Pevrix", 1, 0, "FramePreview");
-    qmlRegisterSingletonType(QUrl(u"qrc:/qml/Theme.qml"_s), "Pevrix", 1, 0, "Theme");
+    pevrix::registerInterface();
 
     const Options options = parseOptions(application);
     pevrix::Gallery gallery(options.gallery);

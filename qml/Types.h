@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ui/FramePreview.h"
+#include "ui/PhoneModel.h"
+
+#include <QtQmlIntegration>
+
+namespace pevrix {
+
+/// A language of the interface, as it is offered to choose from.
+struct Language
+{
+    Q_GADGET
+    QML_VALUE_TYPE(language)
+    QML_STRUCTURED_VALUE
+    Q_PROPERTY(QString code MEMBER code FINAL)
+    Q_PROPERTY(QString name MEMBER name FINAL)
+
+public:
+    QString code; // "auto": the system's
+    QString name;
+    bool operator==(const Language&) const = default;
+};
+
+struct FramePreviewType
+{
+    Q_GADGET
+    QML_FOREIGN(pevrix::FramePreview)
+    QML_NAMED_ELEMENT(FramePreview)
+};
+
+struct PhoneModelType
+{
+    Q_GADGET
+    QML_FOREIGN(pevrix::PhoneModel)
+    QML_NAMED_ELEMENT(PhoneModel)
+};
+
+} // namespace pevrix

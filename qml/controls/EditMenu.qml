@@ -1,0 +1,153 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// The right-click menu of text fields, one for the whole window. It never takes the focus: a field
+// that commits when it loses the focus is not committed by opening its menu. From the keyboard its
+// actions are the shortcuts that it shows.
+Item {
+    id: root
+
+    property var theme: null // the window, for its colours; without one the light colours
+    property TextInput target: null // the text input that it serves
+    property bool shown: false
+
+    readonly property bool hasSelection: target !== null && target.selectedText !== ""
+    readonly property int edge: 4 // kept free between the panel and the window's sides
+
+    anchors.fill: parent
+    z: 400
+    visible: shown
+
+    function openFor(field: Item, sceneX: real, sceneY: real): void {
+        target = field as TextInput
+        field.forceActiveFocus()
+        const point = mapFromItem(null, sceneX, sceneY)
+        panel.x = Math.max(edge, Math.min(point.x, width - panel.width - edge))
+        panel.y = Math.max(edge, Math.min(point.y, height - panel.height - edge))
+        shown = true
+    }
+
+    function close(): void {
+        shown = false
+    }
+
+    function run(action: string): void {
+        switch (action) {
+        case "cut": target.cut(); break
+        case "copy": target.copy(); break
+        case "paste": target.paste(); break
+        case "selectAll": target.selectAll(); break
+        }
+        close()
+    }
+
+    Tint {
+        id: tint
+
+        theme: root.theme
+    }
+
+    Shortcut {
+        sequence: "Escape"
+        enabled: root.shown
+        onActivated: root.close()
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        acceptedButtons: Qt.AllButtons
+        onPressed: root.close()
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Shadow {
+        anchors.fill: panel
+        radius: panel.radius
+        color: panel.color
+        shadowColor: "#40000000"
+        blur: 0.5
+    }
+
+    Rectangle {
+        id: panel
+
+        objectName: "panel"
+        width: 176
+        height: rows.height + 10
+        radius: 7
+        color: tint.surface
+        border.width: 1
+        border.color: tint.hair
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: qsTr("Edit")
+
+        MouseArea { // between the rows: part of the panel
+            anchors.fill: parent
+            acceptedButtons: Qt.AllButtons
+        }
+
+        Column {
+            id: rows
+
+            anchors { left: parent.left; right: parent.right; top: parent.top; margins: 5 }
+
+            EditMenuRow {
+                ink: tint.textc
+                faded: tint.muted
+                hoverColor: tint.raised
+                action: "cut"
+                label: qsTr("Cut")
+                keys: "Ctrl+X"
+                active: root.hasSelection && !root.target.readOnly
+                onTriggered: root.run(action)
+            }
+
+            EditMenuRow {
+                ink: tint.textc
+                faded: tint.muted
+                hoverColor: tint.raised
+                action: "copy"
+                label: qsTr("Copy")
+                keys: "Ctrl+C"
+                active: root.hasSelection
+                onTriggered: root.run(action)
+            }
+
+            EditMenuRow {
+                ink: tint.textc
+                faded: tint.muted
+                hoverColor: tint.raised
+                action: "paste"
+                label: qsTr("Paste")
+                keys: "Ctrl+V"
+                active: root.target !== null && root.target.canPaste
+                onTriggered: root.run(action)
+            }
+
+            Item {
+                width: parent.width
+                height: 7
+
+                Rectangle {
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: parent.width
+                    height: 1
+                    color: tint.hair
+                }
+            }
+
+            EditMenuRow {
+                ink: tint.textc
+                faded: tint.muted
+                hoverColor: tint.raised
+                action: "selectAll"
+                label: qsTr("Select all")
+                keys: "Ctrl+A"
+                active: root.target !== null && root.target.text !== ""
+                onTriggered: root.run(action)
+            }
+        }
+    }
+}

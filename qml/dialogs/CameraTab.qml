@@ -1,0 +1,98 @@
+import QtQuick
+import QtQuick.Dialogs
+import QtQuick.Layouts
+
+// Settings: the camera's registration, where recordings go, the pairing code.
+Column {
+    id: root
+
+    required property var app
+    // The system is asked at each read, and each change of the controller reads.
+    readonly property bool registered: visible && app.cameraRegistered
+
+    spacing: 18
+
+    Section {
+        width: parent.width
+        label: qsTr("CAMERA")
+
+        InfoRow {
+            Dot { color: root.registered ? Theme.accent : Theme.amber }
+
+            ElidedText {
+                Layout.fillWidth: true
+                text: root.registered ? qsTr("Registered") : qsTr("Not registered")
+            }
+
+            AppButton {
+                size: Theme.btnHsm
+                variant: root.registered ? "neutral" : "primary"
+                text: root.registered ? qsTr("Unregister") : qsTr("Register")
+                onClicked: root.registered ? root.app.unregisterCamera() : root.app.registerCamera()
+            }
+        }
+
+        Note {
+            text: qsTr("Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.")
+        }
+    }
+
+    Section {
+        width: parent.width
+        label: qsTr("RECORDINGS")
+
+        InfoRow {
+            ElidedText {
+                Layout.fillWidth: true
+                text: root.app.recordingFolder
+                font.pixelSize: Theme.fsCaption
+                elide: Text.ElideMiddle
+            }
+
+            AppButton {
+                size: Theme.btnHsm
+                text: qsTr("Open")
+                onClicked: root.app.openRecordingsFolder()
+            }
+
+            AppButton {
+                size: Theme.btnHsm
+                text: qsTr("Change")
+                onClicked: folderDialog.open()
+            }
+        }
+
+        Note { text: qsTr("Where the Record button saves .mp4 files.") }
+    }
+
+    Section {
+        width: parent.width
+        label: qsTr("PAIRING")
+
+        InfoRow {
+            label: qsTr("Code")
+
+            Text {
+                text: "••••••••"
+                color: Theme.muted
+                font.pixelSize: Theme.fsBody
+                Accessible.ignored: true
+            }
+
+            AppButton {
+                size: Theme.btnHsm
+                text: qsTr("Regenerate")
+                onClicked: root.app.regeneratePairing()
+            }
+        }
+
+        Note { text: qsTr("Regenerating makes the current QR stop working for new phones.") }
+    }
+
+    FolderDialog {
+        id: folderDialog
+
+        title: qsTr("Choose recordings folder")
+        onAccepted: root.app.recordingFolder = selectedFolder.toString()
+    }
+}

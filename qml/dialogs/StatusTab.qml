@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Layouts
+
+// Settings: how phones reach this PC, and how the video does.
+Column {
+    id: root
+
+    required property var app
+
+    spacing: 18
+
+    Section {
+        width: parent.width
+        label: qsTr("CONNECTION")
+
+        InfoRow {
+            label: qsTr("This PC")
+
+            ValueText { text: root.app.pcName }
+        }
+
+        InfoRow {
+            label: qsTr("Port")
+
+            ValueText { text: root.app.port }
+        }
+
+        InfoRow {
+            label: "USB"
+
+            Dot { color: root.app.usbAvailable ? Theme.accent : Theme.amber }
+
+            ElidedText {
+                Layout.maximumWidth: 280
+                Layout.rightMargin: 6
+                text: root.app.usbAvailable ? qsTr("Ready")
+                                            : qsTr("Needs iTunes or the Apple Devices app")
+                color: Theme.muted
+                font.pixelSize: Theme.fsCaption
+            }
+        }
+    }
+
+    Section {
+        width: parent.width
+        label: qsTr("DIAGNOSTICS")
+
+        InfoRow {
+            label: qsTr("Performance")
+
+            ValueText {
+                text: qsTr("%1 fps · %2 ms").arg(root.app.fps).arg(root.app.decodeMs)
+            }
+        }
+    }
+}

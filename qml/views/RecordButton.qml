@@ -1,0 +1,49 @@
+import QtQuick
+
+// Starts and stops a recording, and shows how long it has lasted. Stopping is always possible;
+// starting only while video flows, so that a click never silently does nothing.
+Clickable {
+    id: root
+
+    required property bool recording
+    required property string clock
+
+    implicitWidth: content.width + 2 * Theme.btnPadX
+    implicitHeight: Theme.btnH
+    opacity: enabled ? 1 : 0.45
+    Accessible.name: recording ? qsTr("Stop recording") : qsTr("Record")
+
+    background: Rectangle {
+        radius: Theme.rControl
+        color: root.recording ? Theme.red : root.hovered ? Theme.raisedHover : Theme.raised
+        border.width: root.recording ? 0 : 1
+        border.color: Theme.hair
+    }
+
+    contentItem: Item {
+        Row {
+            id: content
+
+            anchors.centerIn: parent
+            spacing: Theme.sp2
+
+            Dot {
+                anchors.verticalCenter: parent.verticalCenter
+                width: 9
+                height: 9
+                radius: root.recording ? 2 : 4.5
+                color: root.recording ? Theme.onVideoText : Theme.red
+                low: 0.35
+                pulsing: root.recording
+            }
+
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.recording ? root.clock : qsTr("Record")
+                color: root.recording ? Theme.onVideoText : Theme.textc
+                font.pixelSize: Theme.fsBody
+                font.weight: Font.DemiBold
+            }
+        }
+    }
+}
