@@ -7,11 +7,6 @@ import QtQuick
 Window {
     id: root
 
-    // The engine's context properties, each looked up here only.
-    readonly property var controller: app  // qmllint disable unqualified
-    readonly property var updates: updater  // qmllint disable unqualified
-    readonly property var translator: i18n  // qmllint disable unqualified
-
     property bool captureMode: false // the card fills the window, for pictures
     property bool trayAvailable: true // the desktop has a place to bring a hidden window back from
     readonly property bool isMax: visibility === Window.Maximized
@@ -23,12 +18,10 @@ Window {
     readonly property int normalWidth: 540
     readonly property int normalHeight: 640
 
-    property int themeMode: controller.themeMode // 0 system, 1 light, 2 dark
-    readonly property bool dark: themeMode === 0 ? controller.osDark : themeMode === 2
-    readonly property bool onLive: controller.phoneConnected
+    property int themeMode: App.themeMode // 0 system, 1 light, 2 dark
+    readonly property bool dark: themeMode === 0 ? App.osDark : themeMode === 2
+    readonly property bool onLive: App.phoneConnected
     property alias renamingCard: liveView.renamingCard
-    // The translator ends before the engine does.
-    readonly property string languageCode: translator?.language ?? ""
 
     property int recSeconds: 0
     readonly property string recClock: Math.floor(recSeconds / 60) + ":"
@@ -92,7 +85,7 @@ Window {
     }
 
     function closeOrHide(): void {
-        if (controller.minimizeToTray) {
+        if (App.minimizeToTray) {
             hideToTray()
         } else {
             Qt.quit()
@@ -123,7 +116,7 @@ Window {
     }
 
     onClosing: close => {
-        if (controller.minimizeToTray) {
+        if (App.minimizeToTray) {
             close.accepted = false
             hideToTray()
         }
@@ -136,7 +129,7 @@ Window {
     }
 
     Connections {
-        target: root.controller
+        target: App.controller
 
         function onFrameReady(image: var): void {
             liveView.setFrame(image)
@@ -146,7 +139,7 @@ Window {
     Timer {
         interval: 1000
         repeat: true
-        running: root.controller.recording
+        running: App.recording
         onRunningChanged: root.recSeconds = 0
         onTriggered: ++root.recSeconds
     }
@@ -203,9 +196,9 @@ Window {
             objectName: "updateBar"
 
             anchors { left: titleBar.left; right: titleBar.right; top: titleBar.bottom }
-            available: root.updates.available
-            latestVersion: root.updates.latestVersion
-            onDownloadClicked: root.updates.openDownload()
+            available: App.updateAvailable
+            latestVersion: App.latestVersion
+            onDownloadClicked: App.openDownload()
         }
 
         Item {
@@ -217,13 +210,13 @@ Window {
                 anchors.fill: parent
                 visible: !root.onLive
                 enabled: visible // hidden, neither view must keep the focus
-                qrDataUrl: root.controller.qrDataUrl
-                pairAddress: root.controller.pairAddress
-                pcName: root.controller.pcName
-                listening: root.controller.port !== 0
-                firewallBlocked: root.controller.firewallBlocked
-                appUrl: root.updates.siteUrl + "/app"
-                onAllowClicked: root.controller.allowThroughFirewall()
+                qrDataUrl: App.qrDataUrl
+                pairAddress: App.pairAddress
+                pcName: App.pcName
+                listening: App.port !== 0
+                firewallBlocked: App.firewallBlocked
+                appUrl: App.siteUrl + "/app"
+                onAllowClicked: App.allowThroughFirewall()
             }
 
             LiveView {
@@ -233,7 +226,6 @@ Window {
                 anchors.fill: parent
                 visible: root.onLive
                 enabled: visible
-                app: root.controller
                 clock: root.recClock
                 onAddPhoneClicked: root.openDialog("addphone")
                 onMenuRequested: (field, x, y) => editMenu.openFor(field, x, y)

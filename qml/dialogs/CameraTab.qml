@@ -6,9 +6,7 @@ import QtQuick.Layouts
 Column {
     id: root
 
-    required property var app
-    // The system is asked at each read, and each change of the controller reads.
-    readonly property bool registered: visible && app.cameraRegistered
+    readonly property bool registered: visible && App.isCameraRegistered() // asked while it is seen
 
     spacing: 18
 
@@ -28,7 +26,7 @@ Column {
                 size: Theme.btnHsm
                 variant: root.registered ? "neutral" : "primary"
                 text: root.registered ? qsTr("Unregister") : qsTr("Register")
-                onClicked: root.registered ? root.app.unregisterCamera() : root.app.registerCamera()
+                onClicked: root.registered ? App.unregisterCamera() : App.registerCamera()
             }
         }
 
@@ -44,7 +42,7 @@ Column {
         InfoRow {
             ElidedText {
                 Layout.fillWidth: true
-                text: root.app.recordingFolder
+                text: App.recordingFolder
                 font.pixelSize: Theme.fsCaption
                 elide: Text.ElideMiddle
             }
@@ -52,7 +50,7 @@ Column {
             AppButton {
                 size: Theme.btnHsm
                 text: qsTr("Open")
-                onClicked: root.app.openRecordingsFolder()
+                onClicked: App.openRecordingsFolder()
             }
 
             AppButton {
@@ -82,7 +80,7 @@ Column {
             AppButton {
                 size: Theme.btnHsm
                 text: qsTr("Regenerate")
-                onClicked: root.app.regeneratePairing()
+                onClicked: App.regeneratePairing()
             }
         }
 
@@ -93,6 +91,6 @@ Column {
         id: folderDialog
 
         title: qsTr("Choose recordings folder")
-        onAccepted: root.app.recordingFolder = selectedFolder.toString()
+        onAccepted: App.setRecordingFolder(selectedFolder.toString())
     }
 }

@@ -8,12 +8,6 @@ Item {
 
     required property Main window // that they belong to
 
-    readonly property var app: window.controller
-    readonly property var translator: window.translator
-    readonly property var updates: window.updates
-    // The translator ends before the engine does.
-    readonly property string languageCode: translator?.language ?? ""
-
     Connections {
         target: root.window
 
@@ -32,9 +26,8 @@ Item {
         sourceComponent: SettingsDialog {
             objectName: "settings"
             theme: root.window
-            app: root.app
-            homeUrl: root.updates.siteUrl
-            languageName: Languages.nameOf(root.languageCode)
+            homeUrl: App.siteUrl
+            languageName: Languages.nameOf(App.language)
             onLanguageClicked: {
                 close()
                 language.open()
@@ -48,8 +41,8 @@ Item {
         sourceComponent: LanguageDialog {
             objectName: "language"
             theme: root.window
-            current: root.languageCode
-            onPicked: code => root.translator.setLanguage(code)
+            current: App.language
+            onPicked: code => App.setLanguage(code)
         }
     }
 
@@ -59,8 +52,8 @@ Item {
         sourceComponent: AddPhoneDialog {
             objectName: "addPhone"
             theme: root.window
-            qrDataUrl: root.app.qrDataUrl
-            pairAddress: root.app.pairAddress
+            qrDataUrl: App.qrDataUrl
+            pairAddress: App.pairAddress
         }
     }
 }

@@ -5,7 +5,6 @@ import QtQuick.Layouts
 Column {
     id: root
 
-    required property var app
     required property string languageName // of the interface
 
     signal languageClicked()
@@ -19,8 +18,8 @@ Column {
         SegmentedBar {
             width: parent.width
             labels: [qsTr("System"), qsTr("Light"), qsTr("Dark")]
-            current: root.app.themeMode
-            onPicked: index => root.app.setThemeMode(index)
+            current: App.themeMode
+            onPicked: index => App.setThemeMode(index)
         }
     }
 
@@ -68,9 +67,9 @@ Column {
 
             Switch {
                 Layout.rightMargin: 2
-                on: root.app.minimizeToTray
+                on: App.minimizeToTray
                 name: qsTr("Close to tray")
-                onClicked: root.app.minimizeToTray = !root.app.minimizeToTray
+                onClicked: App.setMinimizeToTray(!App.minimizeToTray)
             }
         }
 

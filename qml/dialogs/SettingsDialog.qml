@@ -5,7 +5,6 @@ import QtQuick
 Modal {
     id: root
 
-    required property var app // the controller
     required property string languageName
     required property string homeUrl
     property int tab: 0
@@ -37,7 +36,6 @@ Modal {
 
             width: parent.width
             visible: root.tab === 0
-            app: root.app
             languageName: root.languageName
             onLanguageClicked: root.languageClicked()
         }
@@ -47,7 +45,6 @@ Modal {
 
             width: parent.width
             visible: root.tab === 1
-            app: root.app
         }
 
         StatusTab {
@@ -55,7 +52,6 @@ Modal {
 
             width: parent.width
             visible: root.tab === 2
-            app: root.app
         }
 
         AboutTab {
@@ -63,7 +59,7 @@ Modal {
 
             anchors.fill: parent
             visible: root.tab === 3
-            version: root.app.appVersion
+            version: App.appVersion
             homeUrl: root.homeUrl
         }
     }

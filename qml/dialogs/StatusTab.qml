@@ -5,7 +5,6 @@ import QtQuick.Layouts
 Column {
     id: root
 
-    required property var app
 
     spacing: 18
 
@@ -16,24 +15,24 @@ Column {
         InfoRow {
             label: qsTr("This PC")
 
-            ValueText { text: root.app.pcName }
+            ValueText { text: App.pcName }
         }
 
         InfoRow {
             label: qsTr("Port")
 
-            ValueText { text: root.app.port }
+            ValueText { text: App.port }
         }
 
         InfoRow {
             label: "USB"
 
-            Dot { color: root.app.usbAvailable ? Theme.accent : Theme.amber }
+            Dot { color: App.usbAvailable ? Theme.accent : Theme.amber }
 
             ElidedText {
                 Layout.maximumWidth: 280
                 Layout.rightMargin: 6
-                text: root.app.usbAvailable ? qsTr("Ready")
+                text: App.usbAvailable ? qsTr("Ready")
                                             : qsTr("Needs iTunes or the Apple Devices app")
                 color: Theme.muted
                 font.pixelSize: Theme.fsCaption
@@ -49,7 +48,7 @@ Column {
             label: qsTr("Performance")
 
             ValueText {
-                text: qsTr("%1 fps · %2 ms").arg(root.app.fps).arg(root.app.decodeMs)
+                text: qsTr("%1 fps · %2 ms").arg(App.fps).arg(App.decodeMs)
             }
         }
     }

@@ -6,7 +6,6 @@ import QtQuick.Layouts
 Item {
     id: root
 
-    required property var app // the controller
     required property string clock // how long the recording has lasted
     property alias renamingCard: rail.renamingCard
 
@@ -27,9 +26,9 @@ Item {
             rightMargin: 16
             bottomMargin: bottomBar.height + 16 + 12
         }
-        outputEnabled: root.app.outputEnabled
-        appConnected: root.app.appConnected
-        onOutputToggled: root.app.toggleOutput()
+        outputEnabled: App.outputEnabled
+        appConnected: App.appConnected
+        onOutputToggled: App.toggleOutput()
     }
 
     Column {
@@ -47,16 +46,16 @@ Item {
 
             ElidedText {
                 Layout.fillWidth: true
-                text: root.app.phoneName
+                text: App.phoneName
                 font.weight: Font.DemiBold
             }
 
             RecordButton {
                 objectName: "recordButton"
-                recording: root.app.recording
+                recording: App.recording
                 clock: root.clock
-                enabled: root.app.recording || (root.app.live && root.app.outputEnabled)
-                onClicked: root.app.toggleRecording()
+                enabled: App.recording || (App.live && App.outputEnabled)
+                onClicked: App.toggleRecording()
             }
         }
 
@@ -64,7 +63,6 @@ Item {
             id: rail
 
             width: parent.width
-            app: root.app
             onAddPhoneClicked: root.addPhoneClicked()
             onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)
         }

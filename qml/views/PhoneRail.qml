@@ -6,7 +6,6 @@ import QtQuick
 Flickable {
     id: root
 
-    required property var app
     property PhoneCard renamingCard: null
     readonly property Item focusItem: Window.activeFocusItem
 
@@ -45,14 +44,14 @@ Flickable {
         spacing: 10
 
         Repeater {
-            model: PhoneModel { phones: root.app.phones }
+            model: PhoneModel { phones: App.phones }
 
             PhoneCard {
                 id: card
 
-                active: phoneId === root.app.activeId
-                onActivated: root.app.setActive(phoneId)
-                onRenamed: name => root.app.renamePhone(phoneId, name)
+                active: phoneId === App.activeId
+                onActivated: App.setActive(phoneId)
+                onRenamed: name => App.renamePhone(phoneId, name)
                 onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)
                 onEditingChanged: {
                     if (editing) {
