@@ -7,9 +7,14 @@
 //
 //   Directory   section, fixed name: which camera there is. Read-only to readers, who keep it, so
 //               that it may outlive every sender; the next one writes it anew.
+//
 //   Sender      event, exists while a sender does. Whoever finds it there makes no second camera.
+//
 //   Alive       event, the same, but opened by readers: with it gone, the sender is, however it
-//   ended. Pictures.*  section, a new one per camera, named in the directory. Read-only to readers.
+//               ended.
+//
+//   Pictures.*  section, a new one per camera, named in the directory. Read-only to readers.
+//
 //   Reader.N    auto-reset event, made by a reader while it streams. The sender opens all N names
 //               anew four times a second, and sets those that exist after each picture.
 //

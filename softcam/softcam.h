@@ -8,8 +8,8 @@
  * opened the camera, for as long as it reads. Each picture is scaled for it, with its proportions
  * kept and black bars at the sides, and the last picture is repeated where no new one comes at the
  * reader's rate. A camera that is deleted and made anew, in whatever size and rate, ends no reader.
- * New readers are offered the size of the camera that is there, and on Linux any other one that they
- * ask for; programs that read at one time there share one format, that of the first.
+ * New readers are offered the size of the camera that is there, and on Linux any other one that
+ * they ask for; programs that read at one time there share one format, that of the first.
  *
  * When no camera comes back, Linux takes the source away from its readers after five seconds; it is
  * gone at once when the process ends. On Windows the readers get a card of the library's own
