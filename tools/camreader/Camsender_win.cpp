@@ -169,7 +169,7 @@ private:
     void send(scCamera camera, TestPicture& picture)
     {
         constexpr std::uint32_t kPicturesPerReport = 15;
-        picture.label(m_number++, [] {
+        picture.labelBy(m_number++, [] {
             const std::int64_t units = sharedMicroseconds() / (1'000'000 / kStampUnitsPerSecond);
             return static_cast<std::uint32_t>(units);
         });

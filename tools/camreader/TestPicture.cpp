@@ -143,7 +143,12 @@ TestPicture::TestPicture(int width, int height)
     }
 }
 
-void TestPicture::label(std::uint32_t number, const std::function<std::uint32_t()>& stamp)
+void TestPicture::label(std::uint32_t number, std::uint32_t stamp)
+{
+    labelBy(number, [stamp] { return stamp; });
+}
+
+void TestPicture::labelBy(std::uint32_t number, const std::function<std::uint32_t()>& stamp)
 {
     const std::uint64_t number24 = number & kLabelMask;
     writeBits(kFirstBottomRow,

@@ -49,8 +49,11 @@ class TestPicture
 public:
     TestPicture(int width, int height);
 
-    // Writes number and stamp; the colours stay. The stamp is asked for when most is drawn.
-    void label(std::uint32_t number, const std::function<std::uint32_t()>& stamp);
+    // Writes number and stamp; the colours stay.
+    void label(std::uint32_t number, std::uint32_t stamp);
+
+    // The same with a stamp that is asked for when most is drawn.
+    void labelBy(std::uint32_t number, const std::function<std::uint32_t()>& stamp);
 
     // Blue, green, red; top row first, no padding.
     [[nodiscard]] const std::uint8_t* pixels() const { return m_pixels.data(); }
