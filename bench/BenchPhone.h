@@ -1,11 +1,9 @@
 #pragma once
 
-#include "phone/Protocol.h"
-#include "tests/support/AnnexB.h"
 #include "tools/phonesim/MuxDaemon.h"
+#include "tools/phonesim/Phone.h"
 
 #include <QEventLoop>
-#include <QTcpSocket>
 #include <QThread>
 
 #include <chrono>
@@ -13,9 +11,7 @@
 #include <cstdlib>
 #include <future>
 #include <memory>
-#include <span>
 #include <sys/resource.h>
-#include <thread>
 #include <vector>
 
 namespace pevrix::bench {
@@ -38,14 +34,9 @@ class BenchPhone
 public:
     using Clock = std::chrono::steady_clock;
 
-    struct Stream
-    {
-        StreamDescription description;
-        std::span<const AccessUnit> units;
-    };
-
-    BenchPhone(Stream stream, bool usb)
+    BenchPhone(const StreamDescription& stream, const std::vector<AccessUnit>& units, bool usb)
         : m_stream(stream)
+        , m_units(units)
         , m_usb(usb)
         , m_thread(QThread::create([this] { live(); }))
     {
@@ -80,89 +71,101 @@ public:
     [[nodiscard]] double programCpuSeconds() const { return m_cpuSeconds; }
 
 private:
+    // Notes when each access unit was taken to be written.
+    class TimedClip : public ClipSource
+    {
+    public:
+        explicit TimedClip(BenchPhone& owner)
+            : ClipSource(owner.m_stream, owner.m_units)
+            , m_owner(owner)
+        {}
+        std::optional<AccessUnit> next(qint64 number, bool wantKeyframe) override
+        {
+            m_owner.m_sentAt.push_back(Clock::now());
+            return ClipSource::next(number, wantKeyframe);
+        }
+
+    private:
+        BenchPhone& m_owner;
+    };
+
+    [[nodiscard]] double framesPerSecond() const
+    {
+        constexpr double kCameraPeriod = 1.0 / 30;
+        const auto count = static_cast<double>(m_units.size());
+        return count / (count / m_stream.fps + kCameraPeriod);
+    }
+
     void live()
     {
-        MuxDaemon daemon({});
-        QTcpSocket network;
-        QTcpSocket* socket = &network;
-        const bool there = daemon.appear(0);
+        using namespace std::chrono_literals;
+        MuxDaemon daemon;
+        const bool there = daemon.appear();
         m_daemonPort.set_value(there && m_usb ? daemon.port() : 1);
         const quint16 port = m_pcPort.get_future().get();
-        if (m_usb) {
-            QEventLoop loop;
-            QObject::connect(&daemon, &MuxDaemon::tunnelOpened, &loop,
-                             [&](int, QTcpSocket* tunnel) {
-                                 socket = tunnel;
-                                 loop.quit();
-                             });
-            daemon.attach(false);
-            loop.exec();
-        } else {
-            network.connectToHost(QHostAddress::LocalHost, port);
-        }
-        greet(*socket);
-        sendVideo(*socket);
-        QThread::msleep(300); // what is queued is shown
-        socket->disconnectFromHost();
-    }
 
-    void greet(QTcpSocket& socket) const
-    {
-        socket.waitForConnected();
-        socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        ask(socket, MessageType::Hello, MessageType::StartRequest,
-            R"({"v":1,"token":")" + m_token + R"(","deviceId":"bench"})");
-        const StreamDescription& stream = m_stream.description;
-        socket.write(buildMessage(MessageType::StreamInfo,
-                                  QStringLiteral(R"({"width":%1,"height":%2,"fps":%3})")
-                                      .arg(stream.width)
-                                      .arg(stream.height)
-                                      .arg(stream.fps)
-                                      .toUtf8()));
-        socket.waitForBytesWritten();
-        QThread::msleep(500); // the camera is made anew
-    }
-
-    // Waits for the program's message of this type, whose payload is {}.
-    static void ask(QTcpSocket& socket, MessageType question, MessageType answer,
-                    const QByteArray& payload = "{}")
-    {
-        socket.write(buildMessage(question, payload));
-        const QByteArray wanted = buildMessage(answer, "{}");
-        for (QByteArray received; !received.contains(wanted); received += socket.readAll()) {
-            if (!socket.waitForReadyRead()) {
-                std::fprintf(stderr, "the program does not answer the phone\n");
+        QEventLoop loop;
+        Phone phone(std::make_unique<TimedClip>(*this), {.deviceId = QStringLiteral("bench")},
+                    framesPerSecond());
+        phone.setStalled(true);
+        QObject::connect(&phone, &Phone::stateChanged, &loop, [&] {
+            if (phone.state() == Phone::State::Over) {
+                std::fprintf(stderr, "the program took no phone, or left it\n");
                 std::exit(EXIT_FAILURE);
             }
-        }
-    }
-
-    void sendVideo(QTcpSocket& socket)
-    {
-        constexpr auto kCameraPeriod = std::chrono::nanoseconds(std::chrono::seconds(1)) / 30;
-        const auto count = std::ssize(m_stream.units);
-        const std::chrono::nanoseconds period =
-            std::chrono::nanoseconds(std::chrono::seconds(1)) / m_stream.description.fps;
-        const double ownBefore = cpuSeconds(RUSAGE_THREAD);
-        const double allBefore = cpuSeconds(RUSAGE_SELF);
-        const auto start = Clock::now();
-        for (std::ptrdiff_t i = 0; i < count; ++i) {
-            const AccessUnit& unit = m_stream.units[static_cast<std::size_t>(i)];
-            const auto header = encodeVideoFrameHeader(i, unit.keyframe, std::ssize(unit.bytes));
-            std::this_thread::sleep_until(start + i * period + i * kCameraPeriod / count);
-            m_sentAt.push_back(Clock::now());
-            socket.write(header.data(), std::ssize(header));
-            socket.write(reinterpret_cast<const char*>(unit.bytes.data()), std::ssize(unit.bytes));
-            while (socket.bytesToWrite() > 0 && (socket.flush() || socket.waitForBytesWritten())) {
+            if (phone.state() == Phone::State::Streaming) {
+                announce(phone);
+                QTimer::singleShot(500ms, &phone, [&] { begin(phone); });
             }
+        });
+        QObject::connect(&phone, &Phone::frameSent, &loop, [&] {
+            if (phone.framesSent() == std::ssize(m_units)) {
+                phone.setStalled(true);
+                phone.send(buildMessage(MessageType::Ping)); // answered when all is decoded
+            }
+        });
+        QObject::connect(&phone, &Phone::received, &loop, [&](const Message& message) {
+            if (message.type == MessageType::Pong) {
+                m_cpuSeconds = programSeconds() - m_cpuSeconds;
+                QTimer::singleShot(300ms, &loop, &QEventLoop::quit); // what is queued is shown
+            }
+        });
+        QObject::connect(&daemon, &MuxDaemon::tunnelOpened, &phone,
+                         [&](int, QTcpSocket* tunnel) { phone.takeTunnel(tunnel); });
+        if (m_usb) {
+            daemon.attach(1);
+        } else {
+            phone.connectTo(QStringLiteral("127.0.0.1"), port, QString::fromUtf8(m_token));
         }
-        // Answered when everything before it is decoded.
-        ask(socket, MessageType::Ping, MessageType::Pong);
-        m_cpuSeconds =
-            cpuSeconds(RUSAGE_SELF) - allBefore - (cpuSeconds(RUSAGE_THREAD) - ownBefore);
+        loop.exec();
+        phone.disconnect(&loop);
     }
 
-    const Stream m_stream;
+    // The camera is made anew before the first picture comes.
+    void announce(Phone& phone) const
+    {
+        phone.send(buildMessage(MessageType::StreamInfo,
+                                QStringLiteral(R"({"width":%1,"height":%2,"fps":%3})")
+                                    .arg(m_stream.width)
+                                    .arg(m_stream.height)
+                                    .arg(m_stream.fps)
+                                    .toUtf8()));
+    }
+
+    void begin(Phone& phone)
+    {
+        m_cpuSeconds = programSeconds();
+        phone.setStalled(false);
+    }
+
+    // Of all threads but the phone's, on which this is called.
+    static double programSeconds()
+    {
+        return cpuSeconds(RUSAGE_SELF) - cpuSeconds(RUSAGE_THREAD);
+    }
+
+    const StreamDescription m_stream;
+    const std::vector<AccessUnit>& m_units;
     const bool m_usb;
     QByteArray m_token;
     std::promise<quint16> m_daemonPort;

@@ -4,7 +4,7 @@
 // times. They take turns; ratios are medians over the rounds.
 #include "bench/FfmpegPeer.h"
 #include "bench/VideoBench.h"
-#include "tests/support/AnnexB.h"
+#include "tools/doubles/AnnexB.h"
 #include "video/H264Decoder.h"
 
 #include <cstdio>

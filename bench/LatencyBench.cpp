@@ -8,8 +8,8 @@
 #include "bench/VideoBench.h"
 #include "controller/AppController.h"
 #include "picture/PictureSize.h"
-#include "tests/support/testcam/CameraLog.h"
-#include "tests/support/testcam/Testcam.h"
+#include "tools/doubles/CameraLog.h"
+#include "tools/doubles/Testcam.h"
 #include "video/H264Decoder.h"
 
 #include <QFile>
@@ -188,7 +188,7 @@ Outcome stream(const Material& material, bool usb, Camera& camera)
 {
     const QTemporaryDir folder;
     const Format& format = material.format;
-    BenchPhone phone({{format.width, format.height, format.fps}, material.units}, usb);
+    BenchPhone phone({format.width, format.height, format.fps}, material.units, usb);
     std::vector<Sighting> delivered;
     std::vector<Sighting> sent;
     delivered.reserve(material.units.size());

@@ -1,6 +1,6 @@
 // Arbitrary bytes as a stream, access unit by access unit as they come from a phone: no crash, and
 // every picture lies in memory in full.
-#include "tests/support/AnnexB.h"
+#include "tools/doubles/AnnexB.h"
 #include "video/H264Decoder.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "app/Tray.h"
 
-#include "tests/support/WaitFor.h"
+#include "tools/doubles/WaitUntil.h"
 
 #include <gtest/gtest.h>
 
@@ -49,9 +49,9 @@ TEST(Tray, TellsOfLiveVideoAndOfACameraInUse)
     EXPECT_EQ(actionOf(tray, 2)->text(), u"Resume"_s);
     EXPECT_EQ(tray.icon().toolTip(), u"Pevrix - in use by an app"_s);
     EXPECT_EQ(dotOf(tray), kGreen); // the blinking begins with the base icon
-    EXPECT_TRUE(pevrix::waitFor([&] { return dotOf(tray) == kRed; }));
-    EXPECT_TRUE(pevrix::waitFor([&] { return dotOf(tray) == kGreen; }));
-    EXPECT_TRUE(pevrix::waitFor([&] { return dotOf(tray) == kRed; }));
+    EXPECT_TRUE(pevrix::waitUntil([&] { return dotOf(tray) == kRed; }));
+    EXPECT_TRUE(pevrix::waitUntil([&] { return dotOf(tray) == kGreen; }));
+    EXPECT_TRUE(pevrix::waitUntil([&] { return dotOf(tray) == kRed; }));
 
     tray.setState({}); // in the red phase
     EXPECT_EQ(dotOf(tray), plain);

@@ -3,7 +3,7 @@
 #include "camera/SoftcamSink.h"
 
 #include "tests/support/HandClock.h"
-#include "tests/support/testcam/Testcam.h"
+#include "tools/doubles/Testcam.h"
 
 #include <gtest/gtest.h>
 

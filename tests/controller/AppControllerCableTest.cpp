@@ -1,121 +1,126 @@
 // The controller with phones on a cable.
 #include "tests/controller/AppControllerFixture.h"
+#include "tools/phonesim/MuxDaemon.h"
+#include "usb/MuxPacket.h"
 
-#include <QTcpServer>
+#include <map>
 
 namespace pevrix {
 
 class AppControllerCableTest : public AppControllerTest
-{};
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_daemon.appear());
+        // The app on a phone takes one connection at a time.
+        m_daemon.answer = [this](int device) {
+            const auto found = m_phones.find(device);
+            const bool busy =
+                found != m_phones.end() && found->second->state() != Phone::State::Over;
+            return MuxDaemon::result(busy || --m_refusals >= 0 ? MuxDaemon::kRefused
+                                                               : MuxDaemon::kSuccess);
+        };
+        QObject::connect(
+            &m_daemon, &MuxDaemon::tunnelOpened, &m_daemon, [this](int device, QTcpSocket* socket) {
+                m_phones[device] = std::make_unique<Phone>(
+                    m_clip.source(),
+                    PhoneIdentity{.deviceId = u"phone-%1"_s.arg(device), .name = u"Cable"_s});
+                m_phones[device]->takeTunnel(socket);
+            });
+        startApp(m_daemon.port());
+        QObject::connect(m_app.get(), &AppController::changed, &m_daemon, [this] {
+            if (m_app->usbAvailable() != m_availability.endsWith(u'+')) {
+                m_availability += m_app->usbAvailable() ? u'+' : u'-';
+            }
+        });
+        ASSERT_TRUE(waitUntil([this] { return m_app->usbAvailable(); }));
+    }
+
+    MuxDaemon m_daemon;
+    std::map<int, std::unique_ptr<Phone>> m_phones; // by device, the last one each
+    int m_refusals = 0;                             // to come
+    QString m_availability;                         // + and - for each change of the USB service
+};
 
 TEST_F(AppControllerCableTest, ShowsPhonesOnCablesWithoutPairing)
 {
-    const auto process = startAppWithCable("--phones 2");
+    m_daemon.attach(1);
+    m_daemon.attach(2);
     ASSERT_TRUE(waitForPhones(2));
     ASSERT_TRUE(waitForVideo());
-    EXPECT_TRUE(m_app->usbAvailable());
     EXPECT_TRUE(phone(0)[u"usb"_s].toBool() && phone(1)[u"usb"_s].toBool());
     EXPECT_NE(phone(0)[u"deviceId"_s], phone(1)[u"deviceId"_s]);
-    process->terminate();
-    EXPECT_EQ(process->exitCode(), kDone) << qPrintable(process->errors());
-    EXPECT_EQ(process->summary(u"accepted"_s), 2);
-    EXPECT_TRUE(waitForPhones(0));
-    EXPECT_TRUE(waitFor([&] { return m_availability == u"+-"; }));
 }
 
 TEST_F(AppControllerCableTest, PrefersTheCableToTheNetworkForTheSamePhone)
 {
-    QTcpServer reservation;
-    ASSERT_TRUE(reservation.listen(QHostAddress::LocalHost));
-    const quint16 daemonPort = reservation.serverPort();
-    reservation.close();
-    startApp(daemonPort);
-    const auto wifi = wifiPhone();
+    const PhoneIdentity same{.deviceId = u"phone-1"_s};
+    const auto wifi = wifiPhone(same);
     ASSERT_TRUE(waitForVideo());
     EXPECT_EQ(phone()[u"usb"_s], false);
 
-    const auto cable = cablePhone(daemonPort);
-    EXPECT_EQ(wifi->exitCode(), kLost);
+    m_daemon.attach(1);
+    ASSERT_TRUE(waitForEnd(*wifi));
     ASSERT_TRUE(waitForVideo());
     EXPECT_EQ(phone()[u"usb"_s], true);
     const int id = m_app->activeId();
 
-    const auto late = wifiPhone();
-    EXPECT_EQ(late->exitCode(), kRefused);
-    EXPECT_TRUE(late->errors().contains("DUPLICATE: Already connected over USB"_L1))
-        << qPrintable(late->errors());
+    const auto late = wifiPhone(same);
+    ASSERT_TRUE(waitForEnd(*late));
+    EXPECT_EQ(late->refusal(), u"DUPLICATE: Already connected over USB"_s);
     EXPECT_TRUE(waitForVideo());
     EXPECT_EQ(m_app->activeId(), id);
     EXPECT_EQ(m_app->phones().size(), 1);
 }
 
-TEST_F(AppControllerCableTest, KeepsFindingPhonesWhateverCableAndDaemonDo)
+TEST_F(AppControllerCableTest, KeepsFindingThePhoneWhateverPhoneCableAndDaemonDo)
 {
-    const struct
-    {
-        const char* arguments;
-        const char* availability; // the changes until the end
-        int arrivals;             // at least
-    } rows[] = {
-        {"--attach-after 0.2", "+", 1},
-        {"--refuse-connects 3", "+", 1},
-        {"--detach-after 0.3 --attach-again-after 0.1", "+", 3},
-        {"--leave reset --frames 3 --reconnect 1000 --reconnect-delay 0", "+", 3},
-        {"--daemon-dies-after 0.5 --daemon-returns-after 0.2", "+-+", 1},
-        // What the daemon said in the wake of the corrupt length is lost.
-        {"--corrupt-length --daemon-dies-after 0.5 --daemon-returns-after 0", "+-+", 1},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.arguments);
-        m_availability.clear();
-        m_phonesSeen = m_arrivals = 0;
-        const auto process = startAppWithCable(row.arguments);
-        EXPECT_TRUE(waitFor([&] {
-            return m_availability == QLatin1StringView(row.availability) &&
-                   m_arrivals >= row.arrivals && m_app->live();
-        })) << qPrintable(m_availability)
-            << m_arrivals << qPrintable(process->output() + process->errors());
-        EXPECT_TRUE(waitForVideo());
-        EXPECT_EQ(m_app->phones().size(), 1);
-        process->terminate();
-        EXPECT_EQ(process->exitCode(), kDone) << qPrintable(process->errors());
+    m_refusals = 3;
+    m_daemon.attach(1);
+    ASSERT_TRUE(waitForVideo());
+    m_daemon.detach(1);
+    ASSERT_TRUE(waitForPhones(0));
+    EXPECT_FALSE(m_app->live());
+    m_daemon.attach(1);
+    ASSERT_TRUE(waitForVideo());
+    for (int i = 0; i < 3; ++i) {
+        m_phones[1]->cutOff();
+        ASSERT_TRUE(waitForPhones(0));
+        ASSERT_TRUE(waitForVideo());
     }
+    for (const QByteArray& lastWords : {QByteArray(), buildMuxHeader(kMuxMaxPacketSize, 0)}) {
+        m_daemon.announce(lastWords);
+        m_daemon.vanish();
+        ASSERT_TRUE(waitForPhones(0));
+        EXPECT_FALSE(m_app->live());
+        ASSERT_TRUE(waitUntil([this] { return !m_app->usbAvailable(); }));
+        ASSERT_TRUE(m_daemon.appear());
+        ASSERT_TRUE(waitForVideo());
+    }
+    EXPECT_EQ(m_availability, u"+-+-+"_s);
+    EXPECT_EQ(m_app->phones().size(), 1);
 }
 
 TEST_F(AppControllerCableTest, LeavesAPhoneAloneThatSaidGoodbyeUntilItIsPluggedInAgain)
 {
-    const auto process =
-        startAppWithCable("--leave bye --leave-after 0.1 --reconnect 1 --reconnect-delay 0 "
-                          "--detach-after 1 --attach-again-after 0");
-    EXPECT_EQ(process->exitCode(), kDone) << qPrintable(process->errors());
-    EXPECT_EQ(process->summary(u"accepted"_s), 2);
-    const QString output = process->output();
-    EXPECT_LT(output.indexOf("detached"_L1), output.lastIndexOf("accepted"_L1))
-        << qPrintable(output);
-    EXPECT_NE(output.indexOf("detached"_L1), -1);
-}
-
-TEST_F(AppControllerCableTest, LosesThePhoneWithItsCableOrTheDaemon)
-{
-    for (const char* arguments : {"--detach-after 0.2", "--daemon-dies-after 1"}) {
-        SCOPED_TRACE(arguments);
-        const auto process = startAppWithCable(arguments);
-        EXPECT_EQ(process->exitCode(), kDone) << qPrintable(process->errors());
-        EXPECT_EQ(process->summary(u"lost"_s), 0);
-        EXPECT_TRUE(waitForPhones(0));
-        EXPECT_FALSE(m_app->live());
-    }
+    m_daemon.attach(1);
+    ASSERT_TRUE(waitForPhones(1));
+    m_phones[1]->leave();
+    ASSERT_TRUE(waitForPhones(0));
+    letEventsRunFor(500ms); // ten times as long as until the next tunnel
+    EXPECT_EQ(m_daemon.requests[1], 1);
+    m_daemon.detach(1);
+    m_daemon.attach(1);
+    EXPECT_TRUE(waitForPhones(1));
 }
 
 TEST_F(AppControllerCableTest, NeverListsAPhoneThatTheDaemonFoundInTheNetwork)
 {
-    const auto process = startAppWithCable("--network-attached");
-    ASSERT_TRUE(waitFor([&] { return m_app->usbAvailable(); }));
-    letEventsRunFor(500ms); // ten times as long as until the next tunnel
+    m_daemon.attach(1, "Network");
+    letEventsRunFor(500ms);
     EXPECT_TRUE(m_app->phones().isEmpty());
-    process->terminate();
-    EXPECT_EQ(process->exitCode(), kDone);
-    EXPECT_EQ(process->summary(u"connections"_s), 0);
+    EXPECT_EQ(m_daemon.requests[1], 0);
 }
 
 } // namespace pevrix

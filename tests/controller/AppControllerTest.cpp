@@ -14,7 +14,7 @@ TEST_F(AppControllerTest, PairsAPhoneAndShowsItsVideoUntilItLeaves)
     EXPECT_EQ(m_app->serverInfo(), u"Listening on %1"_s.arg(m_app->port()));
     EXPECT_EQ(m_app->status(), u"Idle (ready to pair)"_s);
 
-    const auto process = wifiPhone("--device-id d1 --name Ada --model M1 --os 7.5");
+    const auto simulated = wifiPhone({u"d1"_s, u"Ada"_s, u"M1"_s, u"7.5"_s});
     ASSERT_TRUE(waitForVideo());
     EXPECT_EQ(m_app->phones(), (QVariantList{QVariantMap{{u"id"_s, 1},
                                                          {u"deviceId"_s, u"d1"_s},
@@ -28,8 +28,7 @@ TEST_F(AppControllerTest, PairsAPhoneAndShowsItsVideoUntilItLeaves)
     EXPECT_EQ(m_app->status(), u"Live (decoding phone stream)"_s);
     EXPECT_EQ(stored("trusted/d1"), token());
 
-    process->terminate();
-    EXPECT_EQ(process->exitCode(), kDone);
+    simulated->leave();
     ASSERT_TRUE(waitForPhones(0));
     EXPECT_EQ(m_app->activeId(), -1);
     EXPECT_FALSE(m_app->live());
@@ -50,21 +49,21 @@ TEST_F(AppControllerTest, NamesAndTrustOutliveConnectionsAndThePrograms)
 {
     startApp();
     const QString firstToken = token();
-    auto process = wifiPhone();
+    auto simulated = wifiPhone();
     ASSERT_TRUE(waitForPhones(1));
     m_app->renamePhone(1, u" Kitchen "_s);
     m_app->renamePhone(99, u"Nobody"_s);
     EXPECT_EQ(phone()[u"name"_s], u"Kitchen"_s);
 
-    process = wifiPhone();
-    ASSERT_TRUE(waitFor([&] { return phone()[u"id"_s].toInt() > 1; }));
+    simulated = wifiPhone();
+    ASSERT_TRUE(waitUntil([&] { return phone()[u"id"_s].toInt() > 1; }));
     EXPECT_EQ(phone()[u"name"_s], u"Kitchen"_s);
     EXPECT_EQ(phone()[u"phoneName"_s], u"Simulated phone"_s);
 
     startApp();
     ASSERT_NE(token(), firstToken);
-    process = wifiPhone("", firstToken);
-    ASSERT_TRUE(waitForPhones(1)) << qPrintable(process->errors());
+    simulated = wifiPhone({}, nullptr, firstToken);
+    ASSERT_TRUE(waitForPhones(1)) << qPrintable(simulated->refusal());
     EXPECT_EQ(m_app->phoneName(), u"Kitchen"_s);
     EXPECT_EQ(stored("trusted/phonesim-1"), firstToken);
     m_app->renamePhone(m_app->activeId(), u"  "_s);
@@ -93,7 +92,7 @@ TEST_F(AppControllerTest, StartsAgainAfterAStop)
     m_app->start();
     EXPECT_EQ(m_app->status(), u"Idle (ready to pair)"_s);
     EXPECT_EQ(m_app->serverInfo(), u"Listening on %1"_s.arg(port));
-    const auto process = wifiPhone();
+    const auto simulated = wifiPhone();
     EXPECT_TRUE(waitForVideo());
 }
 
@@ -102,16 +101,16 @@ TEST_F(AppControllerTest, ForgetsPhonesButKeepsTheConnectedOne)
     startApp();
     const QString oldToken = token();
     const QString oldCode = m_app->qrDataUrl();
-    const auto process = wifiPhone();
+    const auto simulated = wifiPhone();
     ASSERT_TRUE(waitForVideo());
 
     m_app->regeneratePairing();
     EXPECT_NE(token(), oldToken);
     EXPECT_NE(m_app->qrDataUrl(), oldCode);
     EXPECT_FALSE(stored("trusted/phonesim-1").isValid());
-    const auto stranger = wifiPhone("", oldToken);
-    EXPECT_EQ(stranger->exitCode(), kRefused);
-    EXPECT_TRUE(stranger->errors().contains("NEEDS_PAIR"_L1)) << qPrintable(stranger->errors());
+    const auto stranger = wifiPhone({}, nullptr, oldToken);
+    ASSERT_TRUE(waitForEnd(*stranger));
+    EXPECT_EQ(stranger->refusal(), u"NEEDS_PAIR: Scan the QR to pair"_s);
     EXPECT_TRUE(waitForVideo()) << "the connected phone stays";
     EXPECT_EQ(m_app->activeId(), 1);
 }
@@ -127,11 +126,11 @@ TEST_F(AppControllerTest, ShowsNothingOfThisPcInCaptureMode)
 
 TEST_F(AppControllerTest, ShowsTheChosenPhoneAndTheNextOneWhenItLeaves)
 {
-    constexpr QSize kSmall(64, 64);
+    const Clip small("sizes.h264", {176, 144}, 4, 4);
     startApp();
-    const auto first = wifiPhone("--device-id d1");
+    const auto first = wifiPhone({.deviceId = u"d1"_s});
     ASSERT_TRUE(waitForVideo());
-    const auto second = wifiPhone("--device-id d2 --size 64x64");
+    const auto second = wifiPhone({.deviceId = u"d2"_s}, &small);
     ASSERT_TRUE(waitForPhones(2));
     EXPECT_EQ(m_app->activeId(), 1);
 
@@ -139,14 +138,50 @@ TEST_F(AppControllerTest, ShowsTheChosenPhoneAndTheNextOneWhenItLeaves)
     EXPECT_EQ(m_app->activeId(), 1);
     m_app->setActive(2);
     EXPECT_EQ(m_app->activeId(), 2);
-    ASSERT_TRUE(waitForVideo(kSmall));
+    ASSERT_TRUE(waitForVideo(&small));
     m_app->setActive(1);
     ASSERT_TRUE(waitForVideo());
 
-    first->terminate();
+    first->leave();
     ASSERT_TRUE(waitForPhones(1));
     EXPECT_EQ(m_app->activeId(), 2);
-    EXPECT_TRUE(waitForVideo(kSmall));
+    EXPECT_TRUE(waitForVideo(&small));
+}
+
+TEST_F(AppControllerTest, GoesOnShowingAPhoneWhateverItSends)
+{
+    const QByteArray noise(5000, '\x95');
+    const auto header = encodeVideoFrameHeader(0, true, noise.size());
+    const QByteArray rows[] = {
+        buildMessage(MessageType::VideoFrame, "short", kKeyframeFlag),
+        buildMessage(MessageType::VideoFrame, QByteArray(kTimestampSize, '\0')),
+        QByteArray(header.data(), std::ssize(header)) + noise,
+        buildMessage(MessageType::VideoConfig, noise),
+        buildMessage(MessageType::VideoConfig),
+        buildMessage(MessageType::StreamInfo, "width=1280"),
+        buildMessage(MessageType::StreamInfo, R"({"width":0,"height":0,"fps":0})"),
+        buildMessage(MessageType::StreamInfo, R"({"width":-1280,"height":-720,"fps":-30})"),
+        buildMessage(MessageType::StreamInfo,
+                     R"({"width":2147483647,"height":2147483647,"fps":2147483647})"),
+        buildMessage(MessageType::StreamInfo, R"({"width":1e300,"height":"720","fps":[]})"),
+        buildMessage(MessageType::Thumbnail, noise),
+        buildMessage(MessageType::Hello, "[1,2,3]"),
+        buildMessage(MessageType::Active, R"({"active":true})", 0xFF),
+        buildMessage(static_cast<MessageType>(255), noise),
+        buildMessage(MessageType::Ping, noise),
+    };
+    startApp();
+    const auto simulated = wifiPhone();
+    for (const QByteArray& bytes : rows) {
+        SCOPED_TRACE(bytes.left(64).toPercentEncoding().toStdString());
+        ASSERT_TRUE(waitForVideo());
+        simulated->send(bytes);
+        letEventsRunFor(20ms);
+        simulated->setStalled(true); // a stream begins anew after it
+        simulated->setStalled(false);
+    }
+    EXPECT_TRUE(waitForVideo());
+    EXPECT_EQ(m_app->activeId(), 1);
 }
 
 TEST_F(AppControllerTest, TakesOnlyGoodSettingsAndStoresThem)
@@ -188,7 +223,7 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
                 .runCameraRegistration = [&](bool unregister) { registered = !unregister; },
                 .isFirewallBlocking =
                     [&](const std::filesystem::path& program) {
-                        EXPECT_EQ(program, std::filesystem::read_symlink("/proc/self/exe"));
+                        EXPECT_EQ(program, QCoreApplication::applicationFilePath().toStdU16String());
                         ++firewallTests;
                         return blocking;
                     },
@@ -216,10 +251,10 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
     m_firewallInterval = 100ms;
     startApp();
     blocking = false;
-    EXPECT_TRUE(waitFor([&] { return !m_app->firewallBlocked(); }));
+    EXPECT_TRUE(waitUntil([&] { return !m_app->firewallBlocked(); }));
     firewallTests = 0;
-    EXPECT_TRUE(waitFor([&] { return firewallTests >= 2; }));
-    const auto process = wifiPhone();
+    EXPECT_TRUE(waitUntil([&] { return firewallTests >= 2; }));
+    const auto simulated = wifiPhone();
     ASSERT_TRUE(waitForPhones(1));
     firewallTests = 0;
     letEventsRunFor(500ms);

@@ -2,9 +2,9 @@
 
 #include "controller/Card.h"
 #include "controller/LiveStatistics.h"
-#include "tests/support/AnnexB.h"
-#include "tests/support/Platform.h"
-#include "tests/support/WaitFor.h"
+#include "tools/doubles/AnnexB.h"
+#include "tools/doubles/ThisProcess.h"
+#include "tools/doubles/WaitUntil.h"
 
 #include <gmock/gmock.h>
 
@@ -147,11 +147,11 @@ TEST_F(LivePipelineTest, FeedsTheIdleCardUntilAStreamStarts)
     ASSERT_TRUE(m_pipeline.createCamera());
     m_pipeline.setPairAddress(u"192.168.1.42:8788"_s);
     m_pipeline.showIdle();
-    ASSERT_TRUE(waitFor([this] { return m_sink.hasPictures(); }));
+    ASSERT_TRUE(waitUntil([this] { return m_sink.hasPictures(); }));
     EXPECT_EQ(m_sink.take().front(), drawIdleCard({1280, 720}, u"192.168.1.42:8788"_s));
     m_pipeline.setPairAddress(u"10.0.0.1:1"_s);
     const auto redrawn = drawIdleCard({1280, 720}, u"10.0.0.1:1"_s);
-    EXPECT_TRUE(waitFor([&] {
+    EXPECT_TRUE(waitUntil([&] {
         const auto sent = m_sink.take();
         return !sent.empty() && sent.back() == redrawn;
     }));
@@ -231,7 +231,7 @@ TEST_F(LivePipelineTest, ShowsThePausedCardWhileThePhoneSendsNothing)
     EXPECT_TRUE(m_pipeline.isLive());
     (void)m_sink.take();
     m_pipeline.pacingTick(); // what waited has been dropped
-    ASSERT_TRUE(waitFor([this] { return m_sink.hasPictures(); }));
+    ASSERT_TRUE(waitUntil([this] { return m_sink.hasPictures(); }));
     EXPECT_EQ(m_sink.take().front(), drawPausedCard({160, 96}));
 
     feed(m_live, 3, 1);

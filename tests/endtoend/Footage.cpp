@@ -2,7 +2,7 @@
 
 #include "controller/Card.h"
 #include "picture/PictureSize.h"
-#include "tests/support/AnnexB.h"
+#include "tools/doubles/AnnexB.h"
 #include "video/H264Decoder.h"
 
 #include <gtest/gtest.h>
@@ -24,19 +24,11 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::nanoseconds kLongestGap = 100ms;
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return file.readAll();
-}
-
 } // namespace
 
-void Footage::addPhone(const QString& name, const QString& file)
+void Footage::addPhone(const QString& name, const QByteArray& video)
 {
-    const QByteArray content = contentOf(file);
-    const std::vector<std::uint8_t> bytes(content.begin(), content.end());
+    const std::vector<std::uint8_t> bytes(video.begin(), video.end());
     int& number = m_sent[name];
     H264Decoder decoder([&](const std::uint8_t* bgr, int width, int height, std::int64_t) {
         const std::uint64_t hash = pictureHash(bgr, pictureBytes(width, height));
@@ -89,9 +81,11 @@ std::string Footage::story(std::span<const std::uint64_t> hashes, bool repeats)
     return story.join(u' ').toStdString();
 }
 
-std::vector<CameraRecord> readCameraLog(const QString& file)
+std::vector<CameraRecord> readCameraLog(const QString& path)
 {
-    const QByteArray content = contentOf(file);
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    const QByteArray content = file.readAll();
     std::vector<CameraRecord> log(static_cast<std::size_t>(content.size()) / sizeof(CameraRecord));
     std::memcpy(log.data(), content.data(), log.size() * sizeof(CameraRecord));
     return log;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "tests/support/testcam/CameraLog.h"
+#include "tools/doubles/CameraLog.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QSize>
 #include <QString>
@@ -21,8 +22,8 @@ namespace pevrix {
 class Footage
 {
 public:
-    // `file` has every H.264 byte that the phone sent. Fails when two pictures of it are alike.
-    void addPhone(const QString& name, const QString& file);
+    // `video` is every H.264 byte that the phone sent. Fails when two pictures of it are alike.
+    void addPhone(const QString& name, const QByteArray& video);
     void addIdleCard(QSize size, const QString& address);
     void addPausedCard(QSize size);
 

@@ -3,21 +3,16 @@
 #include "camera/SoftcamSink.h"
 #include "controller/LivePipeline.h"
 #include "controller/PhoneRoster.h"
-#include "tests/support/AnnexB.h"
+#include "tests/support/Clip.h"
+#include "tools/doubles/ThisProcess.h"
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <map>
 #include <random>
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // gcc comes without its header
-#else
-#include <malloc.h>
-#endif
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -42,46 +37,6 @@ PacingTime fastTime()
     return {.now = now, .sleepUntil = [now](PacingTime::Point time) {
                 std::this_thread::sleep_for((time - now()) / kFactor);
             }};
-}
-
-// Memory that is allocated just now. (Of the resident memory a sanitizer keeps a lot that was
-// freed.)
-std::size_t allocatedBytes()
-{
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    return __sanitizer_get_current_allocated_bytes();
-#else
-    return mallinfo2().uordblks;
-#endif
-}
-
-qsizetype countOf(const char* folder)
-{
-    return QDir(u"/proc/self/"_s + QLatin1StringView(folder))
-        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
-        .size();
-}
-
-// Pictures of one size that a phone sends in a loop; the first one is a keyframe.
-struct Clip
-{
-    QSize size;
-    std::vector<QByteArray> units;
-};
-
-Clip loadClip(const char* name, std::size_t first, std::size_t count, QSize size)
-{
-    QFile file(QStringLiteral(PEVRIX_TEST_DATA "/") + QLatin1StringView(name));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray content = file.readAll();
-    const std::vector<std::uint8_t> bytes(content.begin(), content.end());
-    const auto units = splitAccessUnits(bytes);
-    Clip clip{size, {}};
-    for (const AccessUnit& unit : std::span(units).subspan(first, count)) {
-        clip.units.emplace_back(reinterpret_cast<const char*>(unit.bytes.data()),
-                                std::ssize(unit.bytes));
-    }
-    return clip;
 }
 
 class HourTest : public testing::Test
@@ -164,7 +119,8 @@ protected:
         if (between(0, 500) == 0) {
             m_pipeline.feed(QByteArrayView::fromArray("\0\0\1\x65 no slice"), 0);
         }
-        m_pipeline.feed(phone.clip->units[phone.next], 0);
+        const auto unit = phone.clip->units[phone.next].bytes;
+        m_pipeline.feed({unit.data(), std::ssize(unit)}, 0);
         phone.next = (phone.next + 1) % phone.clip->units.size();
     }
 
@@ -218,8 +174,10 @@ protected:
 
     std::mt19937 m_random{2024};
     const std::vector<Clip> m_clips{
-        loadClip("live.h264", 0, 300, kSize), loadClip("sizes.h264", 0, 4, {320, 240}),
-        loadClip("sizes.h264", 4, 4, {176, 144}), loadClip("sizes.h264", 8, 4, {144, 176})};
+        {"live.h264", kSize},
+        {"sizes.h264", {320, 240}, 0, 4},
+        {"sizes.h264", {176, 144}, 4, 4},
+        {"sizes.h264", {144, 176}, 8, 4}};
     QTemporaryDir m_folder;
     std::chrono::steady_clock::time_point m_now = std::chrono::steady_clock::now();
     SoftcamSink m_sink{TESTCAM_NAME, fastTime()};
@@ -236,10 +194,10 @@ protected:
 
 TEST_F(HourTest, LeavesMemoryHandlesAndThreadsAsTheyWere)
 {
-    constexpr std::size_t kTolerance = 256 * 1024; // a picture is at least 46 kB
-    std::size_t bytes = 0;
-    qsizetype handles = 0;
-    qsizetype threads = 0;
+    constexpr std::int64_t kTolerance = 256 * 1024; // a picture is at least 46 kB
+    std::int64_t bytes = 0;
+    int handles = 0;
+    int threads = 0;
     while (m_step < kHour) {
         for (int i = 0; i < kPart; ++i) {
             step();
@@ -249,13 +207,13 @@ TEST_F(HourTest, LeavesMemoryHandlesAndThreadsAsTheyWere)
         }
         settle();
         if (m_step == kPart) {
-            bytes = allocatedBytes();
-            handles = countOf("fd");
-            threads = countOf("task");
+            bytes = heapBytes();
+            handles = openHandles();
+            threads = runningThreads();
         }
-        EXPECT_LE(allocatedBytes(), bytes + kTolerance) << "after step " << m_step;
-        EXPECT_EQ(countOf("fd"), handles);
-        EXPECT_EQ(countOf("task"), threads);
+        EXPECT_LE(heapBytes(), bytes + kTolerance) << "after step " << m_step;
+        EXPECT_EQ(openHandles(), handles);
+        EXPECT_EQ(runningThreads(), threads);
     }
     // The hour had something of everything.
     EXPECT_GT(m_lastId, 100);

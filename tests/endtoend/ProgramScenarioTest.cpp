@@ -3,8 +3,9 @@
 #include "controller/Card.h"
 #include "controller/LivePipeline.h"
 #include "pairing/Pairing.h"
+#include "tests/endtoend/FilmedPhone.h"
 #include "tests/endtoend/Footage.h"
-#include "tests/support/PhoneProcess.h"
+#include "tools/doubles/Program.h"
 
 #include <gmock/gmock.h>
 
@@ -59,7 +60,7 @@ protected:
     {
         const QRegularExpression expression(QString::fromLatin1(pattern));
         QRegularExpressionMatch match;
-        EXPECT_TRUE(waitFor([&] {
+        EXPECT_TRUE(waitUntil([&] {
             match = expression.match(m_program->errors());
             return match.hasMatch();
         })) << pattern
@@ -67,21 +68,18 @@ protected:
         return match.captured(match.lastCapturedIndex());
     }
 
-    [[nodiscard]] std::unique_ptr<PhoneProcess> phone(const QString& name,
-                                                      const char* arguments) const
+    [[nodiscard]] std::unique_ptr<FilmedPhone> phone(const QString& name) const
     {
-        return std::make_unique<PhoneProcess>(
-            words(arguments) + QStringList{u"--size"_s, u"320x240"_s, u"--device-id"_s, name,
-                                           u"--port"_s, QString::number(m_port), u"--token-file"_s,
-                                           path("pairing-token.txt"), u"--dump"_s,
-                                           path(name + u".h264"_s)});
+        auto filmed = std::make_unique<FilmedPhone>(name, kSize);
+        filmed->connectTo(m_port, path("pairing-token.txt"));
+        return filmed;
     }
 
     // Asks the program to quit; what its camera saw.
     [[nodiscard]] std::vector<CameraRecord> quit()
     {
         m_program->terminate();
-        EXPECT_EQ(m_program->exitCode(), kDone) << qPrintable(m_program->errors());
+        EXPECT_EQ(m_program->awaitExit(), kDone) << qPrintable(m_program->errors());
         auto log = readCameraLog(path("camera.log"));
         expectNeverStarved(log, m_holdUps);
         EXPECT_EQ(countEvents(log, CameraEvent::Created), 2); // the card's and the phone's size
@@ -101,13 +99,18 @@ protected:
 
 TEST_F(ProgramScenarioTest, ShowsThePausedCardWhileThePhoneSendsNothing)
 {
-    const auto process =
-        phone(u"phone"_s, "--stall-after 1.5 --stall-for 3 --leave-after 6 --leave bye");
-    EXPECT_EQ(process->exitCode(), kDone);
+    const auto filmed = phone(u"phone"_s);
+    waitForLog("first picture of the stream");
+    letEventsRunFor(1s);
+    filmed->phone.setStalled(true);
+    letEventsRunFor(3s);
+    filmed->phone.setStalled(false);
+    letEventsRunFor(1s);
+    filmed->phone.leave();
     waitForLog("phone 1 disconnected");
     letEventsRunFor(300ms);
     const auto log = quit();
-    m_footage.addPhone(u"phone"_s, path("phone.h264"));
+    m_footage.addPhone(u"phone"_s, filmed->video);
     const auto hashes = sentHashes(log);
     EXPECT_EQ(m_footage.story(hashes, true), "idle phone paused phone idle");
     EXPECT_GE(m_footage.seen(u"phone"_s) * 3, m_footage.sent(u"phone"_s));
@@ -124,17 +127,17 @@ TEST_F(ProgramScenarioTest, ShowsThePausedCardWhileThePhoneSendsNothing)
 
 TEST_F(ProgramScenarioTest, GoesOnWithTheNextPhoneAndEndsWhileItIsLive)
 {
-    const auto first = phone(u"first"_s, "--noise 2 --leave-after 3");
+    const auto first = phone(u"first"_s);
     waitForLog("first picture of the stream");
-    const auto second = phone(u"second"_s, "--noise 3");
+    const auto second = phone(u"second"_s);
     waitForLog("phone 2 connected");
-    EXPECT_EQ(first->exitCode(), kDone);
+    letEventsRunFor(1s);
+    first->phone.leave();
     waitForLog("first picture of the stream(.|\n)*first picture of the stream");
     letEventsRunFor(1s);
     const auto log = quit();
-    second->exitCode(); // its connection is gone
-    m_footage.addPhone(u"first"_s, path("first.h264"));
-    m_footage.addPhone(u"second"_s, path("second.h264"));
+    m_footage.addPhone(u"first"_s, first->video);
+    m_footage.addPhone(u"second"_s, second->video);
     EXPECT_EQ(m_footage.story(sentHashes(log), true), "idle first second");
     waitForLog("stopped after \\d+ access units received");
 }

@@ -1,9 +1,11 @@
 // The whole way of the video in one process with the test's clicks: real phones, controller and
 // sink, and a camera library that writes down what it was sent.
+#include "tests/endtoend/FilmedPhone.h"
 #include "tests/endtoend/Footage.h"
-#include "tests/support/PhoneProcess.h"
 #include "tests/support/TestController.h"
-#include "tests/support/testcam/Testcam.h"
+#include "tools/doubles/Program.h"
+#include "tools/doubles/Testcam.h"
+#include "tools/phonesim/MuxDaemon.h"
 
 #include <gmock/gmock.h>
 
@@ -21,7 +23,6 @@ namespace pevrix {
 
 namespace {
 
-constexpr int kDone = 0;
 constexpr QSize kSmall(160, 120); // rows of whole words, so that an image's rows have no padding
 constexpr QSize kLarge(320, 240);
 
@@ -69,47 +70,39 @@ protected:
     [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
     [[nodiscard]] QString path(const char* name) const { return path(QString::fromLatin1(name)); }
 
-    // Keeps what it sends in a file of its name.
-    [[nodiscard]] std::unique_ptr<PhoneProcess> phone(const QString& name,
-                                                      const QStringList& arguments) const
+    [[nodiscard]] std::unique_ptr<FilmedPhone> wifiPhone(const QString& name, QSize size = kSmall,
+                                                         int fps = 30) const
     {
-        return std::make_unique<PhoneProcess>(
-            QStringList{u"--device-id"_s, name, u"--dump"_s, path(name + u".h264"_s)} + arguments);
-    }
-
-    [[nodiscard]] std::unique_ptr<PhoneProcess> wifiPhone(const QString& name,
-                                                          const char* arguments) const
-    {
-        return phone(name,
-                     words(arguments) + QStringList{u"--port"_s, QString::number(m_app->port()),
-                                                    u"--token-file"_s, path("pairing-token.txt")});
+        auto filmed = std::make_unique<FilmedPhone>(name, size, fps);
+        filmed->connectTo(m_app->port(), path("pairing-token.txt"));
+        return filmed;
     }
 
     [[nodiscard]] bool waitForPhones(qsizetype count) const
     {
-        return waitFor([&] { return m_app->phones().size() == count; });
+        return waitUntil([&] { return m_app->phones().size() == count; });
     }
 
     // Pictures of this size come, from now on.
     [[nodiscard]] bool waitForPictures(QSize size, std::ptrdiff_t count = 20)
     {
         const auto until = std::ssize(m_delivered) + count;
-        return waitFor([&] { return std::ssize(m_delivered) >= until && m_imageSize == size; });
+        return waitUntil([&] { return std::ssize(m_delivered) >= until && m_imageSize == size; });
     }
 
     // The camera is sent what is current now.
     [[nodiscard]] bool waitForCamera() const
     {
         const int sent = m_camera->sent;
-        return waitFor([&] { return m_camera->sent >= sent + 5; });
+        return waitUntil([&] { return m_camera->sent >= sent + 5; });
     }
 
     // The phone leaves and all that it sent is known.
-    void dismiss(PhoneProcess& process, const QString& name)
+    void dismiss(FilmedPhone& filmed)
     {
-        process.terminate();
-        EXPECT_EQ(process.exitCode(), kDone) << qPrintable(process.errors());
-        m_footage.addPhone(name, path(name + u".h264"_s));
+        filmed.phone.leave();
+        EXPECT_TRUE(waitUntil([&] { return filmed.phone.state() == Phone::State::Over; }));
+        m_footage.addPhone(filmed.name, filmed.video);
     }
 
     // Ends the program; the story that the camera saw.
@@ -127,7 +120,7 @@ protected:
         Program probe(u"ffprobe"_s, words("-v error -count_frames -show_entries "
                                           "stream=width,height,nb_read_frames -of csv=p=0") +
                                         QStringList{file});
-        EXPECT_EQ(probe.exitCode(), 0);
+        EXPECT_EQ(probe.awaitExit(), 0);
         EXPECT_EQ(probe.errors(), QString());
         return probe.output().trimmed();
     }
@@ -148,12 +141,11 @@ protected:
 TEST_F(ScenarioTest, SwitchesBetweenPhonesAndGoesIdleWhenTheLastOneLeaves)
 {
     startApp();
-    // The noise makes the pictures of two phones differ.
-    const auto first = wifiPhone(u"first"_s, "--size 160x120 --noise 2");
+    const auto first = wifiPhone(u"first"_s);
     ASSERT_TRUE(waitForPictures(kSmall));
-    const auto second = wifiPhone(u"second"_s, "--size 160x120 --noise 3");
+    const auto second = wifiPhone(u"second"_s);
     ASSERT_TRUE(waitForPhones(2));
-    const auto third = wifiPhone(u"third"_s, "--size 320x240");
+    const auto third = wifiPhone(u"third"_s, kLarge);
     ASSERT_TRUE(waitForPhones(3));
     m_app->setActive(2);
     ASSERT_TRUE(waitForPictures(kSmall));
@@ -161,12 +153,12 @@ TEST_F(ScenarioTest, SwitchesBetweenPhonesAndGoesIdleWhenTheLastOneLeaves)
     ASSERT_TRUE(waitForPictures(kSmall));
     m_app->setActive(3);
     ASSERT_TRUE(waitForPictures(kLarge));
-    dismiss(*third, u"third"_s); // the first phone of the list follows
+    dismiss(*third); // the first phone of the list follows
     ASSERT_TRUE(waitForPictures(kSmall));
-    dismiss(*first, u"first"_s);
+    dismiss(*first);
     ASSERT_TRUE(waitForPictures(kSmall));
-    dismiss(*second, u"second"_s);
-    ASSERT_TRUE(waitFor([&] { return !m_app->live(); }));
+    dismiss(*second);
+    ASSERT_TRUE(waitUntil([&] { return !m_app->live(); }));
     m_footage.addIdleCard(kSmall, m_app->pairAddress());
     ASSERT_TRUE(waitForCamera());
 
@@ -179,12 +171,13 @@ TEST_F(ScenarioTest, SwitchesBetweenPhonesAndGoesIdleWhenTheLastOneLeaves)
 TEST_F(ScenarioTest, RecordsUntilTheSizeChangesAndUntilTheProgramEnds)
 {
     startApp();
-    const auto process =
-        wifiPhone(u"phone"_s, "--size 160x120 --resize-after 2 --resize-to 320x240");
+    const auto filmed = wifiPhone(u"phone"_s);
     ASSERT_TRUE(waitForPictures(kSmall, 10));
     m_app->toggleRecording();
     ASSERT_TRUE(m_app->recording());
     const QString first = m_app->lastRecordingPath();
+    ASSERT_TRUE(waitForPictures(kSmall));
+    filmed->phone.resize(kLarge);
     ASSERT_TRUE(waitForPictures(kLarge, 5));
     EXPECT_FALSE(m_app->recording());
 
@@ -193,8 +186,7 @@ TEST_F(ScenarioTest, RecordsUntilTheSizeChangesAndUntilTheProgramEnds)
     ASSERT_TRUE(waitForPictures(kLarge));
     const QString second = m_app->lastRecordingPath();
     (void)cameraStory(); // the end, while live
-    (void)process->exitCode();
-    m_footage.addPhone(u"phone"_s, path("phone.h264"));
+    m_footage.addPhone(u"phone"_s, filmed->video);
 
     EXPECT_THAT(played(first).toStdString(), testing::MatchesRegex("160,120,[1-9][0-9]*"));
     EXPECT_THAT(played(second).toStdString(), testing::MatchesRegex("320,240,[1-9][0-9]*"));
@@ -208,24 +200,27 @@ TEST_F(ScenarioTest, RecordsUntilTheSizeChangesAndUntilTheProgramEnds)
 
 TEST_F(ScenarioTest, SendsPicturesFromACableAtOnceAndEvensOutTheNetwork)
 {
-    const auto cable = phone(u"cable"_s, words("--usbmux --usbmux-port 0 --size 160x120"));
-    const QString announcement = u"usbmux daemon on port "_s;
-    ASSERT_TRUE(waitFor([&] { return cable->output().contains(announcement); }));
+    MuxDaemon daemon;
+    ASSERT_TRUE(daemon.appear());
+    FilmedPhone cable(u"cable"_s, kSmall);
+    QObject::connect(&daemon, &MuxDaemon::tunnelOpened, &cable.phone,
+                     [&](int, QTcpSocket* socket) { cable.phone.takeTunnel(socket); });
+    daemon.attach(1);
     m_direct = true;
-    startApp(cable->output().section(announcement, 1).section(u'\n', 0, 0).toUShort());
+    startApp(daemon.port());
     ASSERT_TRUE(waitForPictures(kSmall));
     // Faster than pictures from the network are shown, and than a rate that is believed.
-    const auto wifi = wifiPhone(u"wifi"_s, "--size 160x120 --noise 0 --fps 240");
+    const auto wifi = wifiPhone(u"wifi"_s, kSmall, 240);
     ASSERT_TRUE(waitForPhones(2));
     ASSERT_TRUE(waitForPictures(kSmall, 30));
     QObject::connect(m_app.get(), &AppController::changed, m_app.get(),
                      [this] { m_direct = m_direct && m_app->activeId() == 1; });
-    dismiss(*cable, u"cable"_s);
+    dismiss(cable);
     (void)m_footage.story(m_delivered, false);
     EXPECT_EQ(m_footage.seen(u"cable"_s), m_footage.sent(u"cable"_s));
 
     ASSERT_TRUE(waitForPictures(kSmall, 30));
-    dismiss(*wifi, u"wifi"_s);
+    dismiss(*wifi);
     ASSERT_TRUE(waitForPhones(0));
     EXPECT_EQ(m_app->framesDecoded(), m_footage.sent(u"cable"_s) + m_footage.sent(u"wifi"_s));
     EXPECT_EQ(m_footage.story(m_delivered, false), "cable wifi");
@@ -243,8 +238,12 @@ TEST_F(ScenarioTest, EndsCleanlyAtAnyMoment)
     for (int round = 0; round < 10; ++round) {
         SCOPED_TRACE(round);
         startApp();
-        const auto process = wifiPhone(u"phone"_s, "--size 160x120 --leave-after 0.6 "
-                                                   "--reconnect 9 --reconnect-delay 0");
+        // A phone that comes again as soon as it has gone.
+        std::unique_ptr<FilmedPhone> filmed;
+        QTimer again;
+        again.callOnTimeout(&again, [&] { filmed = wifiPhone(u"phone"_s); });
+        again.start(600ms);
+        filmed = wifiPhone(u"phone"_s);
         if (round == 0) { // at least once, however slow the machine
             ASSERT_TRUE(waitForPictures(kSmall));
         } else {
@@ -256,6 +255,7 @@ TEST_F(ScenarioTest, EndsCleanlyAtAnyMoment)
         if (recording) {
             EXPECT_TRUE(waitForPictures(kSmall, 1 + static_cast<int>(random() % 20)));
         }
+        again.stop();
         m_app.reset();
         if (recording) {
             ++recordings;

@@ -1,13 +1,12 @@
 #include "phone/PhoneServer.h"
 #include "tests/phone/TestPhone.h"
-#include "tests/support/Platform.h"
+#include "tools/doubles/ThisProcess.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <deque>
 #include <fstream>
-#include <malloc.h>
 #include <netinet/in.h>
 #include <random>
 #include <sys/resource.h>
@@ -16,10 +15,6 @@
 #include <unistd.h>
 #include <vector>
 
-// Bytes that live in the heap, when the program runs under a sanitizer: those keep freed memory
-// aside, so the process size says nothing there.
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
-
 namespace pevrix {
 namespace {
 
@@ -27,15 +22,6 @@ using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 constexpr qint64 kMiB = 1024 * 1024;
-
-qint64 heapBytes()
-{
-    if (__sanitizer_get_current_allocated_bytes != nullptr) {
-        return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
-    }
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<qint64>(info.uordblks + info.hblkhd);
-}
 
 // How long this thread could have run but waited for a processor: what a test of delays owes to the
 // machine and what else runs on it.

@@ -2,33 +2,12 @@
 
 #include "phone/MessageSplitter.h"
 #include "phone/Protocol.h"
+#include "tools/doubles/WaitUntil.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QHostAddress>
 #include <QTcpSocket>
-#include <QTimer>
-
-#include <chrono>
 
 namespace pevrix {
-
-// Runs the event loop until condition holds; false when it does not within a minute.
-template <typename Condition>
-bool waitUntil(Condition condition)
-{
-    QTimer wakeUp;
-    wakeUp.start(std::chrono::milliseconds(20));
-    const QDeadlineTimer deadline(std::chrono::minutes(1));
-    while (!condition()) {
-        if (deadline.hasExpired()) {
-            return false;
-        }
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    return true;
-}
 
 inline QByteArray helloMessage(const QByteArray& deviceId, const QByteArray& token = "T")
 {

@@ -1,10 +1,12 @@
 #include "tests/softcam/TestCamera.h"
+#include "tools/doubles/ThisProcess.h"
 
-#include <QDir>
+#include <QThread>
 
 #include <csignal>
 #include <optional>
 
+using namespace pevrix;
 using namespace pevrix::test;
 using namespace Qt::StringLiterals;
 
@@ -22,14 +24,6 @@ void expectTakesMorePictures(const TestCamera& camera)
 {
     const int before = camera.sent();
     EXPECT_TRUE(waitUntil([&] { return camera.sent() > before + 50; })) << "held up";
-}
-
-// What this process has open ("fd"), or its threads ("task").
-int count(const QString& folder)
-{
-    return static_cast<int>(QDir(u"/proc/self/"_s + folder)
-                                .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
-                                .size());
 }
 
 } // namespace
@@ -103,8 +97,8 @@ TEST(CameraAndDaemon, CamerasThatComeAndGoLeaveNothingBehind)
         scDeleteCamera(camera);
     };
     cycle(5);
-    const int files = count(u"fd"_s);
-    const int threads = count(u"task"_s);
+    const int files = openHandles();
+    const int threads = runningThreads();
     for (int i = 0; i < 200; ++i) {
         if (i == 150) {
             session.killDaemon();
@@ -112,7 +106,7 @@ TEST(CameraAndDaemon, CamerasThatComeAndGoLeaveNothingBehind)
         cycle(i % 5); // deleted at another stage of its coming up each time
     }
     // A thread that was joined may be listed for a moment.
-    EXPECT_TRUE(waitUntil([&] { return count(u"task"_s) == threads; })) << count(u"task"_s);
+    EXPECT_TRUE(waitUntil([&] { return runningThreads() == threads; })) << runningThreads();
     // The daemon's pipes were open when the files were counted.
-    EXPECT_LE(count(u"fd"_s), files);
+    EXPECT_LE(openHandles(), files);
 }

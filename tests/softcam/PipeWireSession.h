@@ -1,54 +1,23 @@
 #pragma once
 
+#include "tools/doubles/Program.h"
+
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
 
 #include <optional>
 
 namespace pevrix::test {
 
 using namespace Qt::StringLiterals;
+using pevrix::waitUntil;
 
 constexpr int kPatienceMs = 60000; // a loaded machine under a sanitizer is slow
-
-template <typename Condition>
-[[nodiscard]] bool waitUntil(Condition condition)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition()) {
-        if (clock.elapsed() > kPatienceMs) {
-            return false;
-        }
-        QThread::msleep(20);
-    }
-    return true;
-}
-
-// A process that ends with its owner.
-class ScopedProcess : public QProcess
-{
-public:
-    ScopedProcess(const QString& program, const QStringList& arguments)
-    {
-        setStandardErrorFile(QProcess::nullDevice());
-        start(program, arguments);
-        EXPECT_TRUE(waitForStarted(kPatienceMs)) << "missing: " << qPrintable(program);
-    }
-    ~ScopedProcess() override
-    {
-        kill();
-        waitForFinished();
-    }
-};
 
 // The private runtime folder of a test: this process and its children see no PipeWire but the one
 // started here. Make it before anything else, as it changes the environment.
@@ -101,7 +70,7 @@ public:
 
     [[nodiscard]] static QJsonObject camera()
     {
-        ScopedProcess dump(u"pw-dump"_s, {});
+        Program dump(u"pw-dump"_s);
         dump.waitForFinished(kPatienceMs);
         const auto objects = QJsonDocument::fromJson(dump.readAllStandardOutput()).array();
         for (const auto& object : objects) {
@@ -115,8 +84,8 @@ public:
 
 private:
     QTemporaryDir m_home;
-    std::optional<ScopedProcess> m_daemon;
-    std::optional<ScopedProcess> m_manager;
+    std::optional<Program> m_daemon;
+    std::optional<Program> m_manager;
 };
 
 } // namespace pevrix::test

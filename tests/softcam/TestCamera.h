@@ -109,11 +109,7 @@ public:
     }
 
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }
-    void kill()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
+    void kill() { m_process.end(); }
 
 private:
     QStringList arguments(const Picture& picture, const QString& format, int pictures,
@@ -134,7 +130,7 @@ private:
 
     QTemporaryDir m_folder;
     QString m_file = m_folder.filePath(u"pictures"_s);
-    ScopedProcess m_process;
+    Program m_process;
 };
 
 } // namespace pevrix::test

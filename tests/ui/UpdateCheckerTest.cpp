@@ -1,6 +1,6 @@
 #include "ui/UpdateChecker.h"
 
-#include "tests/support/WaitFor.h"
+#include "tools/doubles/WaitUntil.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +50,7 @@ protected:
             .timeout = std::chrono::milliseconds(answer.isEmpty() ? 100 : 60000)});
         const QSignalSpy changes(checker.get(), &UpdateChecker::availableChanged);
         checker->check();
-        EXPECT_TRUE(pevrix::waitFor([&] { // the reply goes when it has been dealt with
+        EXPECT_TRUE(pevrix::waitUntil([&] { // the reply goes when it has been dealt with
             return checker->findChildren<QNetworkReply*>().isEmpty();
         }));
         EXPECT_EQ(changes.count(), checker->available() ? 1 : 0);

@@ -1,4 +1,4 @@
-#include "tests/support/WaitFor.h"
+#include "tools/doubles/WaitUntil.h"
 #include "usb/UsbMuxClient.h"
 
 #include <gmock/gmock.h>
@@ -105,11 +105,11 @@ TEST(RealUsbMuxDaemon, isFoundLostAndFoundAgain)
                      [&](bool available) { changes.push_back(available); });
     client.start();
     daemon.start();
-    ASSERT_TRUE(waitFor([&] { return client.available(); }));
+    ASSERT_TRUE(waitUntil([&] { return client.available(); }));
     daemon.stop();
-    ASSERT_TRUE(waitFor([&] { return !client.available(); }));
+    ASSERT_TRUE(waitUntil([&] { return !client.available(); }));
     daemon.start();
-    ASSERT_TRUE(waitFor([&] { return client.available(); }));
+    ASSERT_TRUE(waitUntil([&] { return client.available(); }));
     EXPECT_THAT(changes, testing::ElementsAre(true, false, true));
 }
 

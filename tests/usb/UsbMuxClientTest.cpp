@@ -1,8 +1,8 @@
 #include "usb/UsbMuxClient.h"
 
-#include "tests/support/FakeMuxDaemon.h"
-#include "tests/support/Platform.h"
-#include "tests/support/WaitFor.h"
+#include "tools/doubles/ThisProcess.h"
+#include "tools/doubles/WaitUntil.h"
+#include "tools/phonesim/MuxDaemon.h"
 #include "usb/Plist.h"
 
 #include <gmock/gmock.h>
@@ -30,17 +30,17 @@ protected:
 
     void waitUntilAvailable()
     {
-        ASSERT_TRUE(waitFor([this] { return client.available(); }));
+        ASSERT_TRUE(waitUntil([this] { return client.available(); }));
     }
 
     void waitForRequests(int device, int count)
     {
-        ASSERT_TRUE(waitFor([&] { return daemon.requests[device] >= count; })) << device;
+        ASSERT_TRUE(waitUntil([&] { return daemon.requests[device] >= count; })) << device;
     }
 
     void waitForTunnels(qsizetype count)
     {
-        ASSERT_TRUE(waitFor([&] { return tunnels.size() >= count; })) << tunnels.size();
+        ASSERT_TRUE(waitUntil([&] { return tunnels.size() >= count; })) << tunnels.size();
     }
 
     // Lets the tunnel timer fire three times: it retries a phone that the daemon always refuses.
@@ -54,13 +54,22 @@ protected:
     void SetUp() override
     {
         daemon.answer = [](int device) {
-            return FakeMuxDaemon::result(device == 99 ? 3 : 0);
+            return MuxDaemon::result(device == 99 ? 3 : 0);
         };
         waitUntilAvailable();
     }
 
-    FakeMuxDaemon daemon;
-    UsbMuxClient client{daemon.options()};
+    // Timers short enough for tests.
+    UsbMuxOptions options()
+    {
+        EXPECT_TRUE(daemon.appear());
+        return {.port = daemon.port(),
+                .reconnectInterval = std::chrono::milliseconds(20),
+                .tunnelInterval = std::chrono::milliseconds(20)};
+    }
+
+    MuxDaemon daemon;
+    UsbMuxClient client{options()};
     QList<QPointer<QTcpSocket>> tunnels;
     std::vector<bool> changes;
 };
@@ -69,8 +78,8 @@ TEST_F(UsbMuxClientTest, turnsAnAttachedPhoneIntoAConnectedSocket)
 {
     // The daemon may say something else first, and the phone may speak right behind its answer.
     daemon.answer = [](int device) {
-        return FakeMuxDaemon::packet("<key>MessageType</key><string>Logs</string>") +
-               FakeMuxDaemon::result(device == 7 ? 0 : 3) + "hello";
+        return MuxDaemon::packet("<key>MessageType</key><string>Logs</string>") +
+               MuxDaemon::result(device == 7 ? 0 : 3) + "hello";
     };
     const QByteArray phone = daemon.attached("7");
     daemon.announce(phone.left(30));
@@ -86,10 +95,10 @@ TEST_F(UsbMuxClientTest, turnsAnAttachedPhoneIntoAConnectedSocket)
     ASSERT_TRUE(socket);
     EXPECT_EQ(socket->parent(), &client);
     QByteArray heard;
-    EXPECT_TRUE(waitFor([&] { return (heard += socket->readAll()).size() >= 5; }));
+    EXPECT_TRUE(waitUntil([&] { return (heard += socket->readAll()).size() >= 5; }));
     EXPECT_EQ(heard, "hello");
     socket->write("welcome");
-    EXPECT_TRUE(waitFor([&] { return daemon.tunnels[7]->bytesAvailable() == 7; }));
+    EXPECT_TRUE(waitUntil([&] { return daemon.tunnels[7]->bytesAvailable() == 7; }));
     letTheTunnelTimerFire();
     EXPECT_EQ(daemon.requests[7], 1);
     // What happens to the socket from now on is none of the client's business.
@@ -101,7 +110,7 @@ TEST_F(UsbMuxClientTest, turnsAnAttachedPhoneIntoAConnectedSocket)
 
 TEST_F(UsbMuxClientTest, ignoresWhatIsNoPhoneOnUsb)
 {
-    using D = FakeMuxDaemon;
+    using D = MuxDaemon;
     for (const QByteArray& message : {D::attached("1", "Network"), D::attached("4294967297"),
                                       D::attached("-1"), D::attached(""),
                                       D::packet("<key>MessageType</key><string>Attached</string>"
@@ -119,8 +128,8 @@ TEST_F(UsbMuxClientTest, triesARefusedPhoneAgainButNeverTwiceAtOnce)
 {
     // Device 1 is refused, then gets an answer without framing, then is accepted; 2 gets no answer.
     daemon.answer = [this](int device) {
-        const QByteArray answers[] = {FakeMuxDaemon::result(3), QByteArray(16, '\1'),
-                                      FakeMuxDaemon::result(0)};
+        const QByteArray answers[] = {MuxDaemon::result(3), QByteArray(16, '\1'),
+                                      MuxDaemon::result(0)};
         return device == 1 ? answers[daemon.requests[1] - 1] : QByteArray();
     };
     daemon.announce(daemon.attached("2") + daemon.attached("1"));
@@ -129,7 +138,7 @@ TEST_F(UsbMuxClientTest, triesARefusedPhoneAgainButNeverTwiceAtOnce)
     EXPECT_EQ(daemon.requests[2], 1);
     // Unplugging it gives the waiting attempt up.
     daemon.announce(daemon.detached(2));
-    EXPECT_TRUE(waitFor([this] { return daemon.connections() == 2; }));
+    EXPECT_TRUE(waitUntil([this] { return daemon.connections() == 2; }));
 }
 
 TEST_F(UsbMuxClientTest, replacesALostTunnelUnlessThePhoneSaidGoodbye)
@@ -172,26 +181,26 @@ TEST_F(UsbMuxClientTest, aTunnelLostAfterItsSuccessorCameOpensNoThird)
 TEST_F(UsbMuxClientTest, findsTheDaemonAgainAfterLosingIt)
 {
     daemon.answer = [](int device) {
-        return device == 2 ? QByteArray() : FakeMuxDaemon::result(device == 99 ? 3 : 0);
+        return device == 2 ? QByteArray() : MuxDaemon::result(device == 99 ? 3 : 0);
     };
     daemon.announce(daemon.attached("1") + daemon.attached("2"));
     waitForTunnels(1);
     waitForRequests(2, 1);
     daemon.vanish();
-    ASSERT_TRUE(waitFor([this] { return !client.available(); }));
+    ASSERT_TRUE(waitUntil([this] { return !client.available(); }));
     // Only the tunnel is left, in its owner's hands: the attempt for 2 is gone.
-    EXPECT_TRUE(waitFor([this] { return client.findChildren<QTcpSocket*>().size() == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return client.findChildren<QTcpSocket*>().size() == 1; }));
     client.start();                                  // changes nothing
     letEventsRunFor(std::chrono::milliseconds(100)); // several vain tries to connect
     EXPECT_THAT(changes, ElementsAre(true, false));
 
-    daemon.listenAnswer = FakeMuxDaemon::result(1);
-    daemon.appear();
-    ASSERT_TRUE(waitFor([this] { return !daemon.listeners.isEmpty(); }));
+    daemon.listenAnswer = MuxDaemon::result(1);
+    ASSERT_TRUE(daemon.appear());
+    ASSERT_TRUE(waitUntil([this] { return !daemon.listeners.isEmpty(); }));
     EXPECT_FALSE(client.available());
     daemon.vanish();
-    daemon.listenAnswer = FakeMuxDaemon::result(0) + daemon.attached("1");
-    daemon.appear();
+    daemon.listenAnswer = MuxDaemon::result(0) + daemon.attached("1");
+    ASSERT_TRUE(daemon.appear());
     waitForTunnels(2);
     EXPECT_THAT(changes, ElementsAre(true, false, true));
     letTheTunnelTimerFire();
@@ -211,7 +220,7 @@ TEST_F(UsbMuxClientTest, survivesAHostileDaemon)
         return bytes;
     };
     daemon.answer = [&](int) {
-        return damaged(FakeMuxDaemon::result(0), below(3));
+        return damaged(MuxDaemon::result(0), below(3));
     };
     QObject::connect(&client, &UsbMuxClient::tunnelReady, &client,
                      [](QTcpSocket* socket) { socket->deleteLater(); });
@@ -227,12 +236,12 @@ TEST_F(UsbMuxClientTest, survivesAHostileDaemon)
         daemon.announce(damaged(seeds[0], 9) + damaged(seeds[1], 9));
         letEventsRunFor(std::chrono::milliseconds(5));
         daemon.vanish();
-        ASSERT_TRUE(waitFor([this] { return !client.available(); }));
-        daemon.appear();
+        ASSERT_TRUE(waitUntil([this] { return !client.available(); }));
+        ASSERT_TRUE(daemon.appear());
         waitUntilAvailable();
     }
     daemon.answer = [](int) {
-        return FakeMuxDaemon::result(0);
+        return MuxDaemon::result(0);
     };
     tunnels.clear();
     daemon.announce(daemon.attached("7"));
@@ -242,7 +251,7 @@ TEST_F(UsbMuxClientTest, survivesAHostileDaemon)
 TEST_F(UsbMuxClientTest, takesNoMorePhonesThanABusCanHold)
 {
     daemon.answer = [](int device) {
-        return device == 99 ? FakeMuxDaemon::result(3) : QByteArray();
+        return device == 99 ? MuxDaemon::result(3) : QByteArray();
     };
     for (int id = 1000; id < 2000; ++id) {
         daemon.announce(daemon.attached(QByteArray::number(id)));
@@ -261,7 +270,7 @@ TEST_F(UsbMuxClientTest, leavesNothingBehindWhenPhonesComeAndGo)
         client.noteUsbBye(tunnels[0]);
         daemon.announce(daemon.detached(1));
         delete tunnels[0];
-        ASSERT_TRUE(waitFor([&] { return daemon.connections() == 1; }));
+        ASSERT_TRUE(waitUntil([&] { return daemon.connections() == 1; }));
     };
     cycle();
     const int before = openHandles();

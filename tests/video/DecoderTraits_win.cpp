@@ -1,4 +1,4 @@
-#include "tests/support/Platform.h"
+#include "tools/doubles/ThisProcess.h"
 #include "tests/video/DecoderTraits.h"
 
 namespace pevrix {

@@ -1,6 +1,6 @@
 // What every back end of the decoder promises. The expected pictures were decoded and converted by
 // independent programs: tests/data/make-fixtures.
-#include "tests/support/AnnexB.h"
+#include "tools/doubles/AnnexB.h"
 #include "tests/video/DecoderTraits.h"
 #include "video/H264Decoder.h"
 

@@ -1,5 +1,5 @@
 // The recorder over a scripted sink writer, and over the system's own.
-#include "tests/support/Platform.h"
+#include "tools/doubles/ThisProcess.h"
 #include "tests/video/RecorderTraits.h"
 #include "tests/video/ScriptedTransform_win.h"
 #include "video/Mp4RecorderPlatform_win.h"

@@ -1,80 +1,103 @@
 #include "tools/phonesim/MuxDaemon.h"
 
-#include "tools/phonesim/MuxReplies.h"
 #include "usb/MuxPacket.h"
 
-#include <QtEndian>
-
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
-namespace {
-
-constexpr qsizetype kTagOffset = 12;
-
-} // namespace
-
-MuxDaemon::MuxDaemon(const Faults& faults, QObject* parent)
+MuxDaemon::MuxDaemon(QObject* parent)
     : QObject(parent)
-    , m_faults(faults)
 {
     connect(&m_server, &QTcpServer::newConnection, this, &MuxDaemon::accept);
 }
 
 bool MuxDaemon::appear(quint16 port)
 {
-    return m_server.listen(QHostAddress::LocalHost, port);
+    const bool there = m_server.listen(QHostAddress::LocalHost, port != 0 ? port : m_port);
+    m_port = there ? m_server.serverPort() : m_port;
+    return there;
 }
 
 void MuxDaemon::vanish()
 {
     m_server.close();
-    const QList<QTcpSocket*> clients = m_clients.keys();
-    for (QTcpSocket* client : clients) {
-        client->abort(); // removes itself
+    listeners.clear();
+    for (auto* socket : m_server.findChildren<QTcpSocket*>()) {
+        socket->abort(); // accept() made it clean up after itself
     }
-    for (const Device& device : std::as_const(m_devices)) {
-        if (device.tunnel) {
-            device.tunnel->abort();
+    for (const auto& tunnel : std::exchange(tunnels, {})) {
+        if (tunnel) {
+            tunnel->abort();
         }
     }
 }
 
-int MuxDaemon::attach(bool overNetwork)
+void MuxDaemon::attach(int device, const QByteArray& connection)
 {
-    const int id = m_nextId++;
-    m_devices.insert(id, {.overNetwork = overNetwork, .open = true, .tunnel = {}});
-    announce(muxAttached(id, overNetwork));
-    return id;
+    m_attached[device] = attached(QByteArray::number(device), connection);
+    announce(m_attached[device]);
 }
 
-void MuxDaemon::detach(int deviceId)
+void MuxDaemon::detach(int device)
 {
-    const Device device = m_devices.take(deviceId);
-    announce(muxDetached(deviceId));
-    if (device.tunnel) {
-        device.tunnel->abort();
+    m_attached.remove(device);
+    announce(detached(device));
+    if (const QPointer<QTcpSocket> tunnel = tunnels.take(device)) {
+        tunnel->abort();
     }
 }
 
-void MuxDaemon::reopen(int deviceId)
+void MuxDaemon::announce(const QByteArray& bytes)
 {
-    if (const auto device = m_devices.find(deviceId); device != m_devices.end()) {
-        device->open = true;
+    for (auto* socket : std::as_const(listeners)) {
+        socket->write(bytes);
     }
+}
+
+QByteArray MuxDaemon::packet(const QByteArray& entries)
+{
+    const QByteArray payload = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                               "<plist version=\"1.0\">\n<dict>\n\t" +
+                               entries + "\n</dict>\n</plist>\n";
+    return buildMuxHeader(payload.size(), 0) + payload;
+}
+
+QByteArray MuxDaemon::result(int number)
+{
+    return packet("<key>MessageType</key>\n\t<string>Result</string>\n\t<key>Number</key>\n\t"
+                  "<integer>" +
+                  QByteArray::number(number) + "</integer>");
+}
+
+QByteArray MuxDaemon::attached(const QByteArray& device, const QByteArray& connection)
+{
+    return packet("<key>MessageType</key>\n\t<string>Attached</string>\n\t<key>DeviceID</key>"
+                  "\n\t<integer>" +
+                  device +
+                  "</integer>\n\t<key>Properties</key>\n\t<dict>\n\t\t"
+                  "<key>ConnectionType</key>\n\t\t<string>" +
+                  connection + "</string>\n\t</dict>");
+}
+
+QByteArray MuxDaemon::detached(int device)
+{
+    return packet("<key>MessageType</key><string>Detached</string><key>DeviceID</key><integer>" +
+                  QByteArray::number(device) + "</integer>");
 }
 
 void MuxDaemon::accept()
 {
     while (QTcpSocket* socket = m_server.nextPendingConnection()) {
-        m_clients.insert(socket, {});
         connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
         connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
-            m_clients.remove(socket);
-            socket->deleteLater();
+            listeners.removeAll(socket);
+            if (socket->parent() == &m_server) {
+                socket->deleteLater();
+            }
         });
     }
 }
@@ -82,86 +105,29 @@ void MuxDaemon::accept()
 // Takes no byte beyond a request: what follows one that opens a tunnel is for the phone.
 void MuxDaemon::read(QTcpSocket* socket)
 {
-    for (auto client = m_clients.find(socket); client != m_clients.end();
-         client = m_clients.find(socket)) {
-        QByteArray& buffer = client->buffer;
-        const auto missing = missingMuxBytes(buffer);
-        if (!missing) {
-            socket->abort();
-        } else if (*missing > 0) {
-            const QByteArray bytes = socket->read(*missing);
-            if (bytes.isEmpty()) {
-                return;
-            }
-            buffer += bytes;
-        } else {
-            const auto tag = qFromLittleEndian<std::uint32_t>(buffer.constData() + kTagOffset);
-            answer(socket, takeMessage(buffer).value_or(QVariantMap()), tag);
+    QByteArray bytes = socket->peek(socket->bytesAvailable());
+    const qsizetype available = bytes.size();
+    const auto message = takeMessage(bytes);
+    if (!message) {
+        return;
+    }
+    received += socket->read(available - bytes.size());
+    if (message->value(u"MessageType"_s) == u"Listen"_s) {
+        listeners += socket;
+        socket->write(listenAnswer);
+        for (const QByteArray& announcement : std::as_const(m_attached)) {
+            socket->write(announcement);
         }
+        return;
     }
-}
-
-void MuxDaemon::answer(QTcpSocket* socket, const QVariantMap& request, std::uint32_t tag)
-{
-    const QString type = request.value(u"MessageType"_s).toString();
-    if (type == u"Listen") {
-        startAnnouncing(socket, tag);
-    } else if (type == u"Connect") {
-        const MuxResult result = judgeConnect(request);
-        if (result == MuxResult::Success) {
-            openTunnel(socket, request.value(u"DeviceID"_s).toInt(), tag);
-        } else {
-            socket->write(muxResult(result, tag));
-        }
-    } else {
-        socket->write(muxResult(MuxResult::BadCommand, tag));
-    }
-}
-
-void MuxDaemon::startAnnouncing(QTcpSocket* socket, std::uint32_t tag)
-{
-    m_clients[socket].listens = true;
-    socket->write(muxResult(MuxResult::Success, tag));
-    if (std::exchange(m_faults.corruptLength, false)) {
-        socket->write(muxCorruptHeader());
-    }
-    for (const auto& [id, device] : std::as_const(m_devices).asKeyValueRange()) {
-        socket->write(muxAttached(id, device.overNetwork));
-    }
-    Q_EMIT listenerCame();
-}
-
-MuxResult MuxDaemon::judgeConnect(const QVariantMap& request)
-{
-    const auto device = m_devices.constFind(request.value(u"DeviceID"_s, -1).toInt());
-    if (device == m_devices.cend()) {
-        return MuxResult::BadDevice;
-    }
-    if (m_faults.refusedConnects > 0) {
-        --m_faults.refusedConnects;
-        return MuxResult::ConnectionRefused;
-    }
-    const bool rightPort = request.value(u"PortNumber"_s).toInt() == kPhonePortInNetworkOrder;
-    return rightPort && device->open ? MuxResult::Success : MuxResult::ConnectionRefused;
-}
-
-void MuxDaemon::openTunnel(QTcpSocket* socket, int deviceId, std::uint32_t tag)
-{
-    m_clients.remove(socket);
-    socket->disconnect(this);
-    socket->write(muxResult(MuxResult::Success, tag));
-    Device& device = m_devices[deviceId];
-    device.open = false;
-    device.tunnel = socket;
-    Q_EMIT tunnelOpened(deviceId, socket);
-}
-
-void MuxDaemon::announce(const QByteArray& packet)
-{
-    for (const auto& [socket, client] : std::as_const(m_clients).asKeyValueRange()) {
-        if (client.listens) {
-            socket->write(packet);
-        }
+    disconnect(socket, &QTcpSocket::readyRead, this, nullptr);
+    const int device = message->value(u"DeviceID"_s).toInt();
+    ++requests[device];
+    tunnels[device] = socket;
+    const QByteArray reply = answer(device);
+    socket->write(reply);
+    if (reply == result(kSuccess)) {
+        Q_EMIT tunnelOpened(device, socket);
     }
 }
 

@@ -2,89 +2,83 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QVariantMap>
 
-#include <cstdint>
+#include <functional>
 
 namespace pevrix {
 
-enum class MuxResult;
-
-/// A simulated usbmux daemon on 127.0.0.1: tells the PCs that listen to it which phones are
-/// attached and joins connections to them. Such a connection then is the phone's own end of the
-/// tunnel. Phones stay attached while the daemon is away. Lives on one thread with an event loop.
+/// A simulated usbmux daemon on 127.0.0.1: tells the PCs that listen to it which phones are attached
+/// and joins connections to them, or does whatever else a test wants of it. Phones stay attached
+/// while it is away. Lives on one thread with an event loop.
 class MuxDaemon final : public QObject
 {
     Q_OBJECT
 
 public:
-    struct Faults
-    {
-        int refusedConnects = 0;    ///< so many requests for a tunnel are refused first
-        bool corruptLength = false; ///< the first PC that listens gets a corrupt header
-    };
+    explicit MuxDaemon(QObject* parent = nullptr);
 
-    explicit MuxDaemon(const Faults& faults, QObject* parent = nullptr);
-
-    /// Listens on `port`, 0 for any free one. False, and errorString() says why, when that fails.
-    [[nodiscard]] bool appear(quint16 port);
+    /// Listens, 0: on any free port, and on the same one every time it comes back. False, and
+    /// errorString() says why, when that fails.
+    [[nodiscard]] bool appear(quint16 port = 0);
     [[nodiscard]] QString errorString() const { return m_server.errorString(); }
-    [[nodiscard]] quint16 port() const { return m_server.serverPort(); }
-    [[nodiscard]] bool isThere() const { return m_server.isListening(); }
+    [[nodiscard]] quint16 port() const { return m_port; }
 
     /// Closes everything, the tunnels included.
     void vanish();
 
-    /// Returns the id under which the daemon knows the phone until it is detached. The app on the
-    /// phone takes one connection, and another one after each reopen().
-    int attach(bool overNetwork);
-
+    /// A phone is there until it is detached. `connection` is how the daemon found it.
+    void attach(int device, const QByteArray& connection = "USB");
     /// Closes the phone's tunnel, too.
-    void detach(int deviceId);
+    void detach(int device);
 
-    void reopen(int deviceId);
+    /// Says this to everyone who listens.
+    void announce(const QByteArray& bytes);
+
+    /// Packets as a daemon writes them: indented, tagged 0.
+    [[nodiscard]] static QByteArray packet(const QByteArray& entries);
+    [[nodiscard]] static QByteArray result(int number);
+    [[nodiscard]] static QByteArray attached(const QByteArray& device,
+                                             const QByteArray& connection = "USB");
+    [[nodiscard]] static QByteArray detached(int device);
+
+    /// Numbers of results.
+    static constexpr int kSuccess = 0;
+    static constexpr int kRefused = 3;
+
+    /// What a request for a tunnel is answered with; nothing leaves it unanswered.
+    std::function<QByteArray(int device)> answer = [](int) {
+        return result(kSuccess);
+    };
+    QByteArray listenAnswer = result(kSuccess);
+
+    /// Connections that are open, but for tunnels that somebody took over.
+    [[nodiscard]] qsizetype connections() const
+    {
+        return m_server.findChildren<QTcpSocket*>().size();
+    }
+    QList<QTcpSocket*> listeners;
+    QHash<int, QPointer<QTcpSocket>> tunnels; // that were asked for last, by device
+    QHash<int, int> requests;                 // for a tunnel, by device
+    QList<QByteArray> received;               // whole packets
 
 Q_SIGNALS:
-    /// A PC is told of phones from now on.
-    void listenerCame();
-
-    /// The receiver takes the socket over by giving it a parent. The daemon closes it when the
-    /// phone is detached.
-    void tunnelOpened(int deviceId, QTcpSocket* socket);
+    /// The phone's own end of a tunnel. Whoever takes the socket over gives it a parent; its first
+    /// bytes may be there already.
+    void tunnelOpened(int device, QTcpSocket* socket);
 
 private:
-    struct Device
-    {
-        bool overNetwork = false;
-        bool open = true;
-        QPointer<QTcpSocket> tunnel;
-    };
-
-    // A connection that is not a tunnel.
-    struct Client
-    {
-        QByteArray buffer; // of a request that is not complete
-        bool listens = false;
-    };
-
     void accept();
     void read(QTcpSocket* socket);
-    void answer(QTcpSocket* socket, const QVariantMap& request, std::uint32_t tag);
-    void startAnnouncing(QTcpSocket* socket, std::uint32_t tag);
-    [[nodiscard]] MuxResult judgeConnect(const QVariantMap& request);
-    void openTunnel(QTcpSocket* socket, int deviceId, std::uint32_t tag);
-    void announce(const QByteArray& packet);
 
-    Faults m_faults;
-    QHash<QTcpSocket*, Client> m_clients;
-    QMap<int, Device> m_devices; // by id, and so announced in the order in which they came
-    int m_nextId = 1;
-    QTcpServer m_server; // last: clients that close with it still find the rest
+    QMap<int, QByteArray> m_attached; // how each phone was announced
+    quint16 m_port = 0;
+    QTcpServer m_server; // last: connections that close with it still find the rest
 };
 
 } // namespace pevrix

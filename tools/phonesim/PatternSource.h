@@ -1,29 +1,40 @@
 #pragma once
 
-#include "tools/phonesim/H264Encoder.h"
-#include "tools/phonesim/Pattern.h"
 #include "tools/phonesim/VideoSource.h"
+#include "video/FFmpegHandles.h"
 
-#include <optional>
+#include <QImage>
 
 namespace pevrix {
 
-/// The generated moving picture, encoded live. The encoder starts with the first frame.
+/// A generated picture with the frame's number and a text, in which things move, from a live encoder
+/// such as a phone has: baseline profile, no delay, one slice a picture, constant bit rate,
+/// parameter sets in every keyframe. The encoder starts with the first frame. Needs a
+/// QGuiApplication.
 class PatternSource final : public VideoSource
 {
 public:
-    PatternSource(const H264Encoder::Settings& settings, int noise);
+    /// Sides are even and within these limits.
+    static constexpr int kMinSide = 64;
+    static constexpr int kMaxSide = 4096;
 
-    [[nodiscard]] StreamDescription description() const override;
-    [[nodiscard]] std::optional<AccessUnit> next(std::int64_t number, bool wantKeyframe) override;
-    [[nodiscard]] bool resize(int width, int height) override;
-    [[nodiscard]] QString errorText() const override { return m_encoder.errorText(); }
+    PatternSource(const StreamDescription& stream, QString text);
+
+    [[nodiscard]] StreamDescription description() const override { return m_stream; }
+    [[nodiscard]] std::optional<AccessUnit> next(qint64 number, bool wantKeyframe) override;
+    [[nodiscard]] bool resize(QSize size) override;
+    [[nodiscard]] QByteArray thumbnail() override;
 
 private:
-    H264Encoder::Settings m_settings;
-    int m_noise;
-    H264Encoder m_encoder;
-    std::optional<Pattern> m_pattern;
+    [[nodiscard]] bool open();
+    [[nodiscard]] QImage draw(qint64 number) const;
+
+    StreamDescription m_stream;
+    const QString m_text;
+    QImage m_background;
+    CodecContextHandle m_encoder; // null: the next frame opens a new stream
+    FrameHandle m_frame;
+    PacketHandle m_packet;
 };
 
 } // namespace pevrix

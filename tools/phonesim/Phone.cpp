@@ -1,13 +1,13 @@
 #include "tools/phonesim/Phone.h"
 
-#include "tools/phonesim/Malformed.h"
-#include "tools/phonesim/Thumbnail.h"
-
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTcpSocket>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
@@ -15,270 +15,271 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kHelloLimit = 10s; // for the answer to the hello
-constexpr auto kLeaveLimit = 5s;  // for the PC to close after the phone did
-// The PC drops a silent phone after about five seconds; a debugged or loaded one takes longer.
-constexpr auto kVanishLimit = 30s;
+constexpr auto kThumbnailInterval = 5s;
+constexpr auto kLeaveLimit = 5s; // for the PC to close after the goodbye
+// A frame that would be sent later than this is given up, as a camera does, in place of a burst.
+constexpr auto kMaxLate = 500ms;
+// Frames are given up while more than this waits to be sent: about five seconds of a phone's video.
+constexpr qint64 kMaxPendingBytes = 4'000'000;
 
-QJsonObject parseObject(const QByteArray& payload)
+QByteArray json(const QJsonObject& object)
 {
-    return QJsonDocument::fromJson(payload).object();
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+QJsonObject parsed(const Message& message)
+{
+    return QJsonDocument::fromJson(message.payload).object();
 }
 
 } // namespace
 
-Phone::Phone(Setup setup, QTcpSocket* socket, RunStats& stats, QIODevice* dump, QObject* parent)
+Phone::Phone(std::unique_ptr<VideoSource> source, PhoneIdentity identity, double framesPerSecond,
+             QObject* parent)
     : QObject(parent)
-    , m_identity(std::move(setup.identity))
-    , m_token(std::move(setup.token))
-    , m_plan(setup.plan)
-    , m_ignoreActive(setup.video.ignoreActive)
-    , m_stats(stats)
-    , m_link(socket, stats, dump)
-    , m_streamer(std::move(setup.source), setup.video, m_link, stats)
+    , m_source(std::move(source))
+    , m_identity(std::move(identity))
+    , m_framesPerSecond(framesPerSecond > 0 ? framesPerSecond : m_source->description().fps)
 {
-    m_deadline.setSingleShot(true);
-    connect(&m_link, &PhoneLink::received, this, &Phone::dispatch);
-    connect(&m_link, &PhoneLink::closed, this, &Phone::onClosed);
-    connect(&m_streamer, &VideoStreamer::frameSent, this, &Phone::onFrameSent);
-    connect(&m_streamer, &VideoStreamer::failed, this,
-            [this](const QString& reason) { finish(ExitCode::VideoTrouble, reason); });
+    m_frameTimer.setSingleShot(true);
+    m_frameTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_frameTimer, &QChronoTimer::timeout, this, &Phone::tick);
     connect(&m_thumbnailTimer, &QTimer::timeout, this, &Phone::sendThumbnail);
 }
 
-QByteArray Phone::helloPayload() const
+void Phone::connectTo(const QString& host, quint16 port, const QString& token)
 {
-    return QJsonDocument(QJsonObject{{QStringLiteral("v"), kProtocolVersion},
-                                     {QStringLiteral("token"), m_token.value_or(QString())},
-                                     {QStringLiteral("deviceId"), m_identity.deviceId},
-                                     {QStringLiteral("name"), m_identity.name},
-                                     {QStringLiteral("modelName"), m_identity.model},
-                                     {QStringLiteral("osVersion"), m_identity.os}})
-        .toJson(QJsonDocument::Compact);
+    m_token = token;
+    adopt(new QTcpSocket);
+    connect(m_socket, &QTcpSocket::connected, this, &Phone::greet);
+    m_socket->connectToHost(host, port);
 }
 
-void Phone::start()
+void Phone::takeTunnel(QTcpSocket* socket)
 {
-    m_stats.state = PhoneState::Greeting;
-    if (m_token) {
-        greet();
-    } else {
-        finishBy(kHelloLimit, ExitCode::CannotConnect,
-                 QStringLiteral("the PC did not say hello through the tunnel"));
-    }
+    adopt(socket);
+    // What arrived before the socket came here is not announced again.
+    QMetaObject::invokeMethod(this, &Phone::readAll, Qt::QueuedConnection);
 }
 
-void Phone::takeUsbHello(const QByteArray& payload)
+void Phone::adopt(QTcpSocket* socket)
 {
-    if (!m_token) {
-        m_token = parseObject(payload)[u"token"].toString();
-        greet();
-    }
+    m_socket = socket;
+    socket->setParent(this);
+    const auto end = [this] {
+        enter(State::Over);
+    };
+    connect(socket, &QTcpSocket::readyRead, this, &Phone::readAll);
+    connect(socket, &QTcpSocket::errorOccurred, this, end);
+    connect(socket, &QTcpSocket::disconnected, this, end);
 }
 
 void Phone::greet()
 {
-    finishBy(kHelloLimit, ExitCode::CannotConnect,
-             QStringLiteral("the PC did not answer the hello"));
-    const MalformedKind* kind = findMalformed(m_plan.malformed);
-    if (kind && kind->insteadOfHello) {
-        sendMalformed({}, 0);
-    } else {
-        m_link.send(MessageType::Hello, helloPayload());
+    m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    send(buildMessage(MessageType::Hello, json({{u"v"_s, kProtocolVersion},
+                                                {u"token"_s, m_token},
+                                                {u"deviceId"_s, m_identity.deviceId},
+                                                {u"name"_s, m_identity.name},
+                                                {u"modelName"_s, m_identity.model},
+                                                {u"osVersion"_s, m_identity.os}})));
+    enter(State::Greeting);
+}
+
+void Phone::readAll()
+{
+    while (m_state != State::Over && m_socket->bytesAvailable() > 0) {
+        const std::span<char> target = m_splitter.writable();
+        const qint64 count = m_socket->read(target.data(), std::ssize(target));
+        if (count <= 0) {
+            return;
+        }
+        if (m_splitter.commit(count) == MessageSplitter::Result::Message) {
+            const Message message = m_splitter.take();
+            obey(message);
+            Q_EMIT received(message);
+        }
     }
 }
 
-void Phone::dispatch(const Message& message)
+void Phone::obey(const Message& message)
 {
     switch (message.type) {
     case MessageType::UsbHello:
-        takeUsbHello(message.payload);
+        m_token = parsed(message)[u"token"_s].toString();
+        greet();
         break;
     case MessageType::HelloReply:
-        accept();
+        m_accepted = true;
+        enter(State::Holding);
+        sendThumbnail();
+        m_thumbnailTimer.start(kThumbnailInterval);
         break;
     case MessageType::Error:
-        refuse(message.payload);
+        m_refusal = parsed(message)[u"code"_s].toString() + u": "_s +
+                    parsed(message)[u"message"_s].toString();
         break;
     case MessageType::Active:
-        if (m_accepted) {
-            setActive(parseObject(message.payload)[u"active"].toBool());
-        }
+        enter(parsed(message)[u"active"_s].toBool() ? State::Streaming : State::Holding);
         break;
     case MessageType::StartRequest:
-        ++m_stats.starts;
-        m_streamer.restart();
+        m_announce = true;
         break;
     case MessageType::Ping:
-        m_link.send(MessageType::Pong, message.payload);
-        ++m_stats.pings;
+        send(buildMessage(MessageType::Pong, message.payload));
         break;
     default:
         break;
     }
 }
 
-void Phone::accept()
+void Phone::enter(State state)
 {
-    if (std::exchange(m_accepted, true)) {
-        return; // the answer to a second hello
+    if (m_state == State::Over || m_state == state) {
+        return;
     }
-    m_deadline.stop();
-    ++m_stats.accepted;
-    Q_EMIT event(QStringLiteral("accepted"));
-    Q_EMIT accepted();
-    if (m_plan.thumbnailInterval) {
-        sendThumbnail();
-        m_thumbnailTimer.start(*m_plan.thumbnailInterval);
+    m_state = state;
+    if (state == State::Over) {
+        m_thumbnailTimer.stop();
     }
-    startPlan();
-    setActive(false);
+    updateVideo();
+    Q_EMIT stateChanged();
 }
 
-void Phone::startPlan()
+void Phone::send(const QByteArray& bytes)
 {
-    if (m_plan.leaveAfter) {
-        QTimer::singleShot(*m_plan.leaveAfter, Qt::PreciseTimer, this, &Phone::leave);
-    }
-    if (m_plan.resizeAfter) {
-        QTimer::singleShot(*m_plan.resizeAfter, Qt::PreciseTimer, this, [this] {
-            Q_EMIT event(QStringLiteral("new size"));
-            m_streamer.resize(m_plan.resizeTo);
-        });
-    }
-    if (m_plan.stallAfter) {
-        QTimer::singleShot(*m_plan.stallAfter, Qt::PreciseTimer, this,
-                           [this] { setStalled(true); });
-    }
-    if (m_plan.stallAfter && m_plan.stallFor) {
-        QTimer::singleShot(*m_plan.stallAfter + *m_plan.stallFor, Qt::PreciseTimer, this,
-                           [this] { setStalled(false); });
+    m_socket->write(bytes);
+}
+
+void Phone::sendThumbnail()
+{
+    if (const QByteArray jpeg = m_source->thumbnail(); !jpeg.isEmpty()) {
+        send(buildMessage(MessageType::Thumbnail, jpeg));
     }
 }
 
 void Phone::setStalled(bool stalled)
 {
-    Q_EMIT event(stalled ? QStringLiteral("video stalled") : QStringLiteral("video resumed"));
     m_stalled = stalled;
-    m_streamer.setStalled(stalled);
-    showState();
+    updateVideo();
 }
 
-void Phone::setActive(bool active)
+void Phone::resize(QSize size)
 {
-    if (active != m_active) {
-        Q_EMIT event(active ? QStringLiteral("the PC wants video")
-                            : QStringLiteral("the PC wants no video"));
-    }
-    m_active = active;
-    m_streamer.setActive(wantsVideo());
-    showState();
-}
-
-void Phone::showState()
-{
-    if (!m_leaving && !m_link.isSilent()) {
-        m_stats.state = m_stalled      ? PhoneState::Stalled
-                        : wantsVideo() ? PhoneState::Streaming
-                                       : PhoneState::Holding;
-    }
-}
-
-void Phone::sendThumbnail()
-{
-    const QByteArray jpeg = makeThumbnail(m_streamer.description(), m_streamer.framesSent());
-    if (!jpeg.isEmpty()) {
-        m_link.send(MessageType::Thumbnail, jpeg);
-        ++m_stats.thumbnails;
-    }
-}
-
-void Phone::onFrameSent(QByteArrayView accessUnit, qint64 ptsUsec)
-{
-    if (m_streamer.framesSent() % kMalformedEveryFrames == 0) {
-        const MalformedKind* kind = findMalformed(m_plan.malformed);
-        if (kind && !kind->insteadOfHello) {
-            sendMalformed(accessUnit, ptsUsec);
-        }
-    }
-    if (m_plan.frames && m_streamer.framesSent() >= *m_plan.frames) {
-        leave();
-    }
-}
-
-void Phone::sendMalformed(QByteArrayView accessUnit, qint64 ptsUsec)
-{
-    m_link.sendMalformed(malformedBytes(m_plan.malformed, helloPayload(), accessUnit, ptsUsec));
-    if (findMalformed(m_plan.malformed)->silentAfterwards) {
-        m_streamer.stop();
-        m_link.fallSilent();
-        m_stats.state = PhoneState::Silent;
-    }
+    m_announce = m_source->resize(size) || m_announce;
 }
 
 void Phone::leave()
 {
-    if (std::exchange(m_leaving, true)) {
+    if (!isAccepted()) {
+        cutOff();
         return;
     }
-    m_streamer.stop();
+    m_leaving = true;
+    updateVideo();
     m_thumbnailTimer.stop();
-    m_stats.state = PhoneState::Leaving;
-    Q_EMIT event(QStringLiteral("leaving"));
-    switch (m_plan.leave) {
-    case LeaveMode::Close:
-        m_link.finish();
-        finishBy(kLeaveLimit, ExitCode::Lost, QStringLiteral("the PC did not close its side"));
-        break;
-    case LeaveMode::Bye:
-        m_link.send(MessageType::Bye);
-        finishBy(kLeaveLimit, ExitCode::Lost, QStringLiteral("the PC did not close after the bye"));
-        break;
-    case LeaveMode::Reset:
-        m_link.reset();
-        break;
-    case LeaveMode::Vanish:
-        m_link.fallSilent();
-        m_stats.state = PhoneState::Silent;
-        finishBy(kVanishLimit, ExitCode::Lost,
-                 QStringLiteral("the PC did not drop the silent phone"));
-        break;
+    send(buildMessage(MessageType::Bye));
+    QTimer::singleShot(kLeaveLimit, this, &Phone::cutOff);
+}
+
+void Phone::cutOff()
+{
+    if (m_socket) {
+        m_socket->abort();
+    }
+    enter(State::Over);
+}
+
+// Starts or stops the clockwork when the reasons for it have changed.
+void Phone::updateVideo()
+{
+    if (m_state != State::Streaming || m_stalled || m_leaving) {
+        m_frameTimer.stop();
+        m_announce = true;
+    } else if (!m_frameTimer.isActive()) {
+        if (!m_streamClock.isValid()) {
+            m_streamClock.start();
+        }
+        skipTo(m_streamClock.durationElapsed());
+        schedule();
     }
 }
 
-void Phone::refuse(const QByteArray& payload)
+// Frame n is due exactly n / fps seconds after frame 0, however late those before it were.
+std::chrono::nanoseconds Phone::dueTime(qint64 frame) const
 {
-    const QJsonObject error = parseObject(payload);
-    finish(ExitCode::Refused,
-           QStringLiteral("%1: %2").arg(error[u"code"].toString(), error[u"message"].toString()));
+    return std::chrono::nanoseconds(
+        std::llround(static_cast<double>(frame) * 1e9 / m_framesPerSecond));
 }
 
-void Phone::onClosed()
+void Phone::skipTo(std::chrono::nanoseconds time)
 {
-    if (m_leaving) {
-        finish(ExitCode::Done, {});
+    while (dueTime(m_nextFrame) < time) {
+        ++m_nextFrame;
+    }
+}
+
+void Phone::schedule()
+{
+    const auto wait = dueTime(m_nextFrame) - m_streamClock.durationElapsed();
+    m_frameTimer.setInterval(std::max(wait, 0ns));
+    m_frameTimer.start();
+}
+
+void Phone::tick()
+{
+    const qint64 wanted = m_nextFrame;
+    const auto now = m_streamClock.durationElapsed();
+    if (now - dueTime(wanted) > kMaxLate) {
+        skipTo(now);
+    }
+    m_framesDropped += m_nextFrame - wanted;
+    if (m_socket->bytesToWrite() > kMaxPendingBytes) {
+        ++m_framesDropped;
     } else {
-        finish(ExitCode::Lost,
-               QStringLiteral("the connection was closed by the PC or the network"));
+        sendFrame();
+    }
+    ++m_nextFrame;
+    if (m_state == State::Streaming && !m_stalled && !m_leaving) {
+        schedule();
     }
 }
 
-void Phone::finishBy(std::chrono::milliseconds limit, ExitCode code, const QString& reason)
+void Phone::sendFrame()
 {
-    m_deadline.disconnect(this);
-    connect(&m_deadline, &QTimer::timeout, this, [this, code, reason] { finish(code, reason); });
-    m_deadline.start(limit);
-}
-
-void Phone::finish(ExitCode code, const QString& reason)
-{
-    if (std::exchange(m_finished, true)) {
+    const auto unit = m_source->next(m_nextFrame, m_announce);
+    if (!unit) {
+        cutOff();
         return;
     }
-    m_deadline.stop();
-    m_thumbnailTimer.stop();
-    m_streamer.stop();
-    Q_EMIT finished(code, reason);
+    announce(*unit);
+    const QByteArrayView bytes(unit->bytes.data(), std::ssize(unit->bytes));
+    const auto pts = std::chrono::duration_cast<std::chrono::microseconds>(dueTime(m_nextFrame));
+    const auto head = encodeVideoFrameHeader(pts.count(), unit->keyframe, bytes.size());
+    m_socket->write(head.data(), std::ssize(head));
+    m_socket->write(bytes.data(), bytes.size());
+    m_socket->flush();
+    ++m_framesSent;
+    Q_EMIT frameSent(bytes);
+}
+
+// What goes before a frame: at a start the description and the parameter sets, and later on the
+// parameter sets whenever they change.
+void Phone::announce(const AccessUnit& unit)
+{
+    if (std::exchange(m_announce, false)) {
+        const StreamDescription stream = m_source->description();
+        send(buildMessage(MessageType::StreamInfo, json({{u"width"_s, stream.width},
+                                                         {u"height"_s, stream.height},
+                                                         {u"fps"_s, stream.fps}})));
+        m_config.clear();
+    }
+    const auto sets = parameterSets(unit.bytes);
+    if (!sets.empty() && !std::ranges::equal(sets, m_config)) {
+        m_config.assign(sets.begin(), sets.end());
+        send(buildMessage(MessageType::VideoConfig,
+                          QByteArrayView(sets.data(), std::ssize(sets))));
+    }
 }
 
 } // namespace pevrix

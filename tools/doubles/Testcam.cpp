@@ -1,6 +1,6 @@
-#include "tests/support/testcam/Testcam.h"
+#include "tools/doubles/Testcam.h"
 
-#include "tests/support/testcam/CameraLog.h"
+#include "tools/doubles/CameraLog.h"
 
 #include <chrono>
 #include <cstdio>

@@ -5,14 +5,14 @@
 #include <QTimer>
 
 #include <chrono>
-#include <functional>
 
 namespace pevrix {
 
-// Runs the event loop until the condition holds; false when it never does. The limit is far beyond
-// what a slow machine needs. Looks again after every event, so that nothing is slept away.
-inline bool waitFor(const std::function<bool()>& condition,
-                    QDeadlineTimer limit = QDeadlineTimer(std::chrono::seconds(60)))
+/// Runs the event loop until the condition holds; false when it never does. The limit is far beyond
+/// what a slow machine needs. Looks again after every event, so that nothing is slept away.
+template <typename Condition>
+[[nodiscard]] bool waitUntil(const Condition& condition,
+                             QDeadlineTimer limit = QDeadlineTimer(std::chrono::minutes(1)))
 {
     QTimer wakeUp; // for conditions that no event of this thread brings about
     wakeUp.start(std::chrono::milliseconds(5));
@@ -28,7 +28,7 @@ inline bool waitFor(const std::function<bool()>& condition,
 
 inline void letEventsRunFor(std::chrono::milliseconds time)
 {
-    (void)waitFor([] { return false; }, QDeadlineTimer(time));
+    static_cast<void>(waitUntil([] { return false; }, QDeadlineTimer(time)));
 }
 
 } // namespace pevrix
