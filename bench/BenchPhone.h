@@ -159,10 +159,7 @@ private:
     }
 
     // Of all threads but the phone's, on which this is called.
-    static double programSeconds()
-    {
-        return cpuSeconds(RUSAGE_SELF) - cpuSeconds(RUSAGE_THREAD);
-    }
+    static double programSeconds() { return cpuSeconds(RUSAGE_SELF) - cpuSeconds(RUSAGE_THREAD); }
 
     const StreamDescription m_stream;
     const std::vector<AccessUnit>& m_units;

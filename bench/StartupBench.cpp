@@ -2,11 +2,11 @@
 // the program beside a minimal window of the same Qt, in turn, on a virtual display.
 //
 // Both are watched from outside: Qt's own scene graph says in the log when it has swapped a frame.
+#include "tools/doubles/Program.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
@@ -15,12 +15,12 @@
 #include <cstdio>
 #include <vector>
 
+using namespace pevrix;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kRuns = 9;
-constexpr int kPatienceMs = 60000;
 constexpr int kIdleMs = 3000; // until the memory is looked at
 
 struct Run
@@ -30,34 +30,16 @@ struct Run
     double ownMb = 0; // not shared with other programs
 };
 
-// Ends a program with its object.
-class Process : public QProcess
-{
-public:
-    ~Process() override
-    {
-        terminate();
-        if (!waitForFinished(kPatienceMs)) {
-            kill();
-            waitForFinished();
-        }
-    }
-};
-
 // Reads until a frame has been swapped; false when none comes. A frame "rendered in 0ms" is none:
 // the window was not there yet.
-bool waitForFrame(QProcess& process)
+bool waitForFrame(Program& process)
 {
     static const QRegularExpression frame(u"frame rendered in [1-9]"_s);
-    QString log;
-    while (!log.contains(frame)) {
-        if (!process.waitForReadyRead(kPatienceMs)) {
-            std::fprintf(stderr, "%s", qPrintable(log));
-            return false;
-        }
-        log += QString::fromLocal8Bit(process.readAll());
+    const bool seen = waitUntil([&] { return process.errors().contains(frame); });
+    if (!seen) {
+        std::fprintf(stderr, "%s", qPrintable(process.errors()));
     }
-    return true;
+    return seen;
 }
 
 // A line of /proc/PID/smaps_rollup, in megabytes.
@@ -70,12 +52,9 @@ double megabytes(const QString& rollup, const QString& key)
 
 bool measure(const QString& program, const QProcessEnvironment& environment, Run& run)
 {
-    Process process;
-    process.setProcessEnvironment(environment);
-    process.setProcessChannelMode(QProcess::MergedChannels);
     QElapsedTimer clock;
     clock.start();
-    process.start(program, QStringList());
+    Program process(program, {}, environment);
     if (!waitForFrame(process)) {
         return false;
     }
@@ -117,16 +96,14 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const QString bin = QCoreApplication::applicationDirPath();
     const QTemporaryDir home;
-    Process display;
-    display.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    display.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x1024x24"_s,
-                              u"-nolisten"_s, u"tcp"_s});
-    if (!display.waitForReadyRead(kPatienceMs)) {
-        std::fprintf(stderr, "the virtual display did not start\n");
+    Program display(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x1024x24"_s,
+                                u"-nolisten"_s, u"tcp"_s});
+    if (!waitUntil([&] { return display.output().endsWith(u'\n'); })) {
+        std::fprintf(stderr, "the virtual display did not start\n%s", qPrintable(display.errors()));
         return 1;
     }
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"DISPLAY"_s, u":"_s + QString::fromLatin1(display.readLine().trimmed()));
+    environment.insert(u"DISPLAY"_s, u":"_s + display.output().trimmed());
     environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
     environment.insert(u"QT_LOGGING_RULES"_s, u"qt.scenegraph.time.renderloop.debug=true"_s);
     environment.insert(u"HOME"_s, home.path());
@@ -146,6 +123,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "a program did not show its window\n");
         return 1;
     }
+    display.terminate(); // so that it takes its lock away
+    static_cast<void>(display.awaitExit());
     std::printf("medians of %d runs each, in turn, on a virtual display without a GPU\n", kRuns);
     print("start to first frame, ms", &Run::firstFrameMs, program, peer);
     print("resident when idle, MB", &Run::residentMb, program, peer);

@@ -93,11 +93,11 @@ private:
 std::unique_ptr<Program> startPhone(const Pevrix& program, const QString& name)
 {
     const QString port = program.waitForLog(u"Pevrix: listening on port (\\d+)"_s);
-    return std::make_unique<Program>(
-        QStringLiteral(PEVRIX_BIN_DIR "/phonesim"),
-        QStringList{u"--host"_s, u"127.0.0.1"_s, u"--port"_s, port, u"--token-file"_s,
-                    program.path(u"pairing-token.txt"_s), u"--size"_s, u"320x240"_s, u"--name"_s,
-                    name});
+    return std::make_unique<Program>(QStringLiteral(PEVRIX_BIN_DIR "/phonesim"),
+                                     QStringList{u"--host"_s, u"127.0.0.1"_s, u"--port"_s, port,
+                                                 u"--token-file"_s,
+                                                 program.path(u"pairing-token.txt"_s), u"--size"_s,
+                                                 u"320x240"_s, u"--name"_s, name});
 }
 
 } // namespace
@@ -123,8 +123,8 @@ TEST(Program, ShowsTheLiveVideoOfAPhoneAndQuitsCleanly)
 TEST(Program, TakesAPictureOfItsWindowWhenTheDelayIsOver)
 {
     Pevrix program({u"--shot"_s, u"620x700"_s, u"--out"_s, u"%1/shot.png"_s, u"--lang"_s, u"ja"_s,
-                     u"--shot-active"_s, u"Nobody"_s, u"--shot-delay"_s, u"1000"_s,
-                     u"--shot-view"_s, u"settings"_s, u"--shot-theme"_s, u"1"_s});
+                    u"--shot-active"_s, u"Nobody"_s, u"--shot-delay"_s, u"1000"_s, u"--shot-view"_s,
+                    u"settings"_s, u"--shot-theme"_s, u"1"_s});
     EXPECT_EQ(program.waitForExit(), 0);
     EXPECT_EQ(QImage(program.path(u"shot.png"_s)).size(), QSize(620, 700));
     EXPECT_TRUE(program.log().contains(u"Pevrix: shot saved to "_s + program.path(u"shot.png"_s)));
@@ -150,8 +150,8 @@ TEST(Program, TakesAPictureSoonAfterTheFirstFrame)
 {
     for (const QStringList& wanted : {QStringList(), {u"--shot-active"_s, u"Second"_s}}) {
         Pevrix program(QStringList{u"--shot"_s, u"--out"_s, u"%1/shot.png"_s, u"--shot-delay"_s,
-                                    u"6000000"_s} +
-                        wanted);
+                                   u"6000000"_s} +
+                       wanted);
         const auto first = startPhone(program, u"First"_s);
         const auto second = startPhone(program, u"Second"_s);
         EXPECT_EQ(program.waitForExit(), 0);
@@ -163,8 +163,8 @@ TEST(Program, PrintsItsOptionsWhereThereIsNoDisplay)
 {
     QProcessEnvironment environment;
     environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
-    Program program(QStringLiteral(PEVRIX_BIN_DIR "/pevrix"),
-                    {u"--lang"_s, u"ja"_s, u"--help"_s}, environment);
+    Program program(QStringLiteral(PEVRIX_BIN_DIR "/pevrix"), {u"--lang"_s, u"ja"_s, u"--help"_s},
+                    environment);
     EXPECT_EQ(program.awaitExit(), 0);
     EXPECT_TRUE(program.output().contains(u"--shot-active NAME"_s));
 }

@@ -15,8 +15,8 @@ struct FilmedPhone
 {
     explicit FilmedPhone(const QString& name_, QSize size, int fps = 30)
         : name(name_)
-        , phone(std::make_unique<PatternSource>(
-                    StreamDescription{size.width(), size.height(), fps}, name_),
+        , phone(std::make_unique<PatternSource>(StreamDescription{size.width(), size.height(), fps},
+                                                name_),
                 {.deviceId = name_, .name = name_})
     {
         QObject::connect(&phone, &Phone::frameSent, &phone,
@@ -27,8 +27,9 @@ struct FilmedPhone
     void connectTo(int port, const QString& tokenFile)
     {
         QFile file(tokenFile);
-        const QString token =
-            file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+        const QString token = file.open(QIODevice::ReadOnly)
+                                  ? QString::fromUtf8(file.readAll()).trimmed()
+                                  : QString();
         phone.connectTo(QStringLiteral("127.0.0.1"), static_cast<quint16>(port), token);
     }
 

@@ -173,11 +173,10 @@ protected:
     }
 
     std::mt19937 m_random{2024};
-    const std::vector<Clip> m_clips{
-        {"live.h264", kSize},
-        {"sizes.h264", {320, 240}, 0, 4},
-        {"sizes.h264", {176, 144}, 4, 4},
-        {"sizes.h264", {144, 176}, 8, 4}};
+    const std::vector<Clip> m_clips{{"live.h264", kSize},
+                                    {"sizes.h264", {320, 240}, 0, 4},
+                                    {"sizes.h264", {176, 144}, 4, 4},
+                                    {"sizes.h264", {144, 176}, 8, 4}};
     QTemporaryDir m_folder;
     std::chrono::steady_clock::time_point m_now = std::chrono::steady_clock::now();
     SoftcamSink m_sink{TESTCAM_NAME, fastTime()};

@@ -1,10 +1,10 @@
 #include "pairing/PairingUri.h"
 #include "pairing/QrImage.h"
+#include "tools/doubles/Program.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace pevrix;
@@ -22,11 +22,9 @@ QByteArray pngOf(const QString& dataUrl)
 // What an independent reader finds in the picture. The reader must be installed.
 std::string readWith(const QString& program, const QStringList& arguments)
 {
-    QProcess reader;
-    reader.start(program, arguments);
-    EXPECT_TRUE(reader.waitForFinished(60'000)) << reader.errorString().toStdString();
-    EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().toStdString();
-    return reader.readAllStandardOutput().trimmed().toStdString();
+    Program reader(program, arguments);
+    EXPECT_EQ(reader.awaitExit(), 0) << reader.errors().toStdString();
+    return reader.output().trimmed().toStdString();
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 // The catalogs against the sources that they translate. Needs the tools of the building machine.
+#include "tools/doubles/Program.h"
 #include "ui/Translator.h"
 
 #include <gmock/gmock.h>
 
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -15,6 +15,7 @@
 #include <map>
 
 using namespace Qt::StringLiterals;
+using pevrix::Program;
 
 namespace {
 
@@ -54,13 +55,11 @@ Catalog readCatalog(const QString& path)
 Catalog textsOfTheSources()
 {
     const QTemporaryDir folder;
-    QProcess lupdate;
-    lupdate.start(QStringLiteral(PEVRIX_LUPDATE),
-                  {u"-silent"_s, QStringLiteral(PEVRIX_SOURCE_DIR "/qml"),
-                   QStringLiteral(PEVRIX_SOURCE_DIR "/app"), u"-ts"_s,
-                   folder.filePath(u"sources.ts"_s)});
-    EXPECT_TRUE(lupdate.waitForFinished(60000));
-    EXPECT_EQ(lupdate.exitCode(), 0) << lupdate.readAllStandardError().constData();
+    Program lupdate(QStringLiteral(PEVRIX_LUPDATE),
+                    {u"-silent"_s, QStringLiteral(PEVRIX_SOURCE_DIR "/qml"),
+                     QStringLiteral(PEVRIX_SOURCE_DIR "/app"), u"-ts"_s,
+                     folder.filePath(u"sources.ts"_s)});
+    EXPECT_EQ(lupdate.awaitExit(), 0) << qPrintable(lupdate.errors());
     return readCatalog(folder.filePath(u"sources.ts"_s));
 }
 

@@ -1,8 +1,8 @@
+#include "tools/doubles/Program.h"
 #include "usb/Plist.h"
 
 #include <gmock/gmock.h>
 
-#include <QProcess>
 #include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
@@ -15,10 +15,8 @@ QByteArray converted(const QByteArray& document, const QString& format)
 {
     QTemporaryFile file;
     EXPECT_TRUE(file.open() && file.write(document) == document.size() && file.flush());
-    QProcess tool;
-    tool.start(u"plistutil"_s, {u"-i"_s, file.fileName(), u"-f"_s, format, u"-o"_s, u"-"_s});
-    EXPECT_TRUE(tool.waitForFinished()) << qPrintable(tool.errorString());
-    EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().constData();
+    Program tool(u"plistutil"_s, {u"-i"_s, file.fileName(), u"-f"_s, format, u"-o"_s, u"-"_s});
+    EXPECT_EQ(tool.awaitExit(), 0) << qPrintable(tool.errors());
     return tool.readAllStandardOutput();
 }
 

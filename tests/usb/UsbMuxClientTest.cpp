@@ -3,6 +3,7 @@
 #include "tools/doubles/ThisProcess.h"
 #include "tools/doubles/WaitUntil.h"
 #include "tools/phonesim/MuxDaemon.h"
+#include "usb/MuxPacket.h"
 #include "usb/Plist.h"
 
 #include <gmock/gmock.h>

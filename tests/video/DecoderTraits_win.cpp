@@ -1,5 +1,5 @@
-#include "tools/doubles/ThisProcess.h"
 #include "tests/video/DecoderTraits.h"
+#include "tools/doubles/ThisProcess.h"
 
 namespace pevrix {
 

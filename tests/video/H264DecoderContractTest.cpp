@@ -1,7 +1,7 @@
 // What every back end of the decoder promises. The expected pictures were decoded and converted by
 // independent programs: tests/data/make-fixtures.
-#include "tools/doubles/AnnexB.h"
 #include "tests/video/DecoderTraits.h"
+#include "tools/doubles/AnnexB.h"
 #include "video/H264Decoder.h"
 
 #include <gtest/gtest.h>

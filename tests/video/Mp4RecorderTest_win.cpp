@@ -1,7 +1,7 @@
 // The recorder over a scripted sink writer, and over the system's own.
-#include "tools/doubles/ThisProcess.h"
 #include "tests/video/RecorderTraits.h"
 #include "tests/video/ScriptedTransform_win.h"
+#include "tools/doubles/ThisProcess.h"
 #include "video/Mp4RecorderPlatform_win.h"
 
 #include <gmock/gmock.h>

@@ -20,7 +20,6 @@ struct AccessUnit
 
 /// The parameter sets at the front of an access unit, with their start codes; empty when it has
 /// none.
-[[nodiscard]] std::span<const std::uint8_t>
-parameterSets(std::span<const std::uint8_t> accessUnit);
+[[nodiscard]] std::span<const std::uint8_t> parameterSets(std::span<const std::uint8_t> accessUnit);
 
 } // namespace pevrix

@@ -64,11 +64,9 @@ bool runsUnderWine()
 
 std::int64_t heapBytes()
 {
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    memory.cb = sizeof memory;
-    const bool known = GetProcessMemoryInfo(
-        GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
-    return known ? static_cast<std::int64_t>(memory.PrivateUsage) : 0;
+    PROCESS_MEMORY_COUNTERS memory{};
+    const BOOL known = GetProcessMemoryInfo(GetCurrentProcess(), &memory, sizeof memory);
+    return known ? static_cast<std::int64_t>(memory.PagefileUsage) : 0;
 }
 
 int openHandles()

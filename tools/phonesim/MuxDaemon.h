@@ -13,9 +13,9 @@
 
 namespace pevrix {
 
-/// A simulated usbmux daemon on 127.0.0.1: tells the PCs that listen to it which phones are attached
-/// and joins connections to them, or does whatever else a test wants of it. Phones stay attached
-/// while it is away. Lives on one thread with an event loop.
+/// A simulated usbmux daemon on 127.0.0.1: tells the PCs that listen to it which phones are
+/// attached and joins connections to them, or does whatever else a test wants of it. Phones stay
+/// attached while it is away. Lives on one thread with an event loop.
 class MuxDaemon final : public QObject
 {
     Q_OBJECT

@@ -64,9 +64,9 @@ QSize size(const QCommandLineParser& parser, const QString& name)
     const QSize size = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
     for (const int side : {size.width(), size.height()}) {
         if (side < PatternSource::kMinSide || side > PatternSource::kMaxSide || side % 2 != 0) {
-            complain(name, u"WIDTHxHEIGHT, even and from %1 to %2 pixels"_s
-                               .arg(PatternSource::kMinSide)
-                               .arg(PatternSource::kMaxSide));
+            complain(name,
+                     u"WIDTHxHEIGHT, even and from %1 to %2 pixels"_s.arg(PatternSource::kMinSide)
+                         .arg(PatternSource::kMaxSide));
         }
     }
     return size;

@@ -171,7 +171,7 @@ void Phone::resize(QSize size)
 
 void Phone::leave()
 {
-    if (!isAccepted()) {
+    if (m_state == State::Connecting || m_state == State::Over) {
         cutOff();
         return;
     }
@@ -277,8 +277,7 @@ void Phone::announce(const AccessUnit& unit)
     const auto sets = parameterSets(unit.bytes);
     if (!sets.empty() && !std::ranges::equal(sets, m_config)) {
         m_config.assign(sets.begin(), sets.end());
-        send(buildMessage(MessageType::VideoConfig,
-                          QByteArrayView(sets.data(), std::ssize(sets))));
+        send(buildMessage(MessageType::VideoConfig, QByteArrayView(sets.data(), std::ssize(sets))));
     }
 }
 

@@ -26,11 +26,11 @@ struct PhoneIdentity
     QString os = QStringLiteral("1.0");
 };
 
-/// A simulated phone, for one connection: over the network or through a tunnel of the usbmux daemon.
-/// It greets, answers pings, sends thumbnails, and streams in time while the PC wants it. Every
-/// start of the video, be it after holding, a stall, a start request or a change of size, begins
-/// with the stream info, the parameter sets and a keyframe. The stream's clock begins with the first
-/// frame and goes on while the video is held. Lives on one thread with an event loop.
+/// A simulated phone, for one connection: over the network or through a tunnel of the usbmux
+/// daemon. It greets, answers pings, sends thumbnails, and streams in time while the PC wants it.
+/// Every start of the video, be it after holding, a stall, a start request or a change of size,
+/// begins with the stream info, the parameter sets and a keyframe. The stream's clock begins with
+/// the first frame and goes on while the video is held. Lives on one thread with an event loop.
 class Phone final : public QObject
 {
     Q_OBJECT

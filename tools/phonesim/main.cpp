@@ -126,11 +126,10 @@ private:
             std::make_unique<PatternSource>(stream, m_options.name),
             PhoneIdentity{.deviceId = u"phonesim-"_s + m_options.name, .name = m_options.name});
         connect(m_phone.get(), &Phone::stateChanged, this, &Run::follow);
-        connect(m_phone.get(), &Phone::frameSent, this,
-                [this](QByteArrayView bytes) {
-                    ++m_frames;
-                    m_bytes += bytes.size();
-                });
+        connect(m_phone.get(), &Phone::frameSent, this, [this](QByteArrayView bytes) {
+            ++m_frames;
+            m_bytes += bytes.size();
+        });
         m_planned = false;
         return m_phone.get();
     }
