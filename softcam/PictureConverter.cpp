@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cstring>
+#include <numeric>
 
 namespace pevrix {
 
@@ -87,6 +88,17 @@ libyuv::FilterMode filterFor(const BgrPicture& picture, const PictureArea& area)
 {
     const bool shrinks = area.width < picture.width || area.height < picture.height;
     return shrinks ? libyuv::kFilterBox : libyuv::kFilterBilinear;
+}
+
+// In place; nothing overflows that was never more than white.
+void addToPlane(std::uint8_t* plane, int stride, int width, int height, std::uint8_t value)
+{
+    for (int y = 0; y < height; ++y) {
+        std::uint8_t* row = plane + std::ptrdiff_t{stride} * y;
+        for (int x = 0; x < width; ++x) {
+            row[x] = static_cast<std::uint8_t>(row[x] + value);
+        }
+    }
 }
 
 // The side that belongs to `side` of a picture in which `other` becomes `otherTo`.
@@ -201,13 +213,14 @@ void PictureConverter::convertStrip(std::uint32_t row, std::uint32_t rows, std::
 // one piece is scaled into its place; the rest goes through a picture in between.
 void PictureConverter::scaleYuv(const BgrPicture& picture, std::uint8_t* to)
 {
+    const PictureArea area = pictureArea(picture, m_reader, 2);
+    const libyuv::FilterMode filter = filterFor(picture, area);
+    const std::uint8_t loss = lossOf(picture, area);
     const I420Planes from(m_source.ofSize(I420Planes::size(picture.width, picture.height)),
                           picture.width, picture.height);
     libyuv::RGB24ToI420(picture.pixels, 3 * from.width, from.y, from.width, from.u,
                         from.chromaWidth, from.v, from.chromaWidth, from.width, from.height);
 
-    const PictureArea area = pictureArea(picture, m_reader, 2);
-    const libyuv::FilterMode filter = filterFor(picture, area);
     I420Planes scaled(m_scaled.ofSize(I420Planes::size(area.width, area.height)), area.width,
                       area.height);
     fillBars(area, to);
@@ -228,6 +241,11 @@ void PictureConverter::scaleYuv(const BgrPicture& picture, std::uint8_t* to)
     libyuv::I420Scale(from.y, from.width, from.u, from.chromaWidth, from.v, from.chromaWidth,
                       from.width, from.height, scaled.y, scaledStride, scaled.u, scaledChromaStride,
                       scaled.v, scaledChromaStride, scaled.width, scaled.height, filter);
+    if (loss > 0) {
+        addToPlane(scaled.y, scaledStride, scaled.width, scaled.height, loss);
+        addToPlane(scaled.u, scaledChromaStride, scaled.chromaWidth, scaled.chromaHeight, loss);
+        addToPlane(scaled.v, scaledChromaStride, scaled.chromaWidth, scaled.chromaHeight, loss);
+    }
     if (m_layout == PixelLayout::Yuy2) {
         libyuv::I420ToYUY2(scaled.y, scaledStride, scaled.u, scaledChromaStride, scaled.v,
                            scaledChromaStride, to + 2 * luma, 2 * stride, scaled.width,
@@ -237,6 +255,31 @@ void PictureConverter::scaleYuv(const BgrPicture& picture, std::uint8_t* to)
         libyuv::MergeUVPlane(scaled.u, scaledChromaStride, scaled.v, scaledChromaStride, chroma,
                              stride, scaled.chromaWidth, scaled.chromaHeight);
     }
+}
+
+// The box filter rounds means down, at some ratios by one in most of a flat area, which shows as a
+// tinge. Tried once for each size, with a flat picture.
+std::uint8_t PictureConverter::lossOf(const BgrPicture& picture, const PictureArea& area)
+{
+    if (m_known.width == picture.width && m_known.height == picture.height) {
+        return m_known.loss;
+    }
+    constexpr std::uint8_t kFlat = 128;
+    const auto width = static_cast<int>(picture.width);
+    const auto height = static_cast<int>(picture.height);
+    std::uint8_t* flat = m_source.ofSize(I420Planes::size(picture.width, picture.height));
+    std::uint8_t* scaled = m_scaled.ofSize(I420Planes::size(area.width, area.height));
+    libyuv::SetPlane(flat, width, width, height, kFlat);
+    libyuv::ScalePlane(flat, width, width, height, scaled, static_cast<int>(area.width),
+                       static_cast<int>(area.width), static_cast<int>(area.height),
+                       filterFor(picture, area));
+    const std::size_t pixels = std::size_t{area.width} * area.height;
+    const auto sum = std::accumulate(scaled, scaled + pixels, std::uint64_t{0});
+    const auto mean = static_cast<std::uint8_t>((sum + pixels / 2) / pixels);
+    m_known = {.width = picture.width,
+               .height = picture.height,
+               .loss = static_cast<std::uint8_t>(kFlat - std::min(mean, kFlat))};
+    return m_known.loss;
 }
 
 void PictureConverter::scaleBgr(const BgrPicture& picture, std::uint8_t* to)

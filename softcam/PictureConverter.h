@@ -58,6 +58,7 @@ private:
     void convertStrips(const BgrPicture& picture, std::uint8_t* to);
     void convertStrip(std::uint32_t row, std::uint32_t rows, std::uint8_t* to);
     void scaleYuv(const BgrPicture& picture, std::uint8_t* to);
+    [[nodiscard]] std::uint8_t lossOf(const BgrPicture& picture, const PictureArea& area);
     void scaleBgr(const BgrPicture& picture, std::uint8_t* to);
     void fillBars(const PictureArea& area, std::uint8_t* to) const;
 
@@ -65,6 +66,13 @@ private:
     CameraFormat m_reader;
     Buffer m_source; // a strip or the whole of the picture with 4 bytes per pixel, or as I420
     Buffer m_scaled; // the same in the reader's size
+    // What scaling takes from flat samples of pictures of this size.
+    struct
+    {
+        std::uint32_t width = 0;
+        std::uint32_t height = 0;
+        std::uint8_t loss = 0;
+    } m_known;
 };
 
 } // namespace pevrix

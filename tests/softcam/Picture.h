@@ -38,6 +38,17 @@ public:
         }
     }
 
+    static Picture flat(int width, int height, Color color)
+    {
+        Picture picture(width, height);
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                picture.set(x, y, color);
+            }
+        }
+        return picture;
+    }
+
     // Four quadrants of different colours, of which the last tells pictures apart: 0 to 9.
     static Picture quadrants(int width, int height, int number = 0)
     {

@@ -29,6 +29,8 @@ struct Sizes
 
 class Conversions : public testing::TestWithParam<Sizes>
 {};
+class Scaling : public testing::TestWithParam<Sizes>
+{};
 
 } // namespace
 
@@ -59,10 +61,48 @@ TEST_P(Conversions, KeepColoursAndProportionsBetweenBlackBars)
     }
 }
 
+// A tinge that comes and goes with the phone's turns would be seen.
+TEST_P(Scaling, LeavesFlatColoursAsTheyAre)
+{
+    const auto [width, height, readerWidth, readerHeight] = GetParam();
+    const CameraFormat reader = *cameraFormat(readerWidth, readerHeight, 30);
+    const PixelLayout layout = PixelLayout::Nv12;
+    for (const Color& color : {Color{40, 60, 200}, Color{255, 255, 255}, Color{255, 0, 0}}) {
+        PictureConverter converter(layout, reader);
+        std::vector<std::uint8_t> converted(pictureSize(layout, reader));
+        // In the middle of a flat picture: the mean over an area, for scaling may dither by one.
+        const auto middle = [&](const Picture& picture) {
+            converter.convert({picture.bytes(), static_cast<std::uint32_t>(picture.width()),
+                               static_cast<std::uint32_t>(picture.height())},
+                              converted);
+            std::array<double, 3> means{};
+            for (int i = 0; i < 32 * 32; ++i) {
+                const Samples samples =
+                    samplesAt(converted.data(), layout, reader, readerWidth / 2 + i % 32,
+                              readerHeight / 2 + i / 32);
+                for (std::size_t plane = 0; plane < means.size(); ++plane) {
+                    means[plane] += samples[plane] / 1024.0;
+                }
+            }
+            return means;
+        };
+        const auto scaled = middle(Picture::flat(width, height, color));
+        const auto unscaled = middle(Picture::flat(readerWidth, readerHeight, color));
+        for (std::size_t plane = 0; plane < scaled.size(); ++plane) {
+            EXPECT_NEAR(scaled[plane], unscaled[plane], 0.5) << "plane " << plane;
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Pictures, Conversions,
                          testing::Values(Sizes{640, 360, 640, 360}, Sizes{333, 217, 333, 217},
                                          Sizes{1280, 720, 640, 360}, Sizes{720, 1280, 1280, 720},
                                          Sizes{640, 480, 1280, 720}, Sizes{333, 217, 640, 480},
+                                         Sizes{720, 1280, 640, 480}, Sizes{1920, 1080, 640, 360},
                                          Sizes{1920, 1080, 720, 1280}, Sizes{1280, 720, 333, 217},
                                          Sizes{8192, 2, 640, 480}, Sizes{1, 8192, 640, 480},
                                          Sizes{2, 2, 2, 8192}));
+
+INSTANTIATE_TEST_SUITE_P(Pictures, Scaling,
+                         testing::Values(Sizes{720, 1280, 640, 480}, Sizes{1920, 1080, 640, 360},
+                                         Sizes{1920, 1080, 720, 1280}, Sizes{333, 217, 640, 480}));

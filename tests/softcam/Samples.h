@@ -74,7 +74,7 @@ inline bool isClose(const Samples& seen, const Samples& expected, int tolerance)
 }
 
 // How many places of a picture are wrong that shows `shown` scaled between bars: samples farther
-// than 3 from the reference within the quadrants, and anything but black farther than 2 pixels
+// than 2 from the reference within the quadrants, and anything but black farther than 2 pixels
 // outside the area. What lies at the edges of the quadrants is a mixture and is passed over.
 inline int wrongPlaces(const std::uint8_t* picture, PixelLayout layout, const CameraFormat& format,
                        const Picture& shown)
@@ -103,7 +103,7 @@ inline int wrongPlaces(const std::uint8_t* picture, PixelLayout layout, const Ca
                 const auto row = static_cast<int>((y - top) / scale);
                 const bool inNumber = column < 10 && row < 10; // see Picture::setNumber()
                 wrong +=
-                    !inNumber && !isClose(seen, expectedSamples(layout, shown.at(column, row)), 3);
+                    !inNumber && !isClose(seen, expectedSamples(layout, shown.at(column, row)), 2);
             }
         }
     }
