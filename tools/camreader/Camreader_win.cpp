@@ -16,8 +16,7 @@ constexpr int kOk = 0;
 constexpr int kNotRight = 1;
 constexpr int kWrongArguments = 2;
 
-// Of 255. Layouts with 8 bits of luma and chroma are within 2; libyuv, which scales, rounds the
-// mean of several pixels down, which adds up to 2 where a picture shrinks.
+// Of 255. Layouts with 8 bits of luma and chroma are within 2.
 constexpr int kMostColourDifference = 3;
 constexpr int kMostBarBrightness = 3;
 constexpr int kMostBoxDifference = 2; // pixels

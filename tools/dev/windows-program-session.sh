@@ -50,7 +50,7 @@ wait_for "$home/pairing-token.txt" . "the program left no pairing token"
 # start_phone NAME
 start_phone() {
     build/native/bin/phonesim --host 127.0.0.1 --port "$port" --token-file "$home/pairing-token.txt" \
-        --name "$1" --device-id "$1" --size 1280x720 --fps 30 >"$work/phonesim-$1" 2>&1 &
+        --name "$1" --size 1280x720 --fps 30 >"$work/phonesim-$1" 2>&1 &
     pids+=($!)
 }
 
