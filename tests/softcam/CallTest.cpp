@@ -2,7 +2,7 @@
 #include "tests/softcam/Samples.h"
 #include "tests/softcam/TestCamera.h"
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 using namespace pevrix;
@@ -60,7 +60,7 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
     }
     PipeWireSession session;
     session.startDaemon();
-    std::optional<TestCamera> camera(std::in_place, pictures.front());
+    auto camera = std::make_unique<TestCamera>(pictures.front());
     static_cast<void>(session.waitForCamera(640));
     Reader reader(*camera, u"NV12"_s, 0);
     ASSERT_TRUE(waitUntil([&] { return camera->isConnected(); }));
@@ -70,7 +70,7 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
     clock.start();
     for (const Picture& picture : pictures) {
         camera.reset(); // the former one ends before the next is made
-        camera.emplace(picture);
+        camera = std::make_unique<TestCamera>(picture);
         std::this_thread::sleep_for(kStay);
         EXPECT_TRUE(camera->isConnected());
     }
@@ -95,7 +95,7 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
     // Now that nobody reads, the offer follows, in the same node. Another size is there for the
     // asking.
     camera.reset();
-    camera.emplace(pictures[1]);
+    camera = std::make_unique<TestCamera>(pictures[1]);
     EXPECT_EQ(offeredSizes(session.waitForCamera(720)).size(), 4 + 4);
     Reader again(pictures.front(), u"NV12"_s, 0);
     EXPECT_TRUE(waitUntil([&] { return camera->isConnected(); }));
@@ -103,7 +103,7 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
 
 TEST(Call, EndsWhenNoCameraComesBack)
 {
-    std::optional<LiveCamera> live(std::in_place);
+    const auto live = std::make_unique<LiveCamera>();
     Reader reader(live->camera, u"YUY2"_s, 0);
     ASSERT_TRUE(waitUntil([&] { return live->camera.isConnected(); }));
     live->camera.stop();
