@@ -126,13 +126,17 @@ std::optional<ReaderOptions> readOptions(std::span<char* const> arguments)
     }
     ReaderOptions options;
     options.command = arguments[0];
-    for (std::size_t index = 1; index < arguments.size(); ++index) {
-        const std::string_view name = arguments[index];
+    for (auto rest = arguments.subspan(1); !rest.empty();) {
+        const std::string_view name = rest.front();
+        rest = rest.subspan(1);
         if (name == "--witness") {
             options.witness = true;
-        } else if (++index == arguments.size() || !takeOption(options, name, arguments[index])) {
+            continue;
+        }
+        if (rest.empty() || !takeOption(options, name, rest.front())) {
             return std::nullopt;
         }
+        rest = rest.subspan(1);
     }
     return options;
 }

@@ -6,6 +6,7 @@
 #include <malloc.h>
 
 // There when the program runs under a sanitizer, which has a heap of its own.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizers' own name
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
 
 namespace pevrix {
