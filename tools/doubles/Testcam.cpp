@@ -9,11 +9,7 @@
 #include <utility>
 #include <vector>
 
-#ifdef _WIN32
-#define TESTCAM_EXPORT extern "C" __declspec(dllexport)
-#else
-#define TESTCAM_EXPORT extern "C" __attribute__((visibility("default")))
-#endif
+#define TESTCAM_EXPORT extern "C" TESTCAM_ATTRIBUTE
 
 namespace {
 
