@@ -117,9 +117,9 @@ void AppController::start()
     listen();
     refreshPairingInfo();
     m_firewall.refresh();
-    m_firewall.setWaiting(!phoneConnected());
     m_pipeline.showIdle();
     m_statisticsTimer.start();
+    watchFirewall();
     Q_EMIT changed();
 }
 
@@ -188,7 +188,7 @@ void AppController::stop()
         return;
     }
     m_statisticsTimer.stop();
-    m_firewall.setWaiting(false);
+    watchFirewall();
     m_pipeline.stop();
     qInfo("Pevrix: stopped after %lld access units received, %lld pictures decoded, "
           "%lld sent to the camera",
@@ -228,6 +228,12 @@ void AppController::setActive(int id)
     }
 }
 
+// Phones on a cable come and go before start() and after stop(), too.
+void AppController::watchFirewall()
+{
+    m_firewall.setWaiting(m_statisticsTimer.isActive() && !phoneConnected());
+}
+
 void AppController::onPhoneConnected(PhoneRoster::Phone phone)
 {
     if (const auto note = m_phoneLines.admit()) {
@@ -235,7 +241,7 @@ void AppController::onPhoneConnected(PhoneRoster::Phone phone)
               note->c_str());
     }
     m_phones.add(std::move(phone));
-    m_firewall.setWaiting(false);
+    watchFirewall();
     Q_EMIT changed();
 }
 
@@ -245,7 +251,7 @@ void AppController::onPhoneDisconnected(int id)
         qInfo("Pevrix: phone %d disconnected%s", id, note->c_str());
     }
     m_phones.remove(id);
-    m_firewall.setWaiting(!phoneConnected());
+    watchFirewall();
     Q_EMIT changed();
 }
 

@@ -169,6 +169,7 @@ private:
     void setStatus(const QString& status);
     void onPipelineState();
     void onStatisticsTick();
+    void watchFirewall();
 
     // IVideoSwitch
     void askForVideo(int id, bool on) override { m_server.setActive(id, on); }

@@ -17,11 +17,10 @@ namespace pevrix {
 // The camera as a node of PipeWire, which browsers and video-call programs reach directly or
 // through the desktop's camera portal.
 //
-//   withdrawn -- offer() --> no connection -- retry timer --> node offered <-- readers -->
-//   streaming
-//       ^                         ^                               |                            |
-//       |                         +------------------- the daemon goes away <------------------+
-//       +---------------------------- withdraw() from everywhere
+//   withdrawn -- offer() --> no connection -- retry timer --> offered <-- readers --> streaming
+//
+// From the last two back to "no connection" when the daemon goes away, and from everywhere to
+// "withdrawn" with withdraw().
 //
 // All readers at one time have the format on which the first one agreed, and keep it while cameras
 // of other sizes are offered. It belongs to the loop's thread, in which its callbacks run.
