@@ -9,6 +9,9 @@ set(PEVRIX_LIBYUV_SOURCE "" CACHE PATH
 find_package(Threads REQUIRED)
 if(PEVRIX_QT)
     find_package(Qt6 6.8 REQUIRED COMPONENTS Core Gui Network Qml Quick Widgets)
+    if(NOT WIN32)
+        find_package(Qt6 6.8 REQUIRED COMPONENTS DBus) # desktops tell their settings there
+    endif()
 endif()
 
 if(NOT WIN32 OR (PEVRIX_QT AND NOT PEVRIX_QRCODEGEN_SOURCE))

@@ -20,6 +20,7 @@ Window {
 
     property int themeMode: App.themeMode // 0 system, 1 light, 2 dark
     readonly property bool dark: themeMode === 0 ? App.osDark : themeMode === 2
+    property bool contrast: SystemPreferences.moreContrast
     readonly property bool onLive: App.phoneConnected
     property alias renamingCard: liveView.renamingCard
 
@@ -126,6 +127,12 @@ Window {
         target: Theme
         property: "dark"
         value: root.dark
+    }
+
+    Binding {
+        target: Theme
+        property: "contrast"
+        value: root.contrast
     }
 
     Connections {

@@ -2,6 +2,7 @@
 
 #include "ui/FramePreview.h"
 #include "ui/PhoneModel.h"
+#include "ui/SystemPreferences.h"
 
 #include <QtQmlIntegration>
 
@@ -34,6 +35,14 @@ struct PhoneModelType
     Q_GADGET
     QML_FOREIGN(pevrix::PhoneModel)
     QML_NAMED_ELEMENT(PhoneModel)
+};
+
+struct SystemPreferencesType
+{
+    Q_GADGET
+    QML_FOREIGN(pevrix::SystemPreferences)
+    QML_NAMED_ELEMENT(SystemPreferences)
+    QML_SINGLETON
 };
 
 } // namespace pevrix

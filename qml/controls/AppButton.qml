@@ -27,7 +27,7 @@ Clickable {
         switch (variant) {
         case "primary": return Theme.accentInk
         case "outline": return hover ? Theme.accentInk : Theme.accent
-        case "danger": return hover ? Theme.onVideoText : Theme.red
+        case "danger": return !hover ? Theme.red : Theme.contrast ? Theme.redInk : Theme.onVideoText
         default: return Theme.textc
         }
     }
@@ -46,6 +46,7 @@ Clickable {
         id: label
 
         text: root.text
+        hinted: root.visualFocus
         color: root.ink(root.hovered)
         font.pixelSize: Theme.fsBody
         font.weight: Font.DemiBold

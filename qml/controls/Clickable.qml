@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 
@@ -15,6 +17,7 @@ T.AbstractButton {
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: click()
+    Accessible.onToggleAction: click()
 
     Keys.onReturnPressed: event => clickOnce(event)
     Keys.onEnterPressed: event => clickOnce(event)
@@ -29,14 +32,13 @@ T.AbstractButton {
         cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
     }
 
-    Rectangle {
+    Loader {
         anchors.fill: parent
-        anchors.margins: -(root.ringGap + border.width)
         z: 1
-        visible: root.visualFocus
-        color: "transparent"
-        radius: root.ringRadius + root.ringGap + border.width
-        border.width: 2
-        border.color: Theme.accent
+        active: root.visualFocus
+        sourceComponent: FocusRing {
+            cornerRadius: root.ringRadius
+            gap: root.ringGap
+        }
     }
 }

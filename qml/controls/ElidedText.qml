@@ -1,8 +1,11 @@
 import QtQuick
 
-// A line that is cut short where it does not fit, and shows its whole text on hover then.
+// A line that is cut short where it does not fit, and shows its whole text on hover then, or while the
+// control that it belongs to has the keyboard.
 Text {
     id: root
+
+    property bool hinted: false // by the keyboard
 
     textFormat: Text.PlainText
     elide: Text.ElideRight
@@ -17,6 +20,6 @@ Text {
 
     Hint {
         text: root.text
-        shown: root.truncated && hover.hovered
+        shown: root.truncated && (hover.hovered || root.hinted)
     }
 }

@@ -18,7 +18,8 @@ Clickable {
         id: content
 
         text: root.label
-        color: Theme.accent
+        hinted: root.visualFocus
+        color: Theme.accentStrong
         font.pixelSize: Theme.fsCaption
         font.underline: root.hovered
     }

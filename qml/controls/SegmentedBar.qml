@@ -47,7 +47,7 @@ Rectangle {
         width: root.currentItem ? root.currentItem.width : 0
         height: row.height
         radius: Theme.rChip
-        color: Theme.dark ? Theme.raisedHover : Theme.paper
+        color: Theme.segment
         border.color: Theme.hair
 
         Behavior on x { NumberAnimation { duration: 140; easing.type: Easing.OutCubic } }
@@ -86,6 +86,7 @@ Rectangle {
 
                 contentItem: ElidedText {
                     text: segment.modelData
+                    hinted: segment.visualFocus
                     color: segment.isCurrent || segment.hovered ? Theme.textc : Theme.muted
                     font.pixelSize: Theme.fsCaption
                     font.weight: segment.isCurrent ? Font.DemiBold : Font.Normal

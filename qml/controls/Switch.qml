@@ -17,7 +17,7 @@ Clickable {
 
     background: Rectangle {
         radius: 13
-        color: root.on ? Theme.accent : Theme.faint
+        color: root.on ? Theme.accentStrong : Theme.muted
 
         Behavior on color { ColorAnimation { duration: 120 } }
     }
@@ -29,7 +29,7 @@ Clickable {
             width: 20
             height: 20
             radius: 10
-            color: Theme.paper
+            color: Theme.knob
 
             Behavior on x { NumberAnimation { duration: 120 } }
         }

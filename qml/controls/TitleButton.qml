@@ -1,6 +1,6 @@
 import QtQuick
 
-// A button of the title bar: a drawn sign, its name on hover.
+// A button of the title bar: a drawn sign, its name on hover and with the keyboard.
 Clickable {
     id: root
 
@@ -19,6 +19,6 @@ Clickable {
 
     Hint {
         text: root.name
-        shown: root.hovered
+        shown: root.hovered || root.visualFocus
     }
 }

@@ -62,7 +62,7 @@ Item {
 
                 anchors.centerIn: parent
                 text: "v" + root.version
-                color: Theme.accent
+                color: Theme.accentStrong
                 font.pixelSize: Theme.fsSmall
                 font.weight: Font.DemiBold
             }

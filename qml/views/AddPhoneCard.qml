@@ -7,7 +7,7 @@ Clickable {
     implicitWidth: 116
     implicitHeight: 118
     ringRadius: 12
-    ringGap: -2
+    ringGap: -6
     Accessible.name: label.text
 
     background: Rectangle {
@@ -46,6 +46,7 @@ Clickable {
 
                 width: parent.width
                 text: qsTr("Add phone")
+                hinted: root.visualFocus
                 color: Theme.muted
                 font.pixelSize: Theme.fsCaption
                 horizontalAlignment: Text.AlignHCenter

@@ -5,8 +5,8 @@ Rectangle {
     implicitWidth: label.implicitWidth + 10
     implicitHeight: 16
     radius: 5
-    color: "#cc0b0e15"
-    border.color: "#33ffffff"
+    color: Theme.badge
+    border.color: Theme.badgeHair
 
     Text {
         id: label

@@ -66,6 +66,6 @@ Clickable {
 
     Hint {
         text: root.Accessible.name
-        shown: root.hovered
+        shown: root.hovered || root.visualFocus
     }
 }

@@ -24,7 +24,7 @@ Clickable {
     implicitWidth: 116
     implicitHeight: 118
     ringRadius: 12
-    ringGap: -2
+    ringGap: -6
     Accessible.role: Accessible.RadioButton
     Accessible.name: name
     Accessible.description: subline
@@ -88,6 +88,7 @@ Clickable {
             width: parent.width - 16
             visible: !root.editing
             text: root.name
+            hinted: root.visualFocus
             font.pixelSize: Theme.fsCaption
             font.weight: Font.DemiBold
             horizontalAlignment: Text.AlignHCenter

@@ -32,7 +32,7 @@ Clickable {
                 width: 9
                 height: 9
                 radius: root.recording ? 2 : 4.5
-                color: root.recording ? Theme.onVideoText : Theme.red
+                color: root.recording ? Theme.redSign : Theme.red
                 low: 0.35
                 pulsing: root.recording
             }
@@ -40,7 +40,7 @@ Clickable {
             Text {
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.recording ? root.clock : qsTr("Record")
-                color: root.recording ? Theme.onVideoText : Theme.textc
+                color: root.recording ? Theme.redInk : Theme.textc
                 font.pixelSize: Theme.fsBody
                 font.weight: Font.DemiBold
             }

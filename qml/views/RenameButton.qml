@@ -24,6 +24,6 @@ Clickable {
 
     Hint {
         text: root.Accessible.name
-        shown: root.hovered
+        shown: root.hovered || root.visualFocus
     }
 }

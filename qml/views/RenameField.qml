@@ -26,7 +26,7 @@ MouseArea {
         anchors { fill: input; margins: -3; leftMargin: -6; rightMargin: -6 }
         radius: 5
         color: Theme.inputBg
-        border.color: Theme.accent
+        border.color: Theme.accentStrong
     }
 
     TextInput {
@@ -40,7 +40,7 @@ MouseArea {
         selectByMouse: true
         clip: true
         color: Theme.textc
-        selectionColor: Theme.accent
+        selectionColor: Theme.accentStrong
         selectedTextColor: Theme.accentInk
         font.pixelSize: Theme.fsCaption
         font.weight: Font.DemiBold

@@ -39,7 +39,8 @@ Rectangle {
 
             background: Rectangle {
                 radius: Theme.pill(22)
-                color: download.hovered ? Qt.darker(Theme.accent, 1.12) : Theme.accent
+                color: download.hovered ? Qt.darker(Theme.accentStrong, 1.12)
+                                        : Theme.accentStrong
             }
             contentItem: Text {
                 id: downloadLabel

@@ -15,7 +15,7 @@ Rectangle {
     implicitHeight: row.implicitHeight + 24
     radius: 10
     color: Qt.alpha(Theme.amber, 0.1)
-    border.color: Qt.alpha(Theme.amber, 0.45)
+    border.color: Qt.alpha(Theme.amber, Theme.contrast ? 1 : 0.45)
 
     RowLayout {
         id: row
