@@ -11,15 +11,15 @@ namespace pevrix {
 
 class AppController;
 
-/// Takes one picture of the program's own window and quits. The picture is taken soon after the
-/// first video frame, or after the options' delay when none comes; its fate goes to the log. Make
-/// it before the controller starts, so that pairing shows demonstration values only. GUI thread.
+// Takes one picture of the program's own window and quits. The picture is taken soon after the
+// first video frame, or after the options' delay when none comes; its fate goes to the log. Make
+// it before the controller starts, so that pairing shows demonstration values only. GUI thread.
 class CaptureMode final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Both must outlive this object. Without a window (null) the picture fails.
+    // Both must outlive this object. Without a window (null) the picture fails.
     CaptureMode(CaptureOptions options, AppController& controller, QQuickWindow* window);
 
 private:

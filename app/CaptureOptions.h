@@ -9,7 +9,7 @@
 
 namespace pevrix {
 
-/// What the command line asks of the capture mode.
+// What the command line asks of the capture mode.
 struct CaptureOptions
 {
     QSize size{540, 640};                  // --shot [WIDTHxHEIGHT], of the window's client area
@@ -22,14 +22,14 @@ struct CaptureOptions
     friend bool operator==(const CaptureOptions&, const CaptureOptions&) = default;
 };
 
-/// Reads the program's arguments; nothing unless "--shot" is among them. Never fails: what cannot
-/// be used counts as not given, and other arguments are left to others.
+// Reads the program's arguments; nothing unless "--shot" is among them. Never fails: what cannot
+// be used counts as not given, and other arguments are left to others.
 [[nodiscard]] std::optional<CaptureOptions> parseCaptureOptions(const QStringList& arguments);
 
-/// Whether the arguments ask for usageText() only.
+// Whether the arguments ask for usageText() only.
 [[nodiscard]] bool isHelpRequested(int argc, const char* const* argv);
 
-/// What the program's options are, for a person.
+// What the program's options are, for a person.
 [[nodiscard]] const char* usageText();
 
 } // namespace pevrix

@@ -7,10 +7,12 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace pevrix {
 
 LogFile::LogFile(const QString& baseFolder)
-    : m_path(baseFolder + QStringLiteral("/Pevrix/pevrix.log"))
+    : m_path(baseFolder + u"/Pevrix/pevrix.log"_s)
 {
     const QFileInfo file(m_path);
     QDir().mkpath(file.path());

@@ -6,23 +6,23 @@
 
 namespace pevrix {
 
-/// The program's log: bare message texts, one a line, appended to Pevrix/pevrix.log below a base
-/// folder and echoed to standard error. There is no rotation during a run; a file that has grown
-/// beyond kMaxLogBytes is deleted when the object is made. write() may be called from any thread:
-/// lines interleave, whole.
+// The program's log: bare message texts, one a line, appended to Pevrix/pevrix.log below a base
+// folder and echoed to standard error. There is no rotation during a run; a file that has grown
+// beyond kMaxLogBytes is deleted when the object is made. write() may be called from any thread:
+// lines interleave, whole.
 class LogFile
 {
 public:
-    /// A log as large as this is kept; one byte more is deleted at the next start.
+    // A log as large as this is kept; one byte more is deleted at the next start.
     static constexpr qint64 kMaxLogBytes = qint64{512} * 1024;
 
-    /// Creates the folder. Failure is not reported: messages then reach standard error only.
+    // Creates the folder. Failure is not reported: messages then reach standard error only.
     explicit LogFile(const QString& baseFolder);
 
     [[nodiscard]] QString path() const { return m_path; }
     void write(const QString& message) const;
 
-    /// The folder named by LOCALAPPDATA, or the system's temporary folder where that is empty.
+    // The folder named by LOCALAPPDATA, or the system's temporary folder where that is empty.
     [[nodiscard]] static QString defaultBaseFolder();
 
 private:
@@ -30,8 +30,8 @@ private:
     mutable std::mutex m_mutex;
 };
 
-/// Sends every Qt message of the process to one LogFile in the default folder, which is prepared
-/// at the first message.
+// Sends every Qt message of the process to one LogFile in the default folder, which is prepared
+// at the first message.
 void installLogHandler();
 
 } // namespace pevrix

@@ -10,7 +10,7 @@
 
 namespace pevrix {
 
-/// What the notification area tells of the program.
+// What the notification area tells of the program.
 struct TrayState
 {
     bool inUse = false; // an application has the virtual camera open
@@ -20,19 +20,19 @@ struct TrayState
     friend bool operator==(const TrayState&, const TrayState&) = default;
 };
 
-/// The icon in the notification area and its menu. A green dot says that a phone is live; a red one
-/// blinks over it for as long as an application uses the camera. GUI thread.
+// The icon in the notification area and its menu. A green dot says that a phone is live; a red one
+// blinks over it for as long as an application uses the camera. GUI thread.
 class Tray final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Not yet shown.
+    // Not yet shown.
     Tray();
 
     void setState(const TrayState& state);
 
-    /// Says everything in the language that is installed now.
+    // Says everything in the language that is installed now.
     void retranslate();
 
     [[nodiscard]] QSystemTrayIcon& icon() { return m_icon; }

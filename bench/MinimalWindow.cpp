@@ -3,9 +3,11 @@
 #include <QQmlApplicationEngine>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv)
 {
     QGuiApplication application(argc, argv);
-    const QQmlApplicationEngine engine(QUrl(QStringLiteral("qrc:/MinimalWindow.qml")));
+    const QQmlApplicationEngine engine(QUrl(u"qrc:/MinimalWindow.qml"_s));
     return QGuiApplication::exec();
 }

@@ -11,12 +11,10 @@ namespace pevrix {
 // What a thread that sends at a fixed rate needs of time; tests drive it by hand.
 struct PacingTime
 {
-    using Point = std::chrono::steady_clock::time_point;
+    using Clock = std::chrono::steady_clock;
 
-    std::function<Point()> now = [] {
-        return std::chrono::steady_clock::now();
-    };
-    std::function<void(Point)> sleepUntil = [](Point time) {
+    std::function<Clock::time_point()> now = Clock::now;
+    std::function<void(Clock::time_point)> sleepUntil = [](Clock::time_point time) {
         std::this_thread::sleep_until(time);
     };
 };
@@ -28,7 +26,9 @@ struct PacingTime
 class FrameClock
 {
 public:
-    FrameClock(std::chrono::nanoseconds period, PacingTime::Point start)
+    using Clock = std::chrono::steady_clock;
+
+    FrameClock(std::chrono::nanoseconds period, Clock::time_point start)
         : m_period(period)
         , m_deadline(start)
     {}
@@ -41,7 +41,7 @@ public:
 
     // Ends a cycle: moves the deadline on by one period and returns it, for the cycle's thread to
     // sleep until then. Nothing when it has been reached already.
-    [[nodiscard]] std::optional<PacingTime::Point> advance(PacingTime::Point now)
+    [[nodiscard]] std::optional<Clock::time_point> advance(Clock::time_point now)
     {
         m_deadline += m_period;
         if (now - m_deadline > kLongestDelay) {
@@ -54,7 +54,7 @@ private:
     static constexpr std::chrono::seconds kLongestDelay{1};
 
     std::chrono::nanoseconds m_period;
-    PacingTime::Point m_deadline;
+    Clock::time_point m_deadline;
 };
 
 } // namespace pevrix

@@ -47,7 +47,8 @@ function(pevrix_arrows target)
 endfunction()
 
 # pevrix_room(NAME [QT] SOURCES file... LINKS target...)
-# One static library pevrix_NAME. QT: the room has QObjects (moc runs over it).
+# One static library pevrix_NAME. QT: the room has QObjects; moc finds their headers beside the .cpp
+# files of the same names, so that headers are not listed.
 function(pevrix_room name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "QT" "" "SOURCES;LINKS")
     add_library(pevrix_${name} STATIC ${ARG_SOURCES})

@@ -22,7 +22,7 @@
 
 namespace pevrix {
 
-/// Where the controller finds what lies outside the program; tests choose other places.
+// Where the controller finds what lies outside the program; tests choose other places.
 struct ControllerOptions
 {
     quint16 port = kDefaultPort; // any free port if this one is taken
@@ -35,8 +35,8 @@ struct ControllerOptions
     std::chrono::milliseconds firewallInterval{10'000};
 };
 
-/// The one object that the QML interface sees: state as properties, actions as slots. Owns the
-/// rooms of the program and wires them; GUI thread.
+// The one object that the QML interface sees: state as properties, actions as slots. Owns the
+// rooms of the program and wires them; GUI thread.
 class AppController final : public QObject, private IVideoSwitch
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ public:
 
     [[nodiscard]] QString status() const { return m_status; }
     [[nodiscard]] bool cameraReady() const { return m_sink.isActive(); }
-    /// As of the last statistics tick.
+    // As of the last statistics tick.
     [[nodiscard]] bool appConnected() const { return m_appConnected; }
     [[nodiscard]] bool live() const { return m_pipeline.isLive(); }
     [[nodiscard]] bool outputEnabled() const { return m_pipeline.outputEnabled(); }
@@ -97,60 +97,60 @@ public:
     [[nodiscard]] bool osDark() const;
     [[nodiscard]] int themeMode() const { return m_settings.themeMode(); }
     [[nodiscard]] QString appVersion() const;
-    /// Asked of the system at each read.
+    // Asked of the system at each read.
     [[nodiscard]] bool cameraRegistered() const { return m_options.system.isCameraRegistered(); }
     [[nodiscard]] bool recording() const { return m_pipeline.isRecording(); }
-    /// Full path of the last recording that was started.
+    // Full path of the last recording that was started.
     [[nodiscard]] QString lastRecordingPath() const { return m_pipeline.lastRecordingPath(); }
     [[nodiscard]] QString recordingFolder() const { return m_settings.recordingFolder(); }
     [[nodiscard]] bool minimizeToTray() const { return m_settings.minimizeToTray(); }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
-    /// Whether the firewall keeps phones out, as of the last time that it was asked.
+    // Whether the firewall keeps phones out, as of the last time that it was asked.
     [[nodiscard]] bool firewallBlocked() const { return m_firewall.isBlocking(); }
 
-    /// Takes a path or a "file:" URL. An empty one is ignored.
+    // Takes a path or a "file:" URL. An empty one is ignored.
     void setRecordingFolder(const QString& folder);
 
     void setMinimizeToTray(bool on);
 
-    /// From the next pairing code on, what is shown of the pairing are demonstration values, so
-    /// that a published picture of the window tells nothing of this PC.
+    // From the next pairing code on, what is shown of the pairing are demonstration values, so
+    // that a published picture of the window tells nothing of this PC.
     void setCaptureMode(bool on) { m_captureMode = on; }
 
 public Q_SLOTS:
-    /// Creates the camera, listens for phones, makes the pairing code and shows the idle card.
-    /// Does nothing while the camera is being fed already.
+    // Creates the camera, listens for phones, makes the pairing code and shows the idle card.
+    // Does nothing while the camera is being fed already.
     void start();
 
-    /// Ends recording, video and camera. Also runs at destruction.
+    // Ends recording, video and camera. Also runs at destruction.
     void stop();
 
-    /// Makes a connected phone the source of the video.
+    // Makes a connected phone the source of the video.
     void setActive(int id);
 
-    /// Pauses or resumes what goes to the camera.
+    // Pauses or resumes what goes to the camera.
     void toggleOutput();
 
-    /// 0 follows the platform, 1 light, 2 dark; other values are ignored.
+    // 0 follows the platform, 1 light, 2 dark; other values are ignored.
     void setThemeMode(int mode);
 
-    /// Forgets every trusted phone and makes a new pairing code. Phones that are connected stay.
+    // Forgets every trusted phone and makes a new pairing code. Phones that are connected stay.
     void regeneratePairing();
 
-    /// These three ask the user for administrator rights and wait for the outcome: the window
-    /// stands still until then, at most for half a minute once the rights are granted. A refusal
-    /// leaves everything as it was.
+    // These three ask the user for administrator rights and wait for the outcome: the window
+    // stands still until then, at most for half a minute once the rights are granted. A refusal
+    // leaves everything as it was.
     void registerCamera();
     void unregisterCamera();
     void allowThroughFirewall();
 
-    /// Gives a connected phone's device a name that lasts; an empty one takes it back.
+    // Gives a connected phone's device a name that lasts; an empty one takes it back.
     void renamePhone(int id, const QString& newName);
 
-    /// Ends the recording, or begins one when video is live and the output is not paused.
+    // Ends the recording, or begins one when video is live and the output is not paused.
     void toggleRecording();
 
-    /// Opens the recording folder in the platform's file browser, making it when it is missing.
+    // Opens the recording folder in the platform's file browser, making it when it is missing.
     void openRecordingsFolder();
 
 Q_SIGNALS:

@@ -10,31 +10,31 @@
 
 namespace pevrix {
 
-/// The camera's one gate: its size, whether pictures go out, and how many did. show() and the
-/// questions may come from any thread; all else belongs to the GUI thread.
+// The camera's one gate: its size, whether pictures go out, and how many did. show() and the
+// questions may come from any thread; all else belongs to the GUI thread.
 class CameraOutput final : public IPictureConsumer
 {
 public:
-    /// The camera's rate in pictures a second, whatever the phone sends.
+    // The camera's rate in pictures a second, whatever the phone sends.
     static constexpr float kFps = 30;
 
-    /// `sink` must outlive the output.
+    // `sink` must outlive the output.
     explicit CameraOutput(IVirtualCameraSink& sink)
         : m_sink(sink)
     {}
 
-    /// Creates the camera in the present size. False when there is none to be had.
+    // Creates the camera in the present size. False when there is none to be had.
     [[nodiscard]] bool create();
 
-    /// Makes the camera anew in another size. False when there is none to be had: the size counts
-    /// all the same, and so do pictures. Nobody may be in show().
+    // Makes the camera anew in another size. False when there is none to be had: the size counts
+    // all the same, and so do pictures. Nobody may be in show().
     [[nodiscard]] bool resize(QSize size);
 
     void remove() { m_sink.stop(); }
     [[nodiscard]] bool exists() const { return m_sink.isActive(); }
     [[nodiscard]] QSize size() const { return m_size; }
 
-    /// A picture of another size than the camera's is dropped.
+    // A picture of another size than the camera's is dropped.
     void show(const SharedPicture& picture) override;
 
     [[nodiscard]] bool isEnabled() const { return m_enabled; }

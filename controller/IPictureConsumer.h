@@ -4,8 +4,8 @@
 
 namespace pevrix {
 
-/// Whoever takes the delivered pictures: camera, recording, preview. May keep the picture; must not
-/// hold up the caller.
+// Whoever takes the delivered pictures: camera, recording, preview. May keep the picture; must not
+// hold up the caller.
 class IPictureConsumer
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace pevrix {
 
-/// What follows from the coming and going of phones: told to the phones and to the video's way.
+// What follows from the coming and going of phones: told to the phones and to the video's way.
 class IVideoSwitch
 {
 public:
@@ -16,39 +16,39 @@ public:
     IVideoSwitch& operator=(const IVideoSwitch&) = delete;
     virtual ~IVideoSwitch() = default;
 
-    /// The phone is asked to send its video, or to hold it.
+    // The phone is asked to send its video, or to hold it.
     virtual void askForVideo(int id, bool on) = 0;
 
-    /// The active phone's video begins, or goes on in another size. `direct`: it comes over a
-    /// cable.
+    // The active phone's video begins, or goes on in another size. `direct`: it comes over a
+    // cable.
     virtual void startStream(QSize size, bool direct) = 0;
 
     virtual void setFrameRate(int fps) = 0;
 
-    /// The last phone has left.
+    // The last phone has left.
     virtual void goIdle() = 0;
 };
 
-/// Whose picture is live: the connected phones, the active one of them, and what each said about
-/// its stream. GUI thread.
+// Whose picture is live: the connected phones, the active one of them, and what each said about
+// its stream. GUI thread.
 class LivePhones
 {
 public:
-    /// `video` must outlive this object.
+    // `video` must outlive this object.
     explicit LivePhones(IVideoSwitch& video)
         : m_video(video)
     {}
 
-    /// A phone that comes while none is active becomes the active one.
+    // A phone that comes while none is active becomes the active one.
     void add(PhoneRoster::Phone phone);
 
-    /// When the active phone leaves, the first of those that remain takes over.
+    // When the active phone leaves, the first of those that remain takes over.
     void remove(int id);
 
-    /// A stream may be described before the phone has said hello: the description counts then.
+    // A stream may be described before the phone has said hello: the description counts then.
     void setStream(int id, QSize size, int fps);
 
-    /// Makes a connected phone the active one. False when it is not listed or active already.
+    // Makes a connected phone the active one. False when it is not listed or active already.
     bool activate(int id);
 
     [[nodiscard]] bool isActive(int id) const { return id == m_roster.activeId(); }

@@ -21,17 +21,19 @@
 
 namespace pevrix {
 
-/// What the pipeline takes from the outside of time; tests drive it by hand.
+// What the pipeline takes from the outside of time; tests drive it by hand.
 struct PipelineTime
 {
-    std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;
+    using Clock = std::chrono::steady_clock;
+
+    std::function<Clock::time_point()> now = Clock::now;
     bool timersRun = true; // false: the test calls pacingTick() and checkStall()
 };
 
-/// The way of the active phone's video through the program: encoded bytes in; pictures out to the
-/// camera, the recorder and the preview. Keeps the camera fed with a card while there is no video.
-/// Everything but the card sender's thread runs on the GUI thread, and no feed() returns before
-/// the pictures that it completed are delivered or queued.
+// The way of the active phone's video through the program: encoded bytes in; pictures out to the
+// camera, the recorder and the preview. Keeps the camera fed with a card while there is no video.
+// Everything but the card sender's thread runs on the GUI thread, and no feed() returns before
+// the pictures that it completed are delivered or queued.
 class LivePipeline final : public QObject
 {
     Q_OBJECT
@@ -50,46 +52,46 @@ public:
         Stopped,    // nothing does
     };
 
-    /// Decoders round sizes up to whole macroblocks; more than this is another size.
+    // Decoders round sizes up to whole macroblocks; more than this is another size.
     static constexpr int kMaxPadding = 15;
 
-    /// `sink` must outlive the pipeline.
+    // `sink` must outlive the pipeline.
     explicit LivePipeline(IVirtualCameraSink& sink, PipelineTime time = {},
                           QObject* parent = nullptr);
     ~LivePipeline() override;
 
-    /// Creates the camera. False when there is none to be had; nothing has changed then.
+    // Creates the camera. False when there is none to be had; nothing has changed then.
     [[nodiscard]] bool createCamera() { return m_camera.create(); }
 
-    /// Sends the idle card from now on. To be called once the pairing address is known.
+    // Sends the idle card from now on. To be called once the pairing address is known.
     void showIdle();
 
-    /// The address that the idle card shows; a card that is being sent is redrawn.
+    // The address that the idle card shows; a card that is being sent is redrawn.
     void setPairAddress(const QString& address);
 
-    /// Video of this size begins; a size that no picture has leaves the camera as it is until the
-    /// first picture. `direct`: each picture is delivered as it is decoded (a cable has no jitter),
-    /// instead of one per frame interval. Ignored once stopped.
+    // Video of this size begins; a size that no picture has leaves the camera as it is until the
+    // first picture. `direct`: each picture is delivered as it is decoded (a cable has no jitter),
+    // instead of one per frame interval. Ignored once stopped.
     void startStream(QSize size, bool direct);
 
-    /// The interval between deliveries; rates outside 1 to 120 are ignored.
+    // The interval between deliveries; rates outside 1 to 120 are ignored.
     void setFrameRate(int fps);
 
-    /// One access unit, or the parameter sets of those to come. Ignored unless live.
+    // One access unit, or the parameter sets of those to come. Ignored unless live.
     void feed(QByteArrayView accessUnit, qint64 ptsUsec);
     void feedParameterSets(QByteArrayView annexB);
 
-    /// The last phone has left. Does nothing unless live.
+    // The last phone has left. Does nothing unless live.
     void goIdle();
 
-    /// Ends recording, card, decoder and camera.
+    // Ends recording, card, decoder and camera.
     void stop();
 
-    /// Whether pictures go to the camera and the recorder may start.
+    // Whether pictures go to the camera and the recorder may start.
     [[nodiscard]] bool outputEnabled() const { return m_camera.isEnabled(); }
     void toggleOutput() { m_camera.toggle(); }
 
-    /// Records to a new file; false unless live with the output enabled.
+    // Records to a new file; false unless live with the output enabled.
     [[nodiscard]] bool startRecording(const QString& path);
     void stopRecording() { m_recording.stop(); }
     [[nodiscard]] bool isRecording() const { return m_recording.isRunning(); }
@@ -105,7 +107,7 @@ public:
     [[nodiscard]] qint64 framesSent() const { return m_camera.framesSent(); }
     [[nodiscard]] qint64 framesDecoded() const { return m_framesDecoded; }
 
-    /// Time spent decoding and the number of access units it was spent on, since the last call.
+    // Time spent decoding and the number of access units it was spent on, since the last call.
     struct DecodeTime
     {
         std::chrono::nanoseconds total{0};
@@ -113,17 +115,17 @@ public:
     };
     DecodeTime takeDecodeTime() { return std::exchange(m_decodeTime, {}); }
 
-    /// The timers' work: delivers the oldest queued picture; looks for a stall or its end.
+    // The timers' work: delivers the oldest queued picture; looks for a stall or its end.
     void pacingTick();
     void checkStall();
 
 Q_SIGNALS:
-    /// A picture for the preview; the image keeps its pixels, which nobody writes to any more.
+    // A picture for the preview; the image keeps its pixels, which nobody writes to any more.
     void frameReady(const QImage& image);
     void stateChanged();
 
 private:
-    /// The consumer that shows pictures in the window.
+    // The consumer that shows pictures in the window.
     class Preview final : public IPictureConsumer
     {
     public:

@@ -6,12 +6,12 @@
 
 namespace pevrix {
 
-/// The figures of the status page, from counters that only grow.
+// The figures of the status page, from counters that only grow.
 class LiveStatistics
 {
 public:
-    /// One tick: `elapsedMs` since the last one, the pictures decoded so far, and the time spent on
-    /// `decodeCount` access units since the last tick.
+    // One tick: `elapsedMs` since the last one, the pictures decoded so far, and the time spent on
+    // `decodeCount` access units since the last tick.
     void tick(qint64 elapsedMs, qint64 framesDecoded, std::chrono::nanoseconds decodeTime,
               qint64 decodeCount)
     {
@@ -24,10 +24,10 @@ public:
         }
     }
 
-    /// Pictures a second over the last tick.
+    // Pictures a second over the last tick.
     [[nodiscard]] int fps() const { return m_fps; }
 
-    /// Mean time of decoding an access unit; the last known one while nothing is decoded.
+    // Mean time of decoding an access unit; the last known one while nothing is decoded.
     [[nodiscard]] int decodeMs() const { return m_decodeMs; }
 
 private:

@@ -8,8 +8,8 @@
 
 namespace pevrix {
 
-/// Pictures between decoding and delivery, oldest first. Bounded, because a queue is latency: the
-/// oldest ones are dropped, never the newest.
+// Pictures between decoding and delivery, oldest first. Bounded, because a queue is latency: the
+// oldest ones are dropped, never the newest.
 class PacingQueue
 {
 public:
@@ -25,7 +25,7 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return m_pictures.empty(); }
 
-    /// The next one to deliver; there must be one.
+    // The next one to deliver; there must be one.
     [[nodiscard]] SharedPicture pop()
     {
         SharedPicture picture = std::move(m_pictures.front());

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace pevrix {
 
 std::vector<PhoneRoster::Phone>::iterator PhoneRoster::iteratorOf(int id)
@@ -84,13 +86,13 @@ QVariantList PhoneRoster::toVariantList() const
     QVariantList list;
     list.reserve(static_cast<qsizetype>(m_phones.size()));
     for (const Phone& phone : m_phones) {
-        list.append(QVariantMap{{QStringLiteral("id"), phone.id},
-                                {QStringLiteral("deviceId"), phone.deviceId},
-                                {QStringLiteral("name"), phone.name},
-                                {QStringLiteral("phoneName"), phone.phoneName},
-                                {QStringLiteral("model"), phone.model},
-                                {QStringLiteral("os"), phone.os},
-                                {QStringLiteral("usb"), phone.usb}});
+        list.append(QVariantMap{{u"id"_s, phone.id},
+                                {u"deviceId"_s, phone.deviceId},
+                                {u"name"_s, phone.name},
+                                {u"phoneName"_s, phone.phoneName},
+                                {u"model"_s, phone.model},
+                                {u"os"_s, phone.os},
+                                {u"usb"_s, phone.usb}});
     }
     return list;
 }

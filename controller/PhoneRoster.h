@@ -9,9 +9,9 @@
 
 namespace pevrix {
 
-/// The phones connected now, in order of connection, the one whose video is used, and the names
-/// that the user gave to phones. Plain logic without signals or storage: every operation says what
-/// follows from it, and the caller tells the phones and stores the names.
+// The phones connected now, in order of connection, the one whose video is used, and the names
+// that the user gave to phones. Plain logic without signals or storage: every operation says what
+// follows from it, and the caller tells the phones and stores the names.
 class PhoneRoster
 {
 public:
@@ -28,7 +28,7 @@ public:
         bool usb = false;
     };
 
-    /// What has to be stored after a rename: an empty name removes the stored one.
+    // What has to be stored after a rename: an empty name removes the stored one.
     struct NameChange
     {
         QString deviceId;
@@ -39,27 +39,27 @@ public:
 
     void setNames(Names names) { m_names = std::move(names); }
 
-    /// Appends a phone, whose `name` is filled in here. A phone that greets again on the same
-    /// session keeps its place and gets the new data. True when it has become the active phone.
+    // Appends a phone, whose `name` is filled in here. A phone that greets again on the same
+    // session keeps its place and gets the new data. True when it has become the active phone.
     bool add(Phone phone);
 
-    /// Removes a phone. True when it was the active one; then the first remaining phone, if any,
-    /// is active now.
+    // Removes a phone. True when it was the active one; then the first remaining phone, if any,
+    // is active now.
     bool remove(int id);
 
-    /// True when the phone is listed and was not active yet.
+    // True when the phone is listed and was not active yet.
     bool setActive(int id);
 
-    /// Renames the device of a listed phone. White space around the name is dropped; a name of
-    /// nothing else gives the phone its own name back. Nothing when the phone is not listed.
+    // Renames the device of a listed phone. White space around the name is dropped; a name of
+    // nothing else gives the phone its own name back. Nothing when the phone is not listed.
     std::optional<NameChange> rename(int id, const QString& newName);
 
     [[nodiscard]] bool isEmpty() const { return m_phones.empty(); }
     [[nodiscard]] int activeId() const { return m_activeId; }
     [[nodiscard]] const Phone* find(int id) const;
 
-    /// The list for QML: maps with the keys "id", "deviceId", "name", "phoneName", "model", "os"
-    /// and "usb".
+    // The list for QML: maps with the keys "id", "deviceId", "name", "phoneName", "model", "os"
+    // and "usb".
     [[nodiscard]] QVariantList toVariantList() const;
 
 private:

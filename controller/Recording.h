@@ -8,27 +8,27 @@
 
 namespace pevrix {
 
-/// The recording of the live pictures to a file. GUI thread. What goes wrong is logged here.
+// The recording of the live pictures to a file. GUI thread. What goes wrong is logged here.
 class Recording final : public IPictureConsumer
 {
 public:
-    /// Begins a new file, making its folder when it is missing. False while one runs, and when
-    /// nothing can be recorded there.
+    // Begins a new file, making its folder when it is missing. False while one runs, and when
+    // nothing can be recorded there.
     [[nodiscard]] bool start(const QString& path, QSize size, int fps);
 
-    /// Completes the file. Safe when nothing is recorded.
+    // Completes the file. Safe when nothing is recorded.
     void stop();
 
-    /// Whether pictures go into a file: false also once it could not be written any further.
+    // Whether pictures go into a file: false also once it could not be written any further.
     [[nodiscard]] bool isRunning() const { return m_recorder.isOpen(); }
 
-    /// Of the recording's pictures; empty when nothing is recorded.
+    // Of the recording's pictures; empty when nothing is recorded.
     [[nodiscard]] QSize size() const;
 
-    /// Full path of the last recording that was started; it may still run.
+    // Full path of the last recording that was started; it may still run.
     [[nodiscard]] QString path() const { return m_path; }
 
-    /// A picture of another size is left out.
+    // A picture of another size is left out.
     void show(const SharedPicture& picture) override;
 
 private:

@@ -5,14 +5,14 @@
 
 namespace pevrix {
 
-/// Tells when live video stands still, from the number of its pictures at regular checks. Plain
-/// logic with the caller's clock.
+// Tells when live video stands still, from the number of its pictures at regular checks. Plain
+// logic with the caller's clock.
 class StallDetector
 {
 public:
-    using Point = std::chrono::steady_clock::time_point;
+    using Clock = std::chrono::steady_clock;
 
-    /// Without a new picture for longer than this, live video counts as stalled.
+    // Without a new picture for longer than this, live video counts as stalled.
     static constexpr std::chrono::milliseconds kLimit{1500};
     static constexpr std::chrono::milliseconds kCheckInterval{400};
 
@@ -23,16 +23,16 @@ public:
         Resumed
     };
 
-    /// A stream begins: it is not stalled before its first picture.
-    void streamStarts(Point now, std::int64_t pictures)
+    // A stream begins: it is not stalled before its first picture.
+    void streamStarts(Clock::time_point now, std::int64_t pictures)
     {
         m_lastProgress = now;
         m_picturesAtStart = m_picturesSeen = pictures;
         m_stalled = false;
     }
 
-    /// To be called every kCheckInterval, with the number of pictures so far.
-    [[nodiscard]] Change check(Point now, std::int64_t pictures)
+    // To be called every kCheckInterval, with the number of pictures so far.
+    [[nodiscard]] Change check(Clock::time_point now, std::int64_t pictures)
     {
         if (pictures != m_picturesSeen) {
             m_picturesSeen = pictures;
@@ -45,7 +45,7 @@ public:
         return stalls ? Change::Stalled : Change::None;
     }
 
-    /// A picture came: the stall ends without waiting for the next check.
+    // A picture came: the stall ends without waiting for the next check.
     [[nodiscard]] Change pictureCame() { return resume(); }
 
     [[nodiscard]] bool isStalled() const { return m_stalled; }
@@ -58,7 +58,7 @@ private:
         return change;
     }
 
-    Point m_lastProgress;
+    Clock::time_point m_lastProgress;
     std::int64_t m_picturesSeen = 0;
     std::int64_t m_picturesAtStart = 0;
     bool m_stalled = false;

@@ -28,8 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // (Line ends are the exception: XML itself changes a carriage return.)
     const QVariantMap again = pevrix::parsePlist(pevrix::buildPlist(map));
     const bool sameKeys = again.keys() == map.keys();
-    const bool hasLineEnds = std::ranges::any_of(
-        map.keys(), [](const QString& key) { return key.contains(QLatin1Char('\r')); });
+    const bool hasLineEnds =
+        std::ranges::any_of(map.keys(), [](const QString& key) { return key.contains(u'\r'); });
     if (depthOf(map) > pevrix::kPlistMaxDepth || (!sameKeys && !hasLineEnds)) {
         std::abort();
     }

@@ -7,6 +7,8 @@
 
 #include <QHostInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace pevrix {
 namespace {
 
@@ -20,13 +22,13 @@ PairingInfo describePairing(const QString& token, const QString& hostName,
     PairingInfo info{.token = token,
                      .shownToken = token,
                      .pcName = hostName,
-                     .addressText = endpoints.value(0, QStringLiteral("No LAN address found")),
+                     .addressText = endpoints.value(0, u"No LAN address found"_s),
                      .uri = {},
                      .qrDataUrl = {}};
     if (captureMode) {
-        info.pcName = QStringLiteral("DESKTOP-PEVRIX");
-        info.addressText = QStringLiteral("192.168.1.42:") + QString::number(port);
-        info.shownToken = QStringLiteral("Bm4Rt8Wq2Zx6Hn3K");
+        info.pcName = u"DESKTOP-PEVRIX"_s;
+        info.addressText = u"192.168.1.42:"_s + QString::number(port);
+        info.shownToken = u"Bm4Rt8Wq2Zx6Hn3K"_s;
     }
     info.uri = writePairingUri({info.pcName, info.shownToken, endpoints});
     info.qrDataUrl = makeQrDataUrl(info.uri);

@@ -5,29 +5,29 @@
 
 namespace pevrix {
 
-/// Everything that one refresh of the pairing produces.
+// Everything that one refresh of the pairing produces.
 struct PairingInfo
 {
-    QString token;       ///< what phones must present; for the phone server
-    QString shownToken;  ///< the token in the URI: `token`, or a fixed one in capture mode
-    QString pcName;      ///< for the phone server and the window
-    QString addressText; ///< the preferred "ADDRESS:PORT", or "No LAN address found"
-    QString uri;         ///< what the code says
-    QString qrDataUrl;   ///< the code as a PNG data URL, empty when the URI is too long for one
+    QString token;       // what phones must present; for the phone server
+    QString shownToken;  // the token in the URI: `token`, or a fixed one in capture mode
+    QString pcName;      // for the phone server and the window
+    QString addressText; // the preferred "ADDRESS:PORT", or "No LAN address found"
+    QString uri;         // what the code says
+    QString qrDataUrl;   // the code as a PNG data URL, empty when the URI is too long for one
 };
 
-/// Derives what is shown from what is known. `endpoints` are "ADDRESS:PORT" texts, best first.
-/// In capture mode PC name, address text and shown token are fixed demonstration values, so that
-/// published screenshots do not show the real ones.
+// Derives what is shown from what is known. `endpoints` are "ADDRESS:PORT" texts, best first.
+// In capture mode PC name, address text and shown token are fixed demonstration values, so that
+// published screenshots do not show the real ones.
 [[nodiscard]] PairingInfo describePairing(const QString& token, const QString& hostName,
                                           const QStringList& endpoints, quint16 port,
                                           bool captureMode);
 
-/// Makes a new token, forgetting the one before, leaves it in `tokenFolder`'s side file and
-/// describes the pairing of this machine as it is now. `boundPort` is the phone server's port, 0
-/// when it does not listen. Call it after the server has begun to listen and whenever trust is
-/// taken back; then, before the event loop runs again, hand `token` and `pcName` to the server:
-/// from then on it refuses phones that come with an older code.
+// Makes a new token, forgetting the one before, leaves it in `tokenFolder`'s side file and
+// describes the pairing of this machine as it is now. `boundPort` is the phone server's port, 0
+// when it does not listen. Call it after the server has begun to listen and whenever trust is
+// taken back; then, before the event loop runs again, hand `token` and `pcName` to the server:
+// from then on it refuses phones that come with an older code.
 [[nodiscard]] PairingInfo refreshPairing(const QString& tokenFolder, quint16 boundPort,
                                          bool captureMode);
 

@@ -6,6 +6,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace pevrix {
 
 QString makePairingToken()
@@ -20,7 +22,7 @@ QString makePairingToken()
 void writeTokenFile(const QString& folder, const QString& token)
 {
     constexpr QFile::Permissions kOwnerOnly = QFile::ReadOwner | QFile::WriteOwner;
-    QFile file(QDir(folder).filePath(QStringLiteral("pairing-token.txt")));
+    QFile file(QDir(folder).filePath(u"pairing-token.txt"_s));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate, kOwnerOnly)) {
         return;
     }

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace pevrix {
 namespace {
 
@@ -96,11 +98,10 @@ std::optional<QHash<QStringView, QStringView>> splitQuery(QStringView query)
 
 QString writePairingUri(const PairingUri& uri)
 {
-    QString text = kPrefix.toString() + QStringLiteral("v=1&pc=") +
-                   QString::fromLatin1(QUrl::toPercentEncoding(uri.pcName)) +
-                   QStringLiteral("&t=") + uri.token;
+    QString text = kPrefix.toString() + u"v=1&pc="_s +
+                   QString::fromLatin1(QUrl::toPercentEncoding(uri.pcName)) + u"&t="_s + uri.token;
     if (!uri.endpoints.isEmpty()) {
-        text += QStringLiteral("&h=") + uri.endpoints.join(u',');
+        text += u"&h="_s + uri.endpoints.join(u',');
     }
     return text;
 }

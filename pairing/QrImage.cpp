@@ -8,6 +8,8 @@
 #include <optional>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace pevrix {
 namespace {
 
@@ -61,7 +63,7 @@ QString makeQrDataUrl(const QString& text)
     if (image.isNull() || !image.save(&png, "PNG")) {
         return {};
     }
-    return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(png.data().toBase64());
+    return u"data:image/png;base64,"_s + QString::fromLatin1(png.data().toBase64());
 }
 
 } // namespace pevrix

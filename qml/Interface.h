@@ -2,8 +2,8 @@
 
 namespace pevrix {
 
-/// Puts the QML module Pevrix, the interface, into the program that calls this. Call it before the
-/// first engine is made.
+// Puts the QML module Pevrix, the interface, into the program that calls this. Call it before the
+// first engine is made.
 void registerInterface();
 
 } // namespace pevrix

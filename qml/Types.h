@@ -8,7 +8,7 @@
 
 namespace pevrix {
 
-/// A language of the interface, as it is offered to choose from.
+// A language of the interface, as it is offered to choose from.
 struct Language
 {
     Q_GADGET

@@ -49,7 +49,7 @@ std::optional<CameraFormat> presentCamera()
     return camera && isSenderAlive() ? std::optional(camera->format) : std::nullopt;
 }
 
-CameraReader::CameraReader(const StreamFormat& format, Time now)
+CameraReader::CameraReader(const StreamFormat& format, Clock::time_point now)
     : m_format(format)
     , m_converter(format.layout, format.picture)
     , m_wakeUp(announceReader())
@@ -60,7 +60,7 @@ CameraReader::CameraReader(const StreamFormat& format, Time now)
     , m_next(m_picture.size())
 {}
 
-bool CameraReader::look(Time now)
+bool CameraReader::look(Clock::time_point now)
 {
     if (now >= m_nextLook) {
         m_nextLook = now + kLookForSender;
@@ -101,7 +101,7 @@ void CameraReader::follow(const std::optional<AnnouncedCamera>& camera)
     m_taken = 0;
 }
 
-std::span<const std::uint8_t> CameraReader::picture(Time now)
+std::span<const std::uint8_t> CameraReader::picture(Clock::time_point now)
 {
     if (takeNewest()) {
         m_shown = Shown::Picture;

@@ -28,21 +28,21 @@ namespace pevrix {
 class CameraReader
 {
 public:
-    using Time = std::chrono::steady_clock::time_point;
+    using Clock = std::chrono::steady_clock;
 
-    CameraReader(const StreamFormat& format, Time now);
+    CameraReader(const StreamFormat& format, Clock::time_point now);
 
     // Auto-reset; set after each new picture.
     [[nodiscard]] HANDLE pictureCame() const { return m_wakeUp.get(); }
 
     // Looks at what is in the shared memory now. True when there is a picture that has not been
     // handed on.
-    [[nodiscard]] bool look(Time now);
+    [[nodiscard]] bool look(Clock::time_point now);
 
     // The picture to be handed on at this time, in the reader's format: a new one, the last one
     // again or the card. Empty before the first. Stays as it is until the next call. Throws
     // std::bad_alloc.
-    [[nodiscard]] std::span<const std::uint8_t> picture(Time now);
+    [[nodiscard]] std::span<const std::uint8_t> picture(Clock::time_point now);
 
 private:
     void lookForSender();
@@ -55,7 +55,7 @@ private:
     UniqueHandle m_wakeUp;
 
     MappedView m_directory;
-    Time m_nextLook;
+    Clock::time_point m_nextLook;
     bool m_alive = false;
 
     AnnouncedCamera m_camera;
@@ -69,8 +69,8 @@ private:
         Picture,
         Card
     } m_shown = Shown::Nothing;
-    const Time m_begin;
-    Time m_cardAt; // unless a picture comes before
+    const Clock::time_point m_begin;
+    Clock::time_point m_cardAt; // unless a picture comes before
     std::vector<std::uint8_t> m_picture;
     std::vector<std::uint8_t> m_next; // what is being made, swapped with m_picture when it is whole
 };

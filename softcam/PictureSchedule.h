@@ -22,7 +22,7 @@ namespace pevrix {
 class PictureSchedule
 {
 public:
-    using Time = std::chrono::steady_clock::time_point;
+    using Clock = std::chrono::steady_clock;
 
     explicit PictureSchedule(const CameraFormat& reader)
         : m_interval(reader.interval())
@@ -32,15 +32,15 @@ public:
     void pictureCame() { m_waits = true; }
 
     // When to hand on the next picture: the newest one there is by then.
-    [[nodiscard]] Time deadline() const
+    [[nodiscard]] Clock::time_point deadline() const
     {
         return m_waits ? m_tick - m_interval / 2 : m_tick + m_interval / 2;
     }
-    [[nodiscard]] bool isDue(Time now) const { return now >= deadline(); }
+    [[nodiscard]] bool isDue(Clock::time_point now) const { return now >= deadline(); }
 
     // A picture was handed on. After a hold-up of two intervals or more the ticks move, so that
     // missed ones are not made up.
-    void handedOn(Time now)
+    void handedOn(Clock::time_point now)
     {
         m_behind = m_waits ? m_behind : m_interval;
         const bool waited = m_waits && now < m_tick - m_interval * 3 / 8;
@@ -53,7 +53,7 @@ public:
 
 private:
     std::chrono::nanoseconds m_interval;
-    Time m_tick; // long ago at first: the first picture is due at once
+    Clock::time_point m_tick; // long ago at first: the first picture is due at once
     bool m_waits = false;
     std::chrono::nanoseconds m_behind{}; // what the ticks may make up for
 };

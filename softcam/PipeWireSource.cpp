@@ -107,7 +107,7 @@ void PipeWireSource::withdraw()
     disconnect();
 }
 
-void PipeWireSource::showIfDue(PictureSchedule::Time now)
+void PipeWireSource::showIfDue(PictureSchedule::Clock::time_point now)
 {
     // Runs a cycle of the readers' graph, which asks for the picture with fillBuffer().
     if (m_streaming && m_schedule.isDue(now)) {

@@ -41,7 +41,7 @@ public:
     void withdraw();
 
     // Hands on the newest picture if it is time.
-    void showIfDue(PictureSchedule::Time now);
+    void showIfDue(PictureSchedule::Clock::time_point now);
     [[nodiscard]] PictureSchedule& schedule() { return m_schedule; }
 
     // Whether a program is reading now. Any thread.

@@ -7,10 +7,10 @@
 
 namespace pevrix {
 
-/// Shows the latest decoded picture, letterboxed and centred, with mipmaps so that a large phone
-/// picture stays free of aliasing in a small window. Frames come in through setFrame() on the GUI
-/// thread; the render thread reads the frame only while the GUI thread is blocked in the scene
-/// graph's synchronisation. The last picture stays until the item is destroyed.
+// Shows the latest decoded picture, letterboxed and centred, with mipmaps so that a large phone
+// picture stays free of aliasing in a small window. Frames come in through setFrame() on the GUI
+// thread; the render thread reads the frame only while the GUI thread is blocked in the scene
+// graph's synchronisation. The last picture stays until the item is destroyed.
 class FramePreview : public QQuickItem
 {
     Q_OBJECT
@@ -20,18 +20,18 @@ class FramePreview : public QQuickItem
 public:
     explicit FramePreview(QQuickItem* parent = nullptr);
 
-    /// Size of the current picture in pixels; empty before the first one.
+    // Size of the current picture in pixels; empty before the first one.
     [[nodiscard]] QSize frameSize() const { return m_frame.size(); }
 
-    /// The part of the item that the picture covers, in item coordinates; the whole item before
-    /// the first picture.
+    // The part of the item that the picture covers, in item coordinates; the whole item before
+    // the first picture.
     [[nodiscard]] QRectF contentRect() const { return m_contentRect; }
 
-    /// Shares the image's pixels. A null image changes the size but leaves the shown picture.
+    // Shares the image's pixels. A null image changes the size but leaves the shown picture.
     Q_INVOKABLE void setFrame(const QImage& frame);
 
-    /// The largest rectangle of the picture's aspect ratio centred in an item; the whole item when
-    /// either is empty.
+    // The largest rectangle of the picture's aspect ratio centred in an item; the whole item when
+    // either is empty.
     [[nodiscard]] static QRectF aspectFit(QSizeF item, QSize picture);
 
 Q_SIGNALS:

@@ -5,13 +5,13 @@
 
 namespace pevrix {
 
-/// The connected phones, one row each, in the order of the controller's list. A row lasts as long
-/// as its phone stays in the list: what the interface keeps for a phone, such as a renaming that is
-/// under way, survives every change of the others. GUI thread.
+// The connected phones, one row each, in the order of the controller's list. A row lasts as long
+// as its phone stays in the list: what the interface keeps for a phone, such as a renaming that is
+// under way, survives every change of the others. GUI thread.
 class PhoneModel : public QAbstractListModel
 {
     Q_OBJECT
-    /// The controller's list: maps with "id", "name", "model", "os" and "usb".
+    // The controller's list: maps with "id", "name", "model", "os" and "usb".
     Q_PROPERTY(QVariantList phones READ phones WRITE setPhones NOTIFY phonesChanged FINAL)
 
 public:

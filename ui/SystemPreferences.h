@@ -9,8 +9,8 @@
 
 namespace pevrix {
 
-/// What the user asks of every program through the system's settings, kept up to date. Systems that
-/// cannot be asked ask for nothing. GUI thread.
+// What the user asks of every program through the system's settings, kept up to date. Systems that
+// cannot be asked ask for nothing. GUI thread.
 class SystemPreferences final : public QObject
 {
     Q_OBJECT
@@ -22,14 +22,14 @@ class SystemPreferences final : public QObject
     Q_PROPERTY(QColor contrastHighlightedText READ contrastHighlightedText NOTIFY changed FINAL)
 
 public:
-    /// Where the system answers late, nothing is asked for until then.
+    // Where the system answers late, nothing is asked for until then.
     explicit SystemPreferences(QObject* parent = nullptr);
 
-    /// Nothing should move that need not.
+    // Nothing should move that need not.
     [[nodiscard]] bool lessMotion() const { return m_wishes.lessMotion; }
 
-    /// Text and edges should stand out strongly, in the colours below, which are invalid where the
-    /// system leaves them to us.
+    // Text and edges should stand out strongly, in the colours below, which are invalid where the
+    // system leaves them to us.
     [[nodiscard]] bool moreContrast() const { return m_wishes.moreContrast; }
     [[nodiscard]] QColor contrastWindow() const { return m_wishes.window; }
     [[nodiscard]] QColor contrastText() const { return m_wishes.text; }

@@ -26,8 +26,8 @@ public:
     virtual ~ISystemWatch() = default;
 };
 
-/// Calls back with what the user's settings say now, perhaps before it returns, and after every
-/// change for as long as the watch lives. GUI thread; never waits for another process.
+// Calls back with what the user's settings say now, perhaps before it returns, and after every
+// change for as long as the watch lives. GUI thread; never waits for another process.
 [[nodiscard]] std::unique_ptr<ISystemWatch>
 watchSystem(std::function<void(const SystemWishes&)> callback);
 

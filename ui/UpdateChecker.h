@@ -11,7 +11,7 @@ class QNetworkReply;
 
 namespace pevrix {
 
-/// Where the vendor is to be asked, and how long.
+// Where the vendor is to be asked, and how long.
 struct UpdateSite
 {
     QString siteUrl; // root of the web site, without a slash at its end
@@ -19,9 +19,9 @@ struct UpdateSite
     std::chrono::milliseconds timeout{15000};
 };
 
-/// Asks the vendor whether a newer version exists. Best effort: whatever goes wrong leaves
-/// everything as it is, without a word. An update that was found stays found until the program
-/// ends. GUI thread.
+// Asks the vendor whether a newer version exists. Best effort: whatever goes wrong leaves
+// everything as it is, without a word. An update that was found stays found until the program
+// ends. GUI thread.
 class UpdateChecker final : public QObject
 {
     Q_OBJECT
@@ -35,17 +35,17 @@ public:
     [[nodiscard]] bool available() const { return m_available; }
     [[nodiscard]] QString latestVersion() const { return m_latestVersion; }
 
-    /// The root of the vendor's web site, for links to its pages.
+    // The root of the vendor's web site, for links to its pages.
     [[nodiscard]] QString siteUrl() const { return m_site.siteUrl; }
 
-    /// The page that openDownload() opens.
+    // The page that openDownload() opens.
     [[nodiscard]] QString downloadUrl() const { return m_downloadUrl; }
 
 public Q_SLOTS:
-    /// Sends one request and returns at once.
+    // Sends one request and returns at once.
     void check();
 
-    /// Opens the download page in the system's browser.
+    // Opens the download page in the system's browser.
     void openDownload();
 
 Q_SIGNALS:

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace pevrix {
 namespace {
 
@@ -72,7 +74,7 @@ public:
     QVariantMap firstDictionary()
     {
         while (advance()) {
-            if (m_xml.isStartElement() && m_xml.name() == u"dict") {
+            if (m_xml.isStartElement() && m_xml.name() == "dict"_L1) {
                 return dictionary();
             }
         }
@@ -104,7 +106,7 @@ private:
             if (!m_xml.isStartElement()) {
                 continue;
             }
-            if (m_xml.name() == u"key") {
+            if (m_xml.name() == "key"_L1) {
                 key = text();
                 continue;
             }
@@ -120,19 +122,19 @@ private:
 
     QVariant value()
     {
-        if (m_xml.name() == u"dict") {
+        if (m_xml.name() == "dict"_L1) {
             return dictionary();
         }
-        if (m_xml.name() == u"string") {
+        if (m_xml.name() == "string"_L1) {
             return text();
         }
-        if (m_xml.name() == u"integer") {
+        if (m_xml.name() == "integer"_L1) {
             bool fits = false;
             const qlonglong number = text().toLongLong(&fits);
             return fits ? QVariant(number) : QVariant();
         }
-        const bool isTrue = m_xml.name() == u"true";
-        const bool isBoolean = isTrue || m_xml.name() == u"false";
+        const bool isTrue = m_xml.name() == "true"_L1;
+        const bool isBoolean = isTrue || m_xml.name() == "false"_L1;
         text();
         return isBoolean ? QVariant(isTrue) : QVariant();
     }

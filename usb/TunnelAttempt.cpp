@@ -24,7 +24,7 @@ TunnelAttempt::Reply TunnelAttempt::readReply()
             continue;
         }
         const QVariantMap message = takeMessage(buffer).value_or(QVariantMap());
-        if (message.value(u"MessageType"_s).toString() == u"Result") {
+        if (message.value(u"MessageType"_s).toString() == "Result"_L1) {
             return isSuccess(message) ? Reply::Accepted : Reply::Refused;
         }
     }

@@ -98,11 +98,11 @@ void UsbMuxClient::readAnnouncements()
 void UsbMuxClient::handleMessage(const QVariantMap& message)
 {
     const QString type = message.value(u"MessageType"_s).toString();
-    if (type == u"Result") {
+    if (type == "Result"_L1) {
         handleListenResult(message);
-    } else if (type == u"Attached") {
+    } else if (type == "Attached"_L1) {
         handleAttached(message);
-    } else if (type == u"Detached") {
+    } else if (type == "Detached"_L1) {
         handleDetached(message);
     }
 }
@@ -123,7 +123,7 @@ void UsbMuxClient::handleAttached(const QVariantMap& message)
     const QVariantMap properties = message.value(u"Properties"_s).toMap();
     const std::optional<int> id =
         deviceIdOf(message.contains(u"DeviceID"_s) ? message : properties);
-    if (!id || properties.value(u"ConnectionType"_s).toString() != u"USB") {
+    if (!id || properties.value(u"ConnectionType"_s).toString() != "USB"_L1) {
         return;
     }
     if (m_devices.contains(*id) || m_devices.size() < kMaxDevices) {

@@ -11,7 +11,9 @@ namespace pevrix {
 
 struct Mp4Recorder::Platform
 {
-    std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;
+    using Clock = std::chrono::steady_clock;
+
+    std::function<Clock::time_point()> now = Clock::now;
 
     // H.264 encoders of libavcodec that take planar 4:2:0 from memory; the first that can be opened
     // is used. Which of them exist depends on how the library was built.

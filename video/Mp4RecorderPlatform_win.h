@@ -13,6 +13,8 @@ namespace pevrix {
 // the objects that they make.
 struct Mp4Recorder::Platform
 {
+    using Clock = std::chrono::steady_clock;
+
     std::function<decltype(MFStartup)> startup = MFStartup;
     std::function<decltype(MFShutdown)> shutdown = MFShutdown;
     std::function<decltype(MFCreateAttributes)> createAttributes = MFCreateAttributes;
@@ -21,7 +23,7 @@ struct Mp4Recorder::Platform
     std::function<decltype(MFCreateMemoryBuffer)> createMemoryBuffer = MFCreateMemoryBuffer;
     std::function<decltype(MFCreateSample)> createSample = MFCreateSample;
     std::function<decltype(DeleteFileW)> deleteFile = DeleteFileW;
-    std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;
+    std::function<Clock::time_point()> now = Clock::now;
 };
 
 } // namespace pevrix

@@ -110,14 +110,14 @@ protected:
 TEST_F(SoftcamSinkTest, SendsTheNewestPictureOncePerPeriodAndNothingBeforeTheFirst)
 {
     start();
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{2 * kPeriod}));
+    ASSERT_TRUE(clock.runUntil(2 * kPeriod));
     EXPECT_TRUE(sent.empty());
 
     sink.sendFrame(pictureOf(7).data());
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{4 * kPeriod}));
+    ASSERT_TRUE(clock.runUntil(4 * kPeriod));
     sink.sendFrame(pictureOf(8).data());
     sink.sendFrame(pictureOf(9).data());
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{6 * kPeriod}));
+    ASSERT_TRUE(clock.runUntil(6 * kPeriod));
 
     EXPECT_EQ(sent, (std::vector<Sent>{
                         {3 * kPeriod, 7}, {4 * kPeriod, 7}, {5 * kPeriod, 9}, {6 * kPeriod, 9}}));
@@ -130,7 +130,7 @@ TEST_F(SoftcamSinkTest, DoesNotDriftByTheTimeThatSendingTakes)
     };
     start();
     sink.sendFrame(pictureOf(1).data());
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{100 * kPeriod}));
+    ASSERT_TRUE(clock.runUntil(100 * kPeriod));
     ASSERT_EQ(sent.size(), 100U);
     for (int i = 0; i < 100; ++i) {
         EXPECT_EQ(sent[static_cast<std::size_t>(i)].time, (i + 1) * kPeriod);
@@ -144,7 +144,7 @@ TEST_F(SoftcamSinkTest, MakesUpForMissedPeriodsBackToBack)
     };
     start();
     sink.sendFrame(pictureOf(1).data());
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{7 * kPeriod}));
+    ASSERT_TRUE(clock.runUntil(7 * kPeriod));
     std::vector<int> periods;
     for (const Sent& each : sent) {
         periods.push_back(static_cast<int>(each.time / kPeriod));
@@ -156,8 +156,8 @@ TEST(FrameClock, MakesUpForLessThanASecondButNotForTheSleepOfTheComputer)
 {
     for (const auto& [late, madeUp] :
          {std::pair<std::chrono::milliseconds, int>{900ms, 27}, {8h, 0}}) {
-        FrameClock clock(33'333us, PacingTime::Point{});
-        const PacingTime::Point now{late};
+        FrameClock clock(33'333us, FrameClock::Clock::time_point{});
+        const FrameClock::Clock::time_point now{late};
         int atOnce = 0;
         while (!clock.advance(now)) {
             ++atOnce;
@@ -195,7 +195,7 @@ TEST_F(SoftcamSinkTest, KeepsTheFirstSizeUntilStopped)
     EXPECT_EQ(camera.state->width, kWidth);
 
     sink.sendFrame(pictureOf(3).data());
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{kPeriod}));
+    ASSERT_TRUE(clock.runUntil(kPeriod));
     clock.open();
     sink.stop();
     EXPECT_FALSE(sink.isActive());
@@ -206,10 +206,10 @@ TEST_F(SoftcamSinkTest, KeepsTheFirstSizeUntilStopped)
     clock.reset();
     start(2 * kWidth, kHeight);
     EXPECT_EQ(camera.state->width, 2 * kWidth);
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{kPeriod}));
+    ASSERT_TRUE(clock.runUntil(kPeriod));
     EXPECT_TRUE(sent.empty()) << "the new camera's mailbox begins empty";
     sink.sendFrame(pictureOf(5, 2 * kWidth).data());
-    ASSERT_TRUE(clock.runUntil(HandClock::Point{2 * kPeriod}));
+    ASSERT_TRUE(clock.runUntil(2 * kPeriod));
     EXPECT_EQ(sent, (std::vector<Sent>{{2 * kPeriod, 5}}));
 }
 

@@ -34,7 +34,7 @@ PacingTime fastTime()
     const auto now = [start] {
         return start + (std::chrono::steady_clock::now() - start) * kFactor;
     };
-    return {.now = now, .sleepUntil = [now](PacingTime::Point time) {
+    return {.now = now, .sleepUntil = [now](PacingTime::Clock::time_point time) {
                 std::this_thread::sleep_for((time - now()) / kFactor);
             }};
 }

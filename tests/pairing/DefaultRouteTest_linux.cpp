@@ -9,6 +9,8 @@
 #include <sstream>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 using namespace pevrix;
 
 namespace {
@@ -44,17 +46,17 @@ int interfaceFromRouteTable()
 
 } // namespace
 
-TEST(DefaultRoute, isTheInterfaceThatTheRoutingTableNamesOrZeroWithoutARoute)
+TEST(DefaultRoute, IsTheInterfaceThatTheRoutingTableNamesOrZeroWithoutARoute)
 {
     EXPECT_EQ(defaultRouteInterfaceIndex(), interfaceFromRouteTable());
 }
 
-TEST(LanInterfaces, areReadWithTheFlagsAndNumbersOfTheSystem)
+TEST(LanInterfaces, AreReadWithTheFlagsAndNumbersOfTheSystem)
 {
     const QList<LanInterface> interfaces = readLanInterfaces();
     const auto loopback = std::ranges::find(interfaces, true, &LanInterface::loopback);
     ASSERT_NE(loopback, interfaces.end());
-    EXPECT_EQ(loopback->name, QStringLiteral("lo"));
+    EXPECT_EQ(loopback->name, u"lo"_s);
     EXPECT_EQ(loopback->index, static_cast<int>(if_nametoindex("lo")));
 
     if (const int index = defaultRouteInterfaceIndex(); index != 0) {

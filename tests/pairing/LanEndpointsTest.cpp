@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace pevrix;
 
 namespace {
@@ -31,7 +33,7 @@ struct Case
 
 } // namespace
 
-TEST(LanEndpoints, areChosenAndOrderedByRouteAdapterAndPrefix)
+TEST(LanEndpoints, AreChosenAndOrderedByRouteAdapterAndPrefix)
 {
     const LanInterface wifi = adapter("Wi-Fi", 3, {"10.0.0.5"});
     const LanInterface ethernet = adapter("Ethernet", 4, {"192.168.1.7"});
@@ -90,7 +92,7 @@ TEST(LanEndpoints, areChosenAndOrderedByRouteAdapterAndPrefix)
     }
 }
 
-TEST(LanEndpoints, ignoreEveryVirtualAdapterWhateverTheCaseOfItsName)
+TEST(LanEndpoints, IgnoreEveryVirtualAdapterWhateverTheCaseOfItsName)
 {
     for (const char* name :
          {"wsl", "My HYPER-V switch", "vethernet (Default Switch)", "VirtualBox Host-Only Network",
@@ -98,5 +100,5 @@ TEST(LanEndpoints, ignoreEveryVirtualAdapterWhateverTheCaseOfItsName)
         EXPECT_TRUE(rankLanEndpoints({adapter(name, 1, {"192.168.1.7"})}, 0, 1).isEmpty()) << name;
     }
     EXPECT_EQ(rankLanEndpoints({adapter("WLAN", 1, {"192.168.1.7"})}, 0, 65535),
-              QStringList{QStringLiteral("192.168.1.7:65535")});
+              QStringList{u"192.168.1.7:65535"_s});
 }

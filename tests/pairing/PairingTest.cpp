@@ -14,6 +14,8 @@
 #include <array>
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 using namespace pevrix;
 
 namespace {
@@ -23,7 +25,7 @@ constexpr char kUriCharacters[] =
 
 QString tokenFile(const QTemporaryDir& folder)
 {
-    return folder.filePath(QStringLiteral("pairing-token.txt"));
+    return folder.filePath(u"pairing-token.txt"_s);
 }
 
 std::string contentOf(const QString& path)
@@ -35,7 +37,7 @@ std::string contentOf(const QString& path)
 
 } // namespace
 
-TEST(PairingToken, isTwentyTwoUriCharactersOfWhichEachIsDrawnAnew)
+TEST(PairingToken, IsTwentyTwoUriCharactersOfWhichEachIsDrawnAnew)
 {
     std::set<std::string> tokens;
     std::array<std::set<char>, 22> seen;
@@ -56,7 +58,7 @@ TEST(PairingToken, isTwentyTwoUriCharactersOfWhichEachIsDrawnAnew)
     EXPECT_THAT(seen[21], testing::ElementsAre('A', 'Q', 'g', 'w'));
 }
 
-TEST(PairingToken, isKeptInASideFileThatOnlyItsOwnerReads)
+TEST(PairingToken, IsKeptInASideFileThatOnlyItsOwnerReads)
 {
     const QTemporaryDir folder;
     QFile older(tokenFile(folder));
@@ -66,7 +68,7 @@ TEST(PairingToken, isKeptInASideFileThatOnlyItsOwnerReads)
     older.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
                          QFile::ReadOther);
 
-    writeTokenFile(folder.path(), QStringLiteral("AbC-_9"));
+    writeTokenFile(folder.path(), u"AbC-_9"_s);
     EXPECT_EQ(contentOf(tokenFile(folder)), "AbC-_9");
     // Windows protects by the rights of the folder; all that Qt can do there is "read-only".
     if (QFile::permissions(folder.path()) & QFile::ReadOther) {
@@ -77,7 +79,7 @@ TEST(PairingToken, isKeptInASideFileThatOnlyItsOwnerReads)
     EXPECT_FALSE(QFile::permissions(tokenFile(folder)) & others);
 }
 
-TEST(Pairing, refreshMakesANewTokenAndReplacesTheFile)
+TEST(Pairing, RefreshMakesANewTokenAndReplacesTheFile)
 {
     const QTemporaryDir folder;
     const PairingInfo first = refreshPairing(folder.path(), 5000, false);
@@ -91,55 +93,53 @@ TEST(Pairing, refreshMakesANewTokenAndReplacesTheFile)
     ASSERT_TRUE(uri) << second.uri.toStdString();
     EXPECT_EQ(uri->token, second.token);
     EXPECT_EQ(uri->pcName, second.pcName);
-    EXPECT_EQ(uri->endpoints.value(0, QStringLiteral("No LAN address found")), second.addressText);
+    EXPECT_EQ(uri->endpoints.value(0, u"No LAN address found"_s), second.addressText);
     for (const QString& endpoint : uri->endpoints) {
         EXPECT_EQ(parsePairingEndpoint(endpoint)->port, 5000);
     }
 }
 
-TEST(Pairing, refreshWorksWhereTheFileCannotBeWritten)
+TEST(Pairing, RefreshWorksWhereTheFileCannotBeWritten)
 {
     const QTemporaryDir folder;
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("pairing-token.txt"))); // in its place
-    for (const QString& path : {folder.path(), folder.filePath(QStringLiteral("missing"))}) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"pairing-token.txt"_s)); // in its place
+    for (const QString& path : {folder.path(), folder.filePath(u"missing"_s)}) {
         const PairingInfo info = refreshPairing(path, 5000, false);
         EXPECT_EQ(info.token.size(), 22);
         EXPECT_FALSE(info.qrDataUrl.isEmpty());
     }
 }
 
-TEST(Pairing, refreshInCaptureModeShowsDemoValuesButKeepsTheRealToken)
+TEST(Pairing, RefreshInCaptureModeShowsDemoValuesButKeepsTheRealToken)
 {
     const QTemporaryDir folder;
     const PairingInfo info = refreshPairing(folder.path(), 0, true);
     EXPECT_EQ(contentOf(tokenFile(folder)), info.token.toStdString());
     EXPECT_EQ(info.token.size(), 22);
-    EXPECT_EQ(info.addressText, QStringLiteral("192.168.1.42:8788")); // not listening: the default
-    EXPECT_TRUE(info.uri.startsWith(
-        QStringLiteral("pevrix://pair?v=1&pc=DESKTOP-PEVRIX&t=Bm4Rt8Wq2Zx6Hn3K")));
+    EXPECT_EQ(info.addressText, u"192.168.1.42:8788"_s); // not listening: the default
+    EXPECT_TRUE(info.uri.startsWith(u"pevrix://pair?v=1&pc=DESKTOP-PEVRIX&t=Bm4Rt8Wq2Zx6Hn3K"_s));
 }
 
-TEST(Pairing, isDescribedFromTheTokenTheNameAndTheEndpoints)
+TEST(Pairing, IsDescribedFromTheTokenTheNameAndTheEndpoints)
 {
-    const QString token = QStringLiteral("T");
-    const QStringList two{QStringLiteral("10.0.0.5:81"), QStringLiteral("172.16.0.1:81")};
+    const QString token = u"T"_s;
+    const QStringList two{u"10.0.0.5:81"_s, u"172.16.0.1:81"_s};
 
-    const PairingInfo real = describePairing(token, QStringLiteral("My PC"), two, 81, false);
+    const PairingInfo real = describePairing(token, u"My PC"_s, two, 81, false);
     EXPECT_EQ(real.addressText, two[0]);
     EXPECT_EQ(real.shownToken, token);
-    EXPECT_EQ(real.uri,
-              QStringLiteral("pevrix://pair?v=1&pc=My%20PC&t=T&h=10.0.0.5:81,172.16.0.1:81"));
+    EXPECT_EQ(real.uri, u"pevrix://pair?v=1&pc=My%20PC&t=T&h=10.0.0.5:81,172.16.0.1:81"_s);
     EXPECT_EQ(real.qrDataUrl, makeQrDataUrl(real.uri));
 
-    const PairingInfo alone = describePairing(token, QStringLiteral("PC"), {}, 81, false);
-    EXPECT_EQ(alone.addressText, QStringLiteral("No LAN address found"));
-    EXPECT_EQ(alone.uri, QStringLiteral("pevrix://pair?v=1&pc=PC&t=T"));
+    const PairingInfo alone = describePairing(token, u"PC"_s, {}, 81, false);
+    EXPECT_EQ(alone.addressText, u"No LAN address found"_s);
+    EXPECT_EQ(alone.uri, u"pevrix://pair?v=1&pc=PC&t=T"_s);
     EXPECT_FALSE(alone.qrDataUrl.isEmpty());
 
-    const PairingInfo demo = describePairing(token, QStringLiteral("My PC"), two, 81, true);
+    const PairingInfo demo = describePairing(token, u"My PC"_s, two, 81, true);
     EXPECT_EQ(demo.token, token);
-    EXPECT_EQ(demo.shownToken, QStringLiteral("Bm4Rt8Wq2Zx6Hn3K"));
-    EXPECT_EQ(demo.addressText, QStringLiteral("192.168.1.42:81"));
+    EXPECT_EQ(demo.shownToken, u"Bm4Rt8Wq2Zx6Hn3K"_s);
+    EXPECT_EQ(demo.addressText, u"192.168.1.42:81"_s);
     EXPECT_EQ(demo.uri, QStringLiteral("pevrix://pair?v=1&pc=DESKTOP-PEVRIX&t=Bm4Rt8Wq2Zx6Hn3K"
                                        "&h=10.0.0.5:81,172.16.0.1:81"));
 

@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace pevrix;
 
 namespace {
 
-const QString kToken = QStringLiteral("AbCdEfGhIjKlMnOpQrSt-_");
+const QString kToken = u"AbCdEfGhIjKlMnOpQrSt-_"_s;
 
 } // namespace
 
-TEST(PairingUri, isWrittenExactlyAndReadBack)
+TEST(PairingUri, IsWrittenExactlyAndReadBack)
 {
     struct Case
     {
@@ -19,18 +21,17 @@ TEST(PairingUri, isWrittenExactlyAndReadBack)
         const char* written;
     };
     const Case cases[] = {
-        {QStringLiteral("DESK-7"),
-         {QStringLiteral("192.168.1.7:8788"), QStringLiteral("10.0.0.5:8788"),
-          QStringLiteral("172.16.0.1:65535")},
+        {u"DESK-7"_s,
+         {u"192.168.1.7:8788"_s, u"10.0.0.5:8788"_s, u"172.16.0.1:65535"_s},
          "pevrix://pair?v=1&pc=DESK-7&t=AbCdEfGhIjKlMnOpQrSt-_"
          "&h=192.168.1.7:8788,10.0.0.5:8788,172.16.0.1:65535"},
-        {QStringLiteral("My PC"), {}, "pevrix://pair?v=1&pc=My%20PC&t=AbCdEfGhIjKlMnOpQrSt-_"},
-        {QStringLiteral("\ufeffBüro\u00a0水😀"),
-         {QStringLiteral("10.0.0.5:1")},
+        {u"My PC"_s, {}, "pevrix://pair?v=1&pc=My%20PC&t=AbCdEfGhIjKlMnOpQrSt-_"},
+        {u"\ufeffBüro\u00a0水😀"_s,
+         {u"10.0.0.5:1"_s},
          "pevrix://"
          "pair?v=1&pc=%EF%BB%BFB%C3%BCro%C2%A0%E6%B0%B4%F0%9F%98%80&t=AbCdEfGhIjKlMnOpQrSt-_"
          "&h=10.0.0.5:1"},
-        {QStringLiteral("a&t=x%2,+/?#=~._"),
+        {u"a&t=x%2,+/?#=~._"_s,
          {},
          "pevrix://pair?v=1&pc=a%26t%3Dx%252%2C%2B%2F%3F%23%3D~._&t=AbCdEfGhIjKlMnOpQrSt-_"},
         {QString(), {}, "pevrix://pair?v=1&pc=&t=AbCdEfGhIjKlMnOpQrSt-_"},
@@ -43,16 +44,15 @@ TEST(PairingUri, isWrittenExactlyAndReadBack)
     }
 }
 
-TEST(PairingUri, mayCarryUnknownKeysAndAnyOrder)
+TEST(PairingUri, MayCarryUnknownKeysAndAnyOrder)
 {
-    EXPECT_EQ(
-        parsePairingUri(u"pevrix://pair?h=10.0.0.5:8788&x=&t=T&pc=P%c3%bc&v=1&y=a=b"),
-        (PairingUri{QStringLiteral("Pü"), QStringLiteral("T"), {QStringLiteral("10.0.0.5:8788")}}));
+    EXPECT_EQ(parsePairingUri(u"pevrix://pair?h=10.0.0.5:8788&x=&t=T&pc=P%c3%bc&v=1&y=a=b"),
+              (PairingUri{u"Pü"_s, u"T"_s, {u"10.0.0.5:8788"_s}}));
 }
 
-TEST(PairingUri, isRefusedWhenAnyPartIsMalformed)
+TEST(PairingUri, IsRefusedWhenAnyPartIsMalformed)
 {
-    const QString valid = QStringLiteral("pevrix://pair?v=1&pc=P&t=T");
+    const QString valid = u"pevrix://pair?v=1&pc=P&t=T"_s;
     ASSERT_TRUE(parsePairingUri(valid));
     const char* const hostile[] = {
         "", "pevrix:", "pevrix://pair?", "pevrix://pair", "pevrix://pair?v=1",
@@ -74,14 +74,14 @@ TEST(PairingUri, isRefusedWhenAnyPartIsMalformed)
     }
     EXPECT_TRUE(parsePairingUri(valid + QString(63, u'T')));
     EXPECT_FALSE(parsePairingUri(valid + QString(64, u'T')));
-    EXPECT_TRUE(parsePairingUri(valid + QStringLiteral("&x=") + QString(2331 - 29, u'a')));
-    EXPECT_FALSE(parsePairingUri(valid + QStringLiteral("&x=") + QString(2332 - 29, u'a')));
-    EXPECT_FALSE(parsePairingUri(valid + QStringLiteral("&h=") + QString(10'000'000, u',')));
+    EXPECT_TRUE(parsePairingUri(valid + u"&x="_s + QString(2331 - 29, u'a')));
+    EXPECT_FALSE(parsePairingUri(valid + u"&x="_s + QString(2332 - 29, u'a')));
+    EXPECT_FALSE(parsePairingUri(valid + u"&h="_s + QString(10'000'000, u',')));
 }
 
-TEST(PairingUri, isRefusedWithAnyBadEndpoint)
+TEST(PairingUri, IsRefusedWithAnyBadEndpoint)
 {
-    const QString prefix = QStringLiteral("pevrix://pair?v=1&pc=P&t=T&h=");
+    const QString prefix = u"pevrix://pair?v=1&pc=P&t=T&h="_s;
     for (const char* endpoints : {"10.0.0.1:8788", "255.255.255.255:1,0.0.0.0:65535",
                                   "1.1.1.1:1,1.1.1.1:2,1.1.1.1:3,1.1.1.1:4"}) {
         EXPECT_TRUE(parsePairingUri(prefix + QString::fromUtf8(endpoints))) << endpoints;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace pevrix;
 
 namespace {
@@ -11,9 +13,9 @@ constexpr QRgb kWhite = qRgb(255, 255, 255);
 
 } // namespace
 
-TEST(QrImage, isPaintedInEightPixelModulesInsideAQuietZone)
+TEST(QrImage, IsPaintedInEightPixelModulesInsideAQuietZone)
 {
-    const QImage image = makeQrImage(QStringLiteral("pevrix://pair"));
+    const QImage image = makeQrImage(u"pevrix://pair"_s);
     ASSERT_EQ(image.size(), QSize(232, 232)); // version 1: 21 modules
     EXPECT_EQ(image.format(), QImage::Format_RGB32);
     // The top left finder pattern, and the light ring inside it.
@@ -33,11 +35,11 @@ TEST(QrImage, isPaintedInEightPixelModulesInsideAQuietZone)
     }
 }
 
-TEST(QrImage, isEmptyWhenTheTextDoesNotFit)
+TEST(QrImage, IsEmptyWhenTheTextDoesNotFit)
 {
     EXPECT_EQ(makeQrImage(QString(2331, u'a')).width(), 177 * 8 + 64); // the largest symbol
     for (const QString& text : {QString(2332, u'a'), QString(1166, u'ä'), QString(100'000, u'a'),
-                                QStringLiteral("a") + QChar::Null + u'b'}) {
+                                u"a"_s + QChar::Null + u'b'}) {
         EXPECT_TRUE(makeQrImage(text).isNull());
         EXPECT_EQ(makeQrDataUrl(text), QString());
     }

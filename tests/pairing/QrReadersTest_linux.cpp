@@ -7,13 +7,15 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace pevrix;
 
 namespace {
 
 QByteArray pngOf(const QString& dataUrl)
 {
-    const QString prefix = QStringLiteral("data:image/png;base64,");
+    const QString prefix = u"data:image/png;base64,"_s;
     EXPECT_TRUE(dataUrl.startsWith(prefix));
     return QByteArray::fromBase64(dataUrl.sliced(prefix.size()).toLatin1(),
                                   QByteArray::AbortOnBase64DecodingErrors);
@@ -29,23 +31,21 @@ std::string readWith(const QString& program, const QStringList& arguments)
 
 } // namespace
 
-TEST(QrImage, isReadBackByTwoIndependentReaders)
+TEST(QrImage, IsReadBackByTwoIndependentReaders)
 {
-    const QString token = QStringLiteral("AbCdEfGhIjKlMnOpQrSt-_");
-    const QStringList four{
-        QStringLiteral("192.168.100.107:65535"), QStringLiteral("192.168.100.108:65535"),
-        QStringLiteral("172.168.100.108:65535"), QStringLiteral("10.168.100.108:65535")};
+    const QString token = u"AbCdEfGhIjKlMnOpQrSt-_"_s;
+    const QStringList four{u"192.168.100.107:65535"_s, u"192.168.100.108:65535"_s,
+                           u"172.168.100.108:65535"_s, u"10.168.100.108:65535"_s};
     const PairingUri uris[] = {
-        {QStringLiteral("PC"), token, {}},
-        {QStringLiteral("DESKTOP-PEVRIX"), token, four.first(1)},
-        {QStringLiteral("Büro 水").repeated(9), token, four},
+        {u"PC"_s, token, {}},
+        {u"DESKTOP-PEVRIX"_s, token, four.first(1)},
+        {u"Büro 水"_s.repeated(9), token, four},
     };
     // Modules of exactly 8 pixels fall on the blocks of this reader's default, local threshold,
     // which then takes a uniform block for background; photographs are never aligned like that.
-    const QStringList globalThreshold{QStringLiteral("-binarizer"), QStringLiteral("global"),
-                                      QStringLiteral("-bytes")};
+    const QStringList globalThreshold{u"-binarizer"_s, u"global"_s, u"-bytes"_s};
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("code.png"));
+    const QString file = folder.filePath(u"code.png"_s);
     for (const PairingUri& uri : uris) {
         const QString text = writePairingUri(uri);
         const QByteArray png = pngOf(makeQrDataUrl(text));
@@ -55,11 +55,9 @@ TEST(QrImage, isReadBackByTwoIndependentReaders)
         ASSERT_TRUE(output.open(QIODevice::WriteOnly));
         ASSERT_EQ(output.write(png), png.size());
         output.close();
-        EXPECT_EQ(readWith(QStringLiteral("zbarimg"),
-                           {QStringLiteral("--nodbus"), QStringLiteral("--quiet"),
-                            QStringLiteral("--raw"), file}),
+        EXPECT_EQ(readWith(u"zbarimg"_s, {u"--nodbus"_s, u"--quiet"_s, u"--raw"_s, file}),
                   text.toStdString());
-        EXPECT_EQ(readWith(QStringLiteral("ZXingReader"), globalThreshold + QStringList{file}),
+        EXPECT_EQ(readWith(u"ZXingReader"_s, globalThreshold + QStringList{file}),
                   text.toStdString());
     }
 }

@@ -8,7 +8,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using enum Refusal;
 
-TEST(HandshakeTest, readsHellosWithDefaults)
+TEST(Handshake, ReadsHellosWithDefaults)
 {
     const Hello full = parseHello(
         R"({"v":1,"token":"T","deviceId":"D","name":"N","modelName":"M","model":"m","osVersion":"9"})");
@@ -28,7 +28,7 @@ TEST(HandshakeTest, readsHellosWithDefaults)
               (StreamDescription{.width = 640, .height = 720, .fps = 30}));
 }
 
-TEST(HandshakeTest, letsInWhoHoldsTheCurrentTokenOrTheOneItWasTrustedWith)
+TEST(Handshake, LetsInWhoHoldsTheCurrentTokenOrTheOneItWasTrustedWith)
 {
     struct Case
     {

@@ -132,7 +132,7 @@ protected:
     qint64 goodFrames = 0;
 };
 
-TEST_F(HostilePeersTest, randomBytesHurtNobody)
+TEST_F(HostilePeersTest, RandomBytesHurtNobody)
 {
     std::mt19937 random(7);
     const QByteArray types("\x00\x01\x02\x10\x11\x12\x13\x30\x31\x40\xff", 11);
@@ -152,7 +152,7 @@ TEST_F(HostilePeersTest, randomBytesHurtNobody)
     }
 }
 
-TEST_F(HostilePeersTest, aPeerThatNeverReadsIsHeldBackAndDropped)
+TEST_F(HostilePeersTest, APeerThatNeverReadsIsHeldBackAndDropped)
 {
     const qint64 before = heapBytes();
     qint64 highest = 0;
@@ -167,7 +167,7 @@ TEST_F(HostilePeersTest, aPeerThatNeverReadsIsHeldBackAndDropped)
     EXPECT_TRUE(goodPhoneIsServed());
 }
 
-TEST_F(HostilePeersTest, largePingsAreEchoedToAPeerThatReads)
+TEST_F(HostilePeersTest, LargePingsAreEchoedToAPeerThatReads)
 {
     const QByteArray payload(qsizetype{kMaxPayload}, 'p');
     const QByteArray pongs = buildMessage(MessageType::Pong, payload).repeated(2);
@@ -177,7 +177,7 @@ TEST_F(HostilePeersTest, largePingsAreEchoedToAPeerThatReads)
     EXPECT_TRUE(peer.received == pongs);
 }
 
-TEST_F(HostilePeersTest, theOldestStrangersMakeRoomForOthers)
+TEST_F(HostilePeersTest, TheOldestStrangersMakeRoomForOthers)
 {
     std::vector<RawPeer> peers;
     for (int i = 0; i < PhoneServer::kMaxStrangers + 40; ++i) {
@@ -191,7 +191,7 @@ TEST_F(HostilePeersTest, theOldestStrangersMakeRoomForOthers)
     EXPECT_TRUE(peers[39].ended());
 }
 
-TEST_F(HostilePeersTest, strangersHoldABoundedAmountTogether)
+TEST_F(HostilePeersTest, StrangersHoldABoundedAmountTogether)
 {
     // Once a message is half there, memory for all of it is taken; what is not read of the answer
     // to a whole ping is held as well.
@@ -217,7 +217,7 @@ TEST_F(HostilePeersTest, strangersHoldABoundedAmountTogether)
     }
 }
 
-TEST_F(HostilePeersTest, aFloodOfStrangersHardlyDelaysThePhone)
+TEST_F(HostilePeersTest, AFloodOfStrangersHardlyDelaysThePhone)
 {
     int descriptions = 0;
     QObject::connect(&server, &PhoneServer::streamInfo, &server, [&] { ++descriptions; });
@@ -260,7 +260,7 @@ TEST_F(HostilePeersTest, aFloodOfStrangersHardlyDelaysThePhone)
     EXPECT_LT(echoes.back(), 150);
 }
 
-TEST_F(HostilePeersTest, aFloodOfConnectionsKeepsNoPhoneOfAnotherAddressOut)
+TEST_F(HostilePeersTest, AFloodOfConnectionsKeepsNoPhoneOfAnotherAddressOut)
 {
     const std::jthread flood([port = server.port()](const std::stop_token& stop) {
         std::deque<RawPeer> peers;
@@ -284,7 +284,7 @@ TEST_F(HostilePeersTest, aFloodOfConnectionsKeepsNoPhoneOfAnotherAddressOut)
     EXPECT_EQ(greeted, 10);
 }
 
-TEST_F(HostilePeersTest, aThousandBrokenConnectionsLeaveNothingBehind)
+TEST_F(HostilePeersTest, AThousandBrokenConnectionsLeaveNothingBehind)
 {
     int disconnects = 0;
     QObject::connect(&server, &PhoneServer::phoneDisconnected, &server, [&] { ++disconnects; });
@@ -317,7 +317,7 @@ TEST_F(HostilePeersTest, aThousandBrokenConnectionsLeaveNothingBehind)
     EXPECT_TRUE(goodPhoneIsServed());
 }
 
-TEST_F(HostilePeersTest, acceptsAgainOnceDescriptorsAreFree)
+TEST_F(HostilePeersTest, AcceptsAgainOnceDescriptorsAreFree)
 {
     // Everything that runs below has run once before: looking at a type for the first time takes
     // the sanitizers descriptors of their own.

@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(LogLimiterTest, letsSomeLinesThroughAndTellsHowManyItLeftOut)
+TEST(LogLimiter, LetsSomeLinesThroughAndTellsHowManyItLeftOut)
 {
     LogLimiter::Clock::time_point now;
     LogLimiter limiter(2, 60s, [&] { return now; });

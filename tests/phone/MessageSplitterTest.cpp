@@ -10,7 +10,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 // The fuzzer's corpus is for streams that are cut up or damaged.
-TEST(MessageSplitterTest, readsLiteralMessages)
+TEST(MessageSplitter, ReadsLiteralMessages)
 {
     MessageSplitter splitter;
     std::vector<Message> messages;

@@ -92,7 +92,7 @@ protected:
     std::unique_ptr<PhoneServer> server;
 };
 
-TEST_F(PhoneServerTest, reportsEverythingAPhoneSendsInItsOrder)
+TEST_F(PhoneServerTest, ReportsEverythingAPhoneSendsInItsOrder)
 {
     TestPhone phone(server->port());
     // Media counts before the hello, too.
@@ -113,7 +113,7 @@ TEST_F(PhoneServerTest, reportsEverythingAPhoneSendsInItsOrder)
 
     phone.socket.write(buildMessage(MessageType::Bye) + frameMessage(9, "late"));
     ASSERT_TRUE(
-        waitUntil([&] { return phone.closed() && log.last().startsWith(u"disconnected"); }));
+        waitUntil([&] { return phone.closed() && log.last().startsWith("disconnected"_L1); }));
     EXPECT_EQ(log,
               (QStringList{u"stream 1 1280x720@30"_s, u"paired D T"_s, connected(1, u"D"_s, false),
                            u"stream 1 640x360@24"_s, u"config 1 6768"_s, u"frame 1 1 1 65"_s,
@@ -126,7 +126,7 @@ TEST_F(PhoneServerTest, reportsEverythingAPhoneSendsInItsOrder)
     ASSERT_TRUE(waitUntil([&] { return log.last() == connected(2, {}, false); }));
 }
 
-TEST_F(PhoneServerTest, tellsARefusedPhoneWhyAndListensToItNoMore)
+TEST_F(PhoneServerTest, TellsARefusedPhoneWhyAndListensToItNoMore)
 {
     const QByteArray mismatch =
         "\x03\x00\x44\x00\x00\x00"
@@ -149,7 +149,7 @@ TEST_F(PhoneServerTest, tellsARefusedPhoneWhyAndListensToItNoMore)
     EXPECT_EQ(server->framesReceived(), 0);
 }
 
-TEST_F(PhoneServerTest, remembersPairedPhonesUntilTheyAreCleared)
+TEST_F(PhoneServerTest, RemembersPairedPhonesUntilTheyAreCleared)
 {
     TestPhone phone(server->port());
     ASSERT_TRUE(phone.sendAndSettle(helloMessage("D") + helloMessage("D")));
@@ -165,7 +165,7 @@ TEST_F(PhoneServerTest, remembersPairedPhonesUntilTheyAreCleared)
     EXPECT_EQ(log.last(), u"disconnected 1"_s);
 }
 
-TEST_F(PhoneServerTest, keepsOneConnectionOfAPhoneAndPrefersUsb)
+TEST_F(PhoneServerTest, KeepsOneConnectionOfAPhoneAndPrefersUsb)
 {
     TestPhone first(server->port());
     ASSERT_TRUE(first.sendAndSettle(helloMessage("D")));
@@ -193,7 +193,7 @@ TEST_F(PhoneServerTest, keepsOneConnectionOfAPhoneAndPrefersUsb)
     EXPECT_TRUE(other.sendAndSettle({}));
 }
 
-TEST_F(PhoneServerTest, greetsUsbPhonesAndReportsTheirGoodbye)
+TEST_F(PhoneServerTest, GreetsUsbPhonesAndReportsTheirGoodbye)
 {
     TestPhone phone;
     QTcpSocket* const socket = openTunnel(phone);
@@ -213,7 +213,7 @@ TEST_F(PhoneServerTest, greetsUsbPhonesAndReportsTheirGoodbye)
                                 u"disconnected 1"_s}));
 }
 
-TEST_F(PhoneServerTest, startsAndHoldsHandshakenPhonesOnly)
+TEST_F(PhoneServerTest, StartsAndHoldsHandshakenPhonesOnly)
 {
     const QByteArray start = "\x20\x00\x0f\x00\x00\x00{\"active\":true}"
                              "\x21\x00\x02\x00\x00\x00{}"_ba;
@@ -232,7 +232,7 @@ TEST_F(PhoneServerTest, startsAndHoldsHandshakenPhonesOnly)
     EXPECT_EQ(phone.received, kHelloReply + start + hold);
 }
 
-TEST_F(PhoneServerTest, dropsHandshakenPhonesThatFellSilentAndNobodyElse)
+TEST_F(PhoneServerTest, DropsHandshakenPhonesThatFellSilentAndNobodyElse)
 {
     serve({.pingInterval = 20ms, .silenceLimit = 1500ms});
     TestPhone lively(server->port());
@@ -254,7 +254,7 @@ TEST_F(PhoneServerTest, dropsHandshakenPhonesThatFellSilentAndNobodyElse)
 }
 
 // A dialog of the system that the program waits for may take the thread for half a minute.
-TEST_F(PhoneServerTest, dropsNobodyBecauseItsOwnThreadWasHeldUp)
+TEST_F(PhoneServerTest, DropsNobodyBecauseItsOwnThreadWasHeldUp)
 {
     serve({.pingInterval = 20ms, .silenceLimit = 1500ms});
     TestPhone phone(server->port());
@@ -268,7 +268,7 @@ TEST_F(PhoneServerTest, dropsNobodyBecauseItsOwnThreadWasHeldUp)
     EXPECT_FALSE(phone.closed());
 }
 
-TEST_F(PhoneServerTest, deliversABurstWholeToABusyReceiver)
+TEST_F(PhoneServerTest, DeliversABurstWholeToABusyReceiver)
 {
     // Takes its time: messages wait in the socket when the last bytes, and the end, have come.
     connect(&PhoneServer::videoFrame, [] { QThread::msleep(5); });
@@ -282,11 +282,11 @@ TEST_F(PhoneServerTest, deliversABurstWholeToABusyReceiver)
 
     phone.socket.write(burst);
     phone.socket.disconnectFromHost();
-    ASSERT_TRUE(waitUntil([&] { return log.last() == u"disconnected 1"; }));
+    ASSERT_TRUE(waitUntil([&] { return log.last() == "disconnected 1"_L1; }));
     EXPECT_EQ(server->framesReceived(), 200);
 }
 
-TEST_F(PhoneServerTest, survivesReceiversThatEndTheConnectionTheyHearFrom)
+TEST_F(PhoneServerTest, SurvivesReceiversThatEndTheConnectionTheyHearFrom)
 {
     for (const bool abort : {false, true}) {
         TestPhone phone;
@@ -298,13 +298,13 @@ TEST_F(PhoneServerTest, survivesReceiversThatEndTheConnectionTheyHearFrom)
         log.clear();
         ASSERT_TRUE(phone.sendAndSettle(helloMessage("D")));
         phone.socket.write(frameMessage(1, "a") + frameMessage(2, "b"));
-        ASSERT_TRUE(waitUntil([&] { return phone.closed() && log.last().startsWith(u"disc"); }));
+        ASSERT_TRUE(waitUntil([&] { return phone.closed() && log.last().startsWith("disc"_L1); }));
         EXPECT_EQ(log.filter(u"frame"_s).size(), 1);
         EXPECT_EQ(log.filter(u"disconnected"_s).size(), 1);
     }
 }
 
-TEST_F(PhoneServerTest, listensHereWhateverProxyTheSystemNamesIfThePortIsFree)
+TEST_F(PhoneServerTest, ListensHereWhateverProxyTheSystemNamesIfThePortIsFree)
 {
     QNetworkProxy::setApplicationProxy({QNetworkProxy::Socks5Proxy, u"127.0.0.1"_s, 1});
     serve(kQuiet);

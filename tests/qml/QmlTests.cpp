@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
-/// Gives each test file's engine what the program gives its own, scripted where a state at will is
-/// needed.
+// Gives each test file's engine what the program gives its own, scripted where a state at will is
+// needed.
 class Setup : public QObject
 {
     Q_OBJECT

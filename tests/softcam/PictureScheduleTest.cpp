@@ -25,7 +25,7 @@ struct Seen
 Seen watch(const std::vector<std::chrono::nanoseconds>& arrivals)
 {
     PictureSchedule schedule(*cameraFormat(640, 480, 30));
-    const PictureSchedule::Time start{1h};
+    const PictureSchedule::Clock::time_point start{1h};
     Seen seen;
     auto last = start;
     auto arrival = start;
@@ -104,7 +104,7 @@ TEST(PictureSchedule, ForgetsAPictureThatCameLateAndASenderThatComesEarlierFromT
 TEST(PictureSchedule, MakesUpNoMissedPictures)
 {
     PictureSchedule schedule(*cameraFormat(640, 480, 30));
-    PictureSchedule::Time now{1h};
+    PictureSchedule::Clock::time_point now{1h};
     schedule.handedOn(now);
     now += 1h;
     int pictures = 0;

@@ -12,18 +12,18 @@ namespace pevrix {
 class HandClock
 {
 public:
-    using Point = PacingTime::Point;
+    using Clock = PacingTime::Clock;
 
     [[nodiscard]] PacingTime time()
     {
         return {.now = [this] { return now(); },
                 .sleepUntil =
-                    [this](Point wanted) {
+                    [this](Clock::time_point wanted) {
                         sleepUntil(wanted);
                     }};
     }
 
-    [[nodiscard]] Point now() const
+    [[nodiscard]] Clock::time_point now() const
     {
         const std::lock_guard lock(m_mutex);
         return m_now;
@@ -36,12 +36,12 @@ public:
         m_now += duration;
     }
 
-    // Lets time pass up to and including `limit`; returns when the thread sleeps for a later one.
-    // False when that does not happen.
-    [[nodiscard]] bool runUntil(Point limit)
+    // Lets time pass up to and including `limit` from the beginning; returns when the thread sleeps
+    // for a later one. False when that does not happen.
+    [[nodiscard]] bool runUntil(Clock::duration limit)
     {
         std::unique_lock lock(m_mutex);
-        m_limit = limit;
+        m_limit = Clock::time_point(limit);
         m_changed.notify_all();
         return m_changed.wait_for(lock, std::chrono::minutes(1),
                                   [this] { return m_wanted > m_limit; });
@@ -58,7 +58,7 @@ public:
     void open()
     {
         const std::lock_guard lock(m_mutex);
-        m_limit = Point::max();
+        m_limit = Clock::time_point::max();
         m_changed.notify_all();
     }
 
@@ -69,7 +69,7 @@ public:
     }
 
 private:
-    void sleepUntil(Point wanted)
+    void sleepUntil(Clock::time_point wanted)
     {
         std::unique_lock lock(m_mutex);
         m_lastSleep = wanted - m_now;
@@ -81,9 +81,9 @@ private:
 
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
-    Point m_now{};
-    Point m_limit{};
-    Point m_wanted{};
+    Clock::time_point m_now{};
+    Clock::time_point m_limit{};
+    Clock::time_point m_wanted{};
     std::chrono::nanoseconds m_lastSleep{};
 };
 

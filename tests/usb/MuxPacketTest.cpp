@@ -26,7 +26,7 @@ QByteArray lengthOnly(std::uint32_t length)
     return header;
 }
 
-TEST(MuxPacket, headerIsFourLittleEndianWords)
+TEST(MuxPacket, HeaderIsFourLittleEndianWords)
 {
     EXPECT_EQ(buildMuxHeader(0x01020304, 0xA1B2C3D4).toHex(), "14030201" // length, with the header
                                                               "01000000" // version
@@ -34,7 +34,7 @@ TEST(MuxPacket, headerIsFourLittleEndianWords)
                                                               "d4c3b2a1"); // tag
 }
 
-TEST(MuxPacket, anImpossibleLengthClearsTheBufferAndAPossibleOneWaits)
+TEST(MuxPacket, AnImpossibleLengthClearsTheBufferAndAPossibleOneWaits)
 {
     for (const std::uint32_t length : {0U, 15U, 4194305U, 0xFFFFFFFFU}) {
         QByteArray buffer = lengthOnly(length) + "and what followed";
@@ -53,7 +53,7 @@ TEST(MuxPacket, anImpossibleLengthClearsTheBufferAndAPossibleOneWaits)
     EXPECT_TRUE(longest.isEmpty());
 }
 
-TEST(MuxPacket, aPacketIsTakenWhenItsLastByteArrives)
+TEST(MuxPacket, APacketIsTakenWhenItsLastByteArrives)
 {
     const QByteArray bytes = packet(listenRequest());
     QByteArray buffer;
@@ -66,7 +66,7 @@ TEST(MuxPacket, aPacketIsTakenWhenItsLastByteArrives)
 }
 
 // Half a million packets in one buffer: each must cost its own size, not that of the backlog.
-TEST(MuxPacket, aBacklogOfPacketsIsTakenInOrder)
+TEST(MuxPacket, ABacklogOfPacketsIsTakenInOrder)
 {
     constexpr int kPackets = 500'000;
     QByteArray buffer = packet({{u"Number"_s, 1}});
@@ -79,7 +79,7 @@ TEST(MuxPacket, aBacklogOfPacketsIsTakenInOrder)
     EXPECT_TRUE(buffer.isEmpty());
 }
 
-TEST(MuxPacket, onlyANumberOfZeroIsSuccess)
+TEST(MuxPacket, OnlyANumberOfZeroIsSuccess)
 {
     EXPECT_TRUE(isSuccess({{u"Number"_s, 0LL}}));
     for (const QVariant& number : {QVariant(), QVariant(2LL), QVariant(u"0"_s)}) {

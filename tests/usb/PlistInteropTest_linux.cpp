@@ -20,7 +20,7 @@ QByteArray converted(const QByteArray& document, const QString& format)
     return tool.readAllStandardOutput();
 }
 
-TEST(PlistInterop, anotherReaderUnderstandsTheWriter)
+TEST(PlistInterop, AnotherReaderUnderstandsTheWriter)
 {
     const QByteArray json =
         converted(buildPlist({{u"a&b<c>"_s, u"1 < 2 & \"3\" é"_s}, {u"DeviceID"_s, 4294967296LL}}),
@@ -29,7 +29,7 @@ TEST(PlistInterop, anotherReaderUnderstandsTheWriter)
     EXPECT_THAT(json.toStdString(), testing::HasSubstr("\"DeviceID\": 4294967296"));
 }
 
-TEST(PlistInterop, theReaderUnderstandsAnotherWriter)
+TEST(PlistInterop, TheReaderUnderstandsAnotherWriter)
 {
     const QByteArray source = R"(<plist version="1.0"><!-- a phone --><dict>
         <key>MessageType</key><string>Attached &lt;&amp;&gt; é</string>

@@ -19,7 +19,7 @@ QVariantMap parseDict(const QByteArray& entries)
     return parsePlist(kHead + "<dict>" + entries + "</dict></plist>");
 }
 
-TEST(PlistWriter, writesTheRequestsToTheByte)
+TEST(PlistWriter, WritesTheRequestsToTheByte)
 {
     EXPECT_EQ(buildPlist(listenRequest()),
               kHead + "<dict><key>ClientVersionString</key><string>Pevrix</string>"
@@ -34,7 +34,7 @@ TEST(PlistWriter, writesTheRequestsToTheByte)
                       "<key>ProgName</key><string>Pevrix</string></dict></plist>");
 }
 
-TEST(PlistWriter, escapesMarkupOnceAndNothingElse)
+TEST(PlistWriter, EscapesMarkupOnceAndNothingElse)
 {
     EXPECT_EQ(
         buildPlist({{u"a&b<c>"_s, u"&lt; \"é\" '%1'"_s}, {u"b"_s, -9223372036854775807LL - 1}}),
@@ -42,7 +42,7 @@ TEST(PlistWriter, escapesMarkupOnceAndNothingElse)
                 "<key>b</key><integer>-9223372036854775808</integer></dict></plist>");
 }
 
-TEST(PlistReader, readsEveryKindOfValue)
+TEST(PlistReader, ReadsEveryKindOfValue)
 {
     const struct
     {
@@ -71,7 +71,7 @@ TEST(PlistReader, readsEveryKindOfValue)
     }
 }
 
-TEST(PlistReader, keepsWhatCameBeforeTheDamage)
+TEST(PlistReader, KeepsWhatCameBeforeTheDamage)
 {
     const QVariantMap first{{u"a"_s, 1LL}};
     const QByteArray dict = "<dict><key>a</key><integer>1</integer>";
@@ -87,7 +87,7 @@ TEST(PlistReader, keepsWhatCameBeforeTheDamage)
 }
 
 // Each of these is four megabytes at most and would cost a trusting reader gigabytes or minutes.
-TEST(PlistReader, survivesBombs)
+TEST(PlistReader, SurvivesBombs)
 {
     const QByteArray dict = "<dict><key>a</key><string>&e;</string></dict>";
     const auto large = [](const QByteArray& part) {

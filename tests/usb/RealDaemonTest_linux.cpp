@@ -92,7 +92,7 @@ private:
     QProcess m_daemon;
 };
 
-TEST(RealUsbMuxDaemon, isFoundLostAndFoundAgain)
+TEST(RealUsbMuxDaemon, IsFoundLostAndFoundAgain)
 {
     RealDaemon daemon;
     const std::uint16_t port = daemon.port();

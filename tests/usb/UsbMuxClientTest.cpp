@@ -75,7 +75,7 @@ protected:
     std::vector<bool> changes;
 };
 
-TEST_F(UsbMuxClientTest, turnsAnAttachedPhoneIntoAConnectedSocket)
+TEST_F(UsbMuxClientTest, TurnsAnAttachedPhoneIntoAConnectedSocket)
 {
     // The daemon may say something else first, and the phone may speak right behind its answer.
     daemon.answer = [](int device) {
@@ -109,7 +109,7 @@ TEST_F(UsbMuxClientTest, turnsAnAttachedPhoneIntoAConnectedSocket)
     EXPECT_THAT(changes, ElementsAre(true));
 }
 
-TEST_F(UsbMuxClientTest, ignoresWhatIsNoPhoneOnUsb)
+TEST_F(UsbMuxClientTest, IgnoresWhatIsNoPhoneOnUsb)
 {
     using D = MuxDaemon;
     for (const QByteArray& message : {D::attached("1", "Network"), D::attached("4294967297"),
@@ -125,7 +125,7 @@ TEST_F(UsbMuxClientTest, ignoresWhatIsNoPhoneOnUsb)
     EXPECT_THAT(changes, ElementsAre(true));
 }
 
-TEST_F(UsbMuxClientTest, triesARefusedPhoneAgainButNeverTwiceAtOnce)
+TEST_F(UsbMuxClientTest, TriesARefusedPhoneAgainButNeverTwiceAtOnce)
 {
     // Device 1 is refused, then gets an answer without framing, then is accepted; 2 gets no answer.
     daemon.answer = [this](int device) {
@@ -142,7 +142,7 @@ TEST_F(UsbMuxClientTest, triesARefusedPhoneAgainButNeverTwiceAtOnce)
     EXPECT_TRUE(waitUntil([this] { return daemon.connections() == 2; }));
 }
 
-TEST_F(UsbMuxClientTest, replacesALostTunnelUnlessThePhoneSaidGoodbye)
+TEST_F(UsbMuxClientTest, ReplacesALostTunnelUnlessThePhoneSaidGoodbye)
 {
     daemon.announce(daemon.attached("1"));
     waitForTunnels(1);
@@ -168,7 +168,7 @@ TEST_F(UsbMuxClientTest, replacesALostTunnelUnlessThePhoneSaidGoodbye)
     waitForTunnels(5);
 }
 
-TEST_F(UsbMuxClientTest, aTunnelLostAfterItsSuccessorCameOpensNoThird)
+TEST_F(UsbMuxClientTest, ATunnelLostAfterItsSuccessorCameOpensNoThird)
 {
     daemon.announce(daemon.attached("1"));
     waitForTunnels(1);
@@ -179,7 +179,7 @@ TEST_F(UsbMuxClientTest, aTunnelLostAfterItsSuccessorCameOpensNoThird)
     EXPECT_EQ(daemon.requests[1], 2);
 }
 
-TEST_F(UsbMuxClientTest, findsTheDaemonAgainAfterLosingIt)
+TEST_F(UsbMuxClientTest, FindsTheDaemonAgainAfterLosingIt)
 {
     daemon.answer = [](int device) {
         return device == 2 ? QByteArray() : MuxDaemon::result(device == 99 ? 3 : 0);
@@ -208,7 +208,7 @@ TEST_F(UsbMuxClientTest, findsTheDaemonAgainAfterLosingIt)
     EXPECT_EQ(daemon.requests[2], 1) << "the phones of the lost daemon are forgotten";
 }
 
-TEST_F(UsbMuxClientTest, survivesAHostileDaemon)
+TEST_F(UsbMuxClientTest, SurvivesAHostileDaemon)
 {
     std::mt19937 random(20240229);
     const auto below = [&](qsizetype n) {
@@ -249,7 +249,7 @@ TEST_F(UsbMuxClientTest, survivesAHostileDaemon)
     waitForTunnels(1);
 }
 
-TEST_F(UsbMuxClientTest, takesNoMorePhonesThanABusCanHold)
+TEST_F(UsbMuxClientTest, TakesNoMorePhonesThanABusCanHold)
 {
     daemon.answer = [](int device) {
         return device == 99 ? MuxDaemon::result(3) : QByteArray();
@@ -262,7 +262,7 @@ TEST_F(UsbMuxClientTest, takesNoMorePhonesThanABusCanHold)
     EXPECT_LE(daemon.requests.size(), 127 + 1);
 }
 
-TEST_F(UsbMuxClientTest, leavesNothingBehindWhenPhonesComeAndGo)
+TEST_F(UsbMuxClientTest, LeavesNothingBehindWhenPhonesComeAndGo)
 {
     const auto cycle = [&] {
         tunnels.clear();

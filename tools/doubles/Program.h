@@ -9,13 +9,13 @@
 
 namespace pevrix {
 
-/// A command line without quotes, cut at its spaces.
+// A command line without quotes, cut at its spaces.
 inline QStringList words(const char* text)
 {
     return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
 }
 
-/// A program that runs from here on, and is killed with its owner if need be.
+// A program that runs from here on, and is killed with its owner if need be.
 class Program : public QProcess
 {
 public:
@@ -29,21 +29,21 @@ public:
 
     ~Program() override { end(); }
 
-    /// At once, without a goodbye.
+    // At once, without a goodbye.
     void end()
     {
         kill();
         waitForFinished();
     }
 
-    /// Waits for the end. The exit code; -1 after a crash, or when it does not start or end.
+    // Waits for the end. The exit code; -1 after a crash, or when it does not start or end.
     [[nodiscard]] int awaitExit()
     {
         const bool ended = waitUntil([this] { return state() == NotRunning; });
         return ended && error() == UnknownError && exitStatus() == NormalExit ? exitCode() : -1;
     }
 
-    /// All that was printed until now.
+    // All that was printed until now.
     [[nodiscard]] QString output()
     {
         m_output += QString::fromUtf8(readAllStandardOutput());

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 
-/// A camera library that shows nothing and remembers what was done to it. A test reaches the state
+// A camera library that shows nothing and remembers what was done to it. A test reaches the state
 // through the exported function testcamState of the very library that the program loads; the state
 // lives as long as the library stays loaded.
 struct TestcamState

@@ -8,8 +8,8 @@
 
 namespace pevrix {
 
-/// Runs the event loop until the condition holds; false when it never does. The limit is far beyond
-/// what a slow machine needs. Looks again after every event, so that nothing is slept away.
+// Runs the event loop until the condition holds; false when it never does. The limit is far beyond
+// what a slow machine needs. Looks again after every event, so that nothing is slept away.
 template <typename Condition>
 [[nodiscard]] bool waitUntil(const Condition& condition,
                              QDeadlineTimer limit = QDeadlineTimer(std::chrono::minutes(1)))

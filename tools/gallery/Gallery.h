@@ -11,7 +11,7 @@ class QQuickWindow;
 
 namespace pevrix {
 
-/// The real window around a scripted controller, photographed view by view.
+// The real window around a scripted controller, photographed view by view.
 class Gallery
 {
 public:
@@ -25,13 +25,13 @@ public:
     explicit Gallery(const Options& options);
     ~Gallery();
 
-    /// For the translator, before load().
+    // For the translator, before load().
     [[nodiscard]] QQmlEngine* engine() { return &m_engine; }
 
-    /// False when the interface does not load; Qt's warnings tell why.
+    // False when the interface does not load; Qt's warnings tell why.
     [[nodiscard]] bool load();
 
-    /// Writes a PNG of every view into the folder. Returns the files that could not be written.
+    // Writes a PNG of every view into the folder. Returns the files that could not be written.
     [[nodiscard]] QStringList takePictures();
 
 private:

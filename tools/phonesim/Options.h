@@ -10,13 +10,13 @@ class QCoreApplication;
 
 namespace pevrix {
 
-/// What the command line says. Times count from the moment the PC accepted the phone; an absent one
-/// means never.
+// What the command line says. Times count from the moment the PC accepted the phone; an absent one
+// means never.
 struct Options
 {
     using Time = std::optional<std::chrono::milliseconds>;
 
-    bool usbmux = false; ///< the PC comes to the phone
+    bool usbmux = false; // the PC comes to the phone
     quint16 usbmuxPort = 0;
     QString host;
     quint16 port = 0;
@@ -25,13 +25,13 @@ struct Options
     QSize size;
     int fps = 0;
     Time stallAfter;
-    Time stallFor; ///< absent: until the end
+    Time stallFor; // absent: until the end
     Time resizeAfter;
     QSize resizeTo;
 };
 
-/// Reads the command line. Ends the program for --help, and with exit code 1 and a reason for what
-/// it cannot take.
+// Reads the command line. Ends the program for --help, and with exit code 1 and a reason for what
+// it cannot take.
 [[nodiscard]] Options readOptions(const QCoreApplication& application);
 
 } // namespace pevrix

@@ -7,14 +7,14 @@
 
 namespace pevrix {
 
-/// A generated picture with the frame's number and a text, in which things move, from a live
-/// encoder such as a phone has: baseline profile, no delay, one slice a picture, constant bit rate,
-/// parameter sets in every keyframe. The encoder starts with the first frame. Needs a
-/// QGuiApplication.
+// A generated picture with the frame's number and a text, in which things move, from a live
+// encoder such as a phone has: baseline profile, no delay, one slice a picture, constant bit rate,
+// parameter sets in every keyframe. The encoder starts with the first frame. Needs a
+// QGuiApplication.
 class PatternSource final : public VideoSource
 {
 public:
-    /// Sides are even and within these limits.
+    // Sides are even and within these limits.
     static constexpr int kMinSide = 64;
     static constexpr int kMaxSide = 4096;
 

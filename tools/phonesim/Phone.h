@@ -17,7 +17,7 @@
 
 namespace pevrix {
 
-/// What a phone says of itself.
+// What a phone says of itself.
 struct PhoneIdentity
 {
     QString deviceId = QStringLiteral("phonesim-1");
@@ -26,11 +26,11 @@ struct PhoneIdentity
     QString os = QStringLiteral("1.0");
 };
 
-/// A simulated phone, for one connection: over the network or through a tunnel of the usbmux
-/// daemon. It greets, answers pings, sends thumbnails, and streams in time while the PC wants it.
-/// Every start of the video, be it after holding, a stall, a start request or a change of size,
-/// begins with the stream info, the parameter sets and a keyframe. The stream's clock begins with
-/// the first frame and goes on while the video is held. Lives on one thread with an event loop.
+// A simulated phone, for one connection: over the network or through a tunnel of the usbmux
+// daemon. It greets, answers pings, sends thumbnails, and streams in time while the PC wants it.
+// Every start of the video, be it after holding, a stall, a start request or a change of size,
+// begins with the stream info, the parameter sets and a keyframe. The stream's clock begins with
+// the first frame and goes on while the video is held. Lives on one thread with an event loop.
 class Phone final : public QObject
 {
     Q_OBJECT
@@ -40,30 +40,30 @@ public:
     enum class State
     {
         Connecting,
-        Greeting, ///< connected, the hello is not answered yet
-        Holding,  ///< accepted; the PC wants no video
+        Greeting, // connected, the hello is not answered yet
+        Holding,  // accepted; the PC wants no video
         Streaming,
-        Over, ///< there is no connection any more
+        Over, // there is no connection any more
     };
 
-    /// Unlike a source's own, `framesPerSecond` may be a fraction; 0 means the source's.
+    // Unlike a source's own, `framesPerSecond` may be a fraction; 0 means the source's.
     explicit Phone(std::unique_ptr<VideoSource> source, PhoneIdentity identity = {},
                    double framesPerSecond = 0, QObject* parent = nullptr);
 
-    /// Once, and not with the other one.
+    // Once, and not with the other one.
     void connectTo(const QString& host, quint16 port, const QString& token);
-    /// The PC's connection to a phone on a cable; the PC says the token. Takes the socket over.
+    // The PC's connection to a phone on a cable; the PC says the token. Takes the socket over.
     void takeTunnel(QTcpSocket* socket);
 
-    /// Sends these bytes between two messages, whatever they are.
+    // Sends these bytes between two messages, whatever they are.
     void send(const QByteArray& bytes);
-    /// Holds the video back, or goes on with it. The rest of the connection stays alive.
+    // Holds the video back, or goes on with it. The rest of the connection stays alive.
     void setStalled(bool stalled);
-    /// Changes the size in mid-stream, if the source can.
+    // Changes the size in mid-stream, if the source can.
     void resize(QSize size);
-    /// Says goodbye, so that the PC gets everything and then closes the connection.
+    // Says goodbye, so that the PC gets everything and then closes the connection.
     void leave();
-    /// Tears the connection down; what is on the way may get lost.
+    // Tears the connection down; what is on the way may get lost.
     void cutOff();
 
     [[nodiscard]] State state() const { return m_state; }
@@ -72,17 +72,17 @@ public:
         return m_state == State::Holding || m_state == State::Streaming;
     }
     [[nodiscard]] bool wasAccepted() const { return m_accepted; }
-    /// What the PC refused the phone with, as "CODE: message"; empty when it did not.
+    // What the PC refused the phone with, as "CODE: message"; empty when it did not.
     [[nodiscard]] QString refusal() const { return m_refusal; }
     [[nodiscard]] qint64 framesSent() const { return m_framesSent; }
-    /// Frames given up because this machine or the PC was too slow.
+    // Frames given up because this machine or the PC was too slow.
     [[nodiscard]] qint64 framesDropped() const { return m_framesDropped; }
 
 Q_SIGNALS:
     void stateChanged();
-    /// Everything that the PC says, after the phone has acted on it.
+    // Everything that the PC says, after the phone has acted on it.
     void received(const pevrix::Message& message);
-    /// The bytes of an access unit were written to the socket. Valid during the call.
+    // The bytes of an access unit were written to the socket. Valid during the call.
     void frameSent(QByteArrayView accessUnit);
 
 private:

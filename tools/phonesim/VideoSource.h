@@ -12,7 +12,7 @@
 
 namespace pevrix {
 
-/// Where a simulated phone's video comes from. Used from one thread.
+// Where a simulated phone's video comes from. Used from one thread.
 class VideoSource
 {
 public:
@@ -23,21 +23,21 @@ public:
 
     [[nodiscard]] virtual StreamDescription description() const = 0;
 
-    /// The access unit of frame `number`, which rises from call to call; valid until the next call.
-    /// With `wantKeyframe` it is a keyframe. Every keyframe carries its parameter sets. Nothing on
-    /// failure.
+    // The access unit of frame `number`, which rises from call to call; valid until the next call.
+    // With `wantKeyframe` it is a keyframe. Every keyframe carries its parameter sets. Nothing on
+    // failure.
     [[nodiscard]] virtual std::optional<AccessUnit> next(qint64 number, bool wantKeyframe) = 0;
 
-    /// Goes on with another picture size, beginning with a keyframe. False when the source cannot.
+    // Goes on with another picture size, beginning with a keyframe. False when the source cannot.
     [[nodiscard]] virtual bool resize(QSize) { return false; }
 
-    /// A JPEG of the picture for the PC's list of phones; empty when there is none.
+    // A JPEG of the picture for the PC's list of phones; empty when there is none.
     [[nodiscard]] virtual QByteArray thumbnail() { return {}; }
 };
 
-/// Plays encoded pictures over and over, in order whatever their numbers are, so that none lacks
-/// the one that it builds on. The bytes belong to others and outlive it; the first unit is a
-/// keyframe with its parameter sets.
+// Plays encoded pictures over and over, in order whatever their numbers are, so that none lacks
+// the one that it builds on. The bytes belong to others and outlive it; the first unit is a
+// keyframe with its parameter sets.
 class ClipSource : public VideoSource
 {
 public:
