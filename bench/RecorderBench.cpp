@@ -6,7 +6,7 @@
 #include "bench/FfmpegPeer.h"
 #include "bench/VideoBench.h"
 #include "picture/PictureSize.h"
-#include "video/Mp4RecorderPlatform_ffmpeg.h"
+#include "video/Mp4RecorderPlatform_linux.h"
 
 #include <cerrno>
 #include <cstring>

@@ -240,6 +240,7 @@ void AppController::onPhoneConnected(PhoneRoster::Phone phone)
         qInfo("Pevrix: phone %d connected over %s%s", phone.id, phone.usb ? "USB" : "Wi-Fi",
               note->c_str());
     }
+    m_pipeline.expectStream();
     m_phones.add(std::move(phone));
     watchFirewall();
     Q_EMIT changed();

@@ -2,6 +2,7 @@
 
 #include "controller/Card.h"
 #include "picture/PictureSize.h"
+#include "video/VideoBackEnd.h"
 
 #include <cstring>
 #include <span>
@@ -81,6 +82,18 @@ void LivePipeline::resizeCamera(QSize size)
         qWarning("Pevrix: there is no virtual camera of %d x %d%s", size.width(), size.height(),
                  note->c_str());
     }
+}
+
+void LivePipeline::expectStream()
+{
+    if (m_loading.joinable()) {
+        return;
+    }
+    m_loading = std::jthread([] {
+        if (const std::string problem = loadVideoBackEnd(); !problem.empty()) {
+            qWarning("Pevrix: video can be neither decoded nor recorded: %s", problem.c_str());
+        }
+    });
 }
 
 void LivePipeline::startStream(QSize size, bool direct)

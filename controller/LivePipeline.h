@@ -17,6 +17,7 @@
 #include <array>
 #include <chrono>
 #include <functional>
+#include <thread>
 #include <utility>
 
 namespace pevrix {
@@ -68,6 +69,10 @@ public:
 
     // The address that the idle card shows; a card that is being sent is redrawn.
     void setPairAddress(const QString& address);
+
+    // A phone is there: loads what decodes its video, in a thread of its own, so that the first
+    // picture need not wait for it.
+    void expectStream();
 
     // Video of this size begins; a size that no picture has leaves the camera as it is until the
     // first picture. `direct`: each picture is delivered as it is decoded (a cable has no jitter),
@@ -167,6 +172,7 @@ private:
     QTimer m_pacingTimer;
     StallDetector m_stall;
     QTimer m_stallTimer;
+    std::jthread m_loading;
     LogLimiter m_streamLines; // a phone may describe streams as often as it likes
     DecodeTime m_decodeTime;
 };

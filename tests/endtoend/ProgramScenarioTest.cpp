@@ -31,12 +31,14 @@ constexpr QSize kSize(320, 240);
 class ProgramScenarioTest : public testing::Test
 {
 protected:
-    // The program looks for its camera library beside itself, so it gets a folder of its own.
+    // The program looks for its libraries beside itself, so it gets a folder of its own.
     void SetUp() override
     {
         const std::filesystem::path bin(PEVRIX_BIN_DIR);
         const std::filesystem::path folder(m_folder.path().toStdString());
-        std::filesystem::create_hard_link(bin / "pevrix", folder / "pevrix");
+        for (const char* file : {"pevrix", "libpevrix-ffmpeg.so"}) {
+            std::filesystem::create_hard_link(bin / file, folder / file);
+        }
         std::filesystem::create_hard_link(bin / TESTCAM_NAME, folder / "libsoftcam.so");
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"LOCALAPPDATA"_s, m_folder.path());

@@ -1,7 +1,7 @@
 // Recordings as independent programs read them.
 #include "tests/video/FileProbe.h"
 #include "tests/video/RecorderTraits.h"
-#include "video/Mp4RecorderPlatform_ffmpeg.h"
+#include "video/Mp4RecorderPlatform_linux.h"
 #include "video/PictureQueue.h"
 
 #include <gmock/gmock.h>

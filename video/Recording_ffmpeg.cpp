@@ -1,5 +1,5 @@
-#include "video/Mp4Recorder.h"
-#include "video/Mp4RecorderPlatform_ffmpeg.h"
+#include "video/Recording_ffmpeg.h"
+
 #include "video/Mp4Writer_ffmpeg.h"
 #include "video/PictureQueue.h"
 
@@ -17,9 +17,6 @@
 namespace pevrix {
 
 namespace {
-
-// Higher rates are not told to the encoder, which only estimates by them.
-constexpr int kMaxFps = 1000;
 
 // Pictures that may wait for the encoder: a quarter of a second at 30 pictures per second, long
 // enough for the keyframes, which take longer than other pictures, and for a busy disk.
@@ -105,15 +102,11 @@ void fill(AVFrame& frame, const std::uint8_t* bgr, int width, int height, RowPai
     }
 }
 
-} // namespace
-
 // A recording with its thread: the caller's thread converts pictures into the queue, the
 // recording's own encodes and writes them until there are no more or writing fails.
-class Mp4Recorder::Recording
+class Recording final : public IRecording
 {
 public:
-    using Clock = std::chrono::steady_clock;
-
     Recording(std::unique_ptr<Mp4Writer> writer, int width, int height, int fps,
               Clock::time_point start)
         : m_writer(std::move(writer))
@@ -127,17 +120,15 @@ public:
     {}
 
     // Completes the file.
-    ~Recording()
+    ~Recording() override
     {
         m_queue.close();
         m_thread.join();
     }
-    Recording(const Recording&) = delete;
-    Recording& operator=(const Recording&) = delete;
 
-    void add(const std::uint8_t* pixels, Clock::time_point now);
-    [[nodiscard]] bool failed() const { return m_failed; }
-    [[nodiscard]] std::uint64_t dropped() const { return m_queue.dropped(); }
+    void add(const std::uint8_t* pixels, Clock::time_point now) override;
+    [[nodiscard]] bool failed() const override { return m_failed; }
+    [[nodiscard]] std::uint64_t droppedPictures() const override { return m_queue.dropped(); }
 
 private:
     void writePictures();
@@ -154,7 +145,7 @@ private:
     std::thread m_thread; // last, for it uses the others
 };
 
-void Mp4Recorder::Recording::add(const std::uint8_t* pixels, Clock::time_point now)
+void Recording::add(const std::uint8_t* pixels, Clock::time_point now)
 {
     FrameHandle frame = m_queue.take();
     if (!prepare(frame, roundedUpToEven(m_width), roundedUpToEven(m_height))) {
@@ -169,7 +160,7 @@ void Mp4Recorder::Recording::add(const std::uint8_t* pixels, Clock::time_point n
     m_queue.push(std::move(frame));
 }
 
-void Mp4Recorder::Recording::writePictures()
+void Recording::writePictures()
 {
     FrameHandle frame;
     while (m_queue.exchange(frame)) {
@@ -181,67 +172,23 @@ void Mp4Recorder::Recording::writePictures()
     m_writer->finish();
 }
 
-Mp4Recorder::Mp4Recorder()
-    : Mp4Recorder(Platform{})
-{}
+} // namespace
 
-Mp4Recorder::Mp4Recorder(const Platform& platform)
-    : m_platform(std::make_unique<const Platform>(platform))
-{}
-
-Mp4Recorder::~Mp4Recorder() = default;
-
-bool Mp4Recorder::open(const std::filesystem::path& path, std::uint32_t width, std::uint32_t height,
-                       int fps)
+std::unique_ptr<IRecording> openRecording(const IRecording::Description& description)
 {
-    if (isOpen() || !accepts(width, height)) {
-        return false;
-    }
-    close(); // a recording that has ended by itself
-    const int w = static_cast<int>(width);
-    const int h = static_cast<int>(height);
-    const int rate = std::min(fps > 0 ? fps : kDefaultFps, kMaxFps);
+    const auto& [path, width, height, fps, encoders, start] = description;
     auto writer =
-        Mp4Writer::create(path, roundedUpToEven(w), roundedUpToEven(h), rate, m_platform->encoders);
+        Mp4Writer::create(path, roundedUpToEven(width), roundedUpToEven(height), fps, encoders);
     if (writer == nullptr) {
-        return false;
+        return nullptr;
     }
     try {
-        m_recording = std::make_unique<Recording>(std::move(writer), w, h, rate, m_platform->now());
+        return std::make_unique<Recording>(std::move(writer), width, height, fps, start);
     } catch (const std::exception&) { // no thread, no memory
         std::error_code ignored;
         std::filesystem::remove(path, ignored);
-        return false;
+        return nullptr;
     }
-    m_width = width;
-    m_height = height;
-    m_droppedBefore = 0;
-    return true;
-}
-
-void Mp4Recorder::writeFrame(const std::uint8_t* pixels)
-{
-    if (pixels != nullptr && isOpen()) {
-        m_recording->add(pixels, m_platform->now());
-    }
-}
-
-void Mp4Recorder::close()
-{
-    if (m_recording != nullptr) {
-        m_droppedBefore = m_recording->dropped();
-        m_recording.reset();
-    }
-}
-
-bool Mp4Recorder::isOpen() const
-{
-    return m_recording != nullptr && !m_recording->failed();
-}
-
-std::uint64_t Mp4Recorder::droppedPictures() const
-{
-    return m_recording != nullptr ? m_recording->dropped() : m_droppedBefore;
 }
 
 } // namespace pevrix

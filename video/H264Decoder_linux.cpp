@@ -1,0 +1,70 @@
+#include "video/FFmpegModule_linux.h"
+#include "video/H264Decoder.h"
+
+#include <utility>
+
+namespace pevrix {
+
+struct H264Decoder::Transform
+{
+    std::unique_ptr<IStreamDecoder> decoder;
+};
+
+H264Decoder::H264Decoder(FrameCallback onFrame)
+    : m_onFrame(std::move(onFrame))
+{}
+
+H264Decoder::~H264Decoder() = default;
+
+void H264Decoder::setFrameCallback(FrameCallback onFrame)
+{
+    m_onFrame = std::move(onFrame);
+}
+
+bool H264Decoder::initialize(std::uint32_t /*width*/, std::uint32_t /*height*/)
+{
+    reset();
+    const FFmpegModule* module = ffmpegModule();
+    auto decoder = module != nullptr ? module->openDecoder() : nullptr;
+    if (decoder == nullptr) {
+        return false;
+    }
+    m_transform = std::make_unique<Transform>(std::move(decoder));
+    return true;
+}
+
+bool H264Decoder::initialized() const
+{
+    return m_transform != nullptr;
+}
+
+void H264Decoder::feed(std::span<const std::uint8_t> data, std::int64_t timestampUs)
+{
+    if (m_transform == nullptr || data.empty()) {
+        return;
+    }
+    if (!m_transform->decoder->send(data, timestampUs)) {
+        drain();
+        static_cast<void>(m_transform->decoder->send(data, timestampUs));
+    }
+    drain();
+}
+
+void H264Decoder::drain()
+{
+    if (m_transform == nullptr) {
+        return;
+    }
+    while (const auto picture = m_transform->decoder->receive(m_bgr)) {
+        if (m_onFrame) {
+            m_onFrame(m_bgr.data(), picture->width, picture->height, picture->ptsUsec);
+        }
+    }
+}
+
+void H264Decoder::reset()
+{
+    m_transform.reset();
+}
+
+} // namespace pevrix
