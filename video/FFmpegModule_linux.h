@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-// What the program takes from libpevrix-ffmpeg.so, the library of ours beside it that alone is linked
-// with FFmpeg. FFmpeg brings some ninety libraries along, which a program without a phone need not
-// load.
+// What the program takes from libpevrix-ffmpeg.so, the library of ours beside it that alone is
+// linked with FFmpeg. FFmpeg brings some ninety libraries along, which a program without a phone
+// need not load.
 namespace pevrix {
 
 struct DecodedPicture
@@ -34,7 +34,8 @@ public:
     [[nodiscard]] virtual bool send(std::span<const std::uint8_t> data,
                                     std::int64_t timestampUs) = 0;
 
-    // Converts the next picture that is ready into `bgr`, as packed pixels. None when there is none.
+    // Converts the next picture that is ready into `bgr`, as packed pixels. None when there is
+    // none.
     [[nodiscard]] virtual std::optional<DecodedPicture> receive(std::vector<std::uint8_t>& bgr) = 0;
 };
 

@@ -90,8 +90,7 @@ bool StreamDecoder::open()
 
 // The packet's buffer is kept and filled anew: without one, the library would allocate and copy
 // for each packet.
-bool StreamDecoder::fillPacket(std::span<const std::uint8_t> data,
-                                        std::int64_t timestampUs)
+bool StreamDecoder::fillPacket(std::span<const std::uint8_t> data, std::int64_t timestampUs)
 {
     if (data.size() > INT_MAX / 2) {
         return false;

@@ -1,6 +1,5 @@
-#include "video/VideoBackEnd.h"
-
 #include "video/FFmpegModule_linux.h"
+#include "video/VideoBackEnd.h"
 
 #include <dlfcn.h>
 #include <system_error>
@@ -25,8 +24,7 @@ LoadedModule load()
     if (library == nullptr) {
         return {nullptr, dlerror()};
     }
-    const auto entry =
-        reinterpret_cast<FFmpegModuleEntry>(dlsym(library, kFFmpegModuleEntryName));
+    const auto entry = reinterpret_cast<FFmpegModuleEntry>(dlsym(library, kFFmpegModuleEntryName));
     const FFmpegModule* module = entry != nullptr ? entry() : nullptr;
     if (module == nullptr || module->version != FFmpegModule::kVersion) {
         return {nullptr, file.string() + " belongs to another version"};

@@ -18,8 +18,8 @@ using pevrix::waitUntil;
 
 namespace {
 
-// The real program without a display, in a folder of its own with its camera library, its settings,
-// its log and the token that it leaves beside itself.
+// The real program without a display, in a folder of its own with its libraries, its settings, its
+// log and the token that it leaves beside itself.
 class Pevrix
 {
 public:
@@ -28,7 +28,7 @@ public:
     {
         const std::filesystem::path bin(PEVRIX_BIN_DIR);
         const std::filesystem::path home(m_home.path().toStdString());
-        for (const char* file : {"pevrix", "libsoftcam.so"}) {
+        for (const char* file : {"pevrix", "libpevrix-ffmpeg.so", "libsoftcam.so"}) {
             std::filesystem::create_hard_link(bin / file, home / file);
         }
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -118,6 +118,17 @@ TEST(Program, ShowsTheLiveVideoOfAPhoneAndQuitsCleanly)
         u"stopped after %1 access units received, %1 pictures decoded"_s.arg(frames)))
         << qPrintable(phone->output() + program.log());
     program.expectNoWarnings();
+}
+
+TEST(Program, SaysWhyItCannotDecodeAndGoesOn)
+{
+    Pevrix program;
+    ASSERT_TRUE(QFile::remove(program.path(u"libpevrix-ffmpeg.so"_s)));
+    const auto phone = startPhone(program, u"Phone"_s);
+    EXPECT_NE(program.waitForLog(u"neither decoded nor recorded: .*libpevrix-ffmpeg.so"_s),
+              QString());
+    EXPECT_NE(program.waitForLog(u"there is no decoder for the stream"_s), QString());
+    EXPECT_EQ(program.quit(), 0);
 }
 
 TEST(Program, TakesAPictureOfItsWindowWhenTheDelayIsOver)

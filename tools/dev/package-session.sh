@@ -23,6 +23,8 @@ appstreamcli validate --no-net --explain "/usr/share/metainfo/$id.metainfo.xml" 
     fail "the description for software centres is not valid"
 ls /usr/share/icons/hicolor/*/apps/$id.* >/dev/null || fail "the menu entry has no icon"
 
+! ldd /usr/lib/pevrix/lib*.so | grep 'not found' >&2 || fail "what a library needs is not there"
+
 command=$(sed -n 's/^Exec=//p' "$entry")
 # Away from the build folder, so that nothing is found there by chance.
 cd /
