@@ -56,9 +56,7 @@ void AppController::connectServer()
                    bool usb) { onPhoneConnected({id, deviceId, {}, name, model, os, usb}); });
     connect(&m_server, &PhoneServer::phoneDisconnected, this, &AppController::onPhoneDisconnected);
     connect(&m_server, &PhoneServer::devicePaired, this,
-            [this](const QString& deviceId, const QString& token) {
-                m_settings.trust(deviceId, token);
-            });
+            [this] { m_settings.setTrusted(m_server.trusted()); });
     connect(&m_server, &PhoneServer::streamInfo, this,
             [this](int id, int width, int height, int fps) {
                 m_phones.setStream(id, QSize(width, height), fps);
@@ -290,7 +288,7 @@ void AppController::setMinimizeToTray(bool on)
 void AppController::regeneratePairing()
 {
     m_server.clearTrusted();
-    m_settings.forgetTrusted();
+    m_settings.setTrusted({});
     refreshPairingInfo();
     m_firewall.refresh();
     Q_EMIT changed();
@@ -317,8 +315,8 @@ void AppController::allowThroughFirewall()
 
 void AppController::renamePhone(int id, const QString& newName)
 {
-    if (const auto change = m_phones.roster().rename(id, newName)) {
-        m_settings.setName(change->deviceId, change->name);
+    if (m_phones.roster().rename(id, newName)) {
+        m_settings.setNames(m_phones.roster().names());
         Q_EMIT changed();
     }
 }

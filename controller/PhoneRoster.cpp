@@ -65,11 +65,11 @@ bool PhoneRoster::setActive(int id)
     return true;
 }
 
-std::optional<PhoneRoster::NameChange> PhoneRoster::rename(int id, const QString& newName)
+bool PhoneRoster::rename(int id, const QString& newName)
 {
     const auto phone = iteratorOf(id);
     if (phone == m_phones.end()) {
-        return std::nullopt;
+        return false;
     }
     const QString name = newName.trimmed();
     if (name.isEmpty()) {
@@ -78,7 +78,7 @@ std::optional<PhoneRoster::NameChange> PhoneRoster::rename(int id, const QString
         m_names.insert(phone->deviceId, name);
     }
     phone->name = displayName(*phone);
-    return NameChange{phone->deviceId, name};
+    return true;
 }
 
 QVariantList PhoneRoster::toVariantList() const

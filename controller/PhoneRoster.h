@@ -4,7 +4,6 @@
 #include <QString>
 #include <QVariantList>
 
-#include <optional>
 #include <vector>
 
 namespace pevrix {
@@ -28,16 +27,10 @@ public:
         bool usb = false;
     };
 
-    // What has to be stored after a rename: an empty name removes the stored one.
-    struct NameChange
-    {
-        QString deviceId;
-        QString name;
-    };
-
     using Names = QHash<QString, QString>; // device id to the user's name
 
     void setNames(Names names) { m_names = std::move(names); }
+    [[nodiscard]] const Names& names() const { return m_names; }
 
     // Appends a phone, whose `name` is filled in here. A phone that greets again on the same
     // session keeps its place and gets the new data. True when it has become the active phone.
@@ -51,8 +44,8 @@ public:
     bool setActive(int id);
 
     // Renames the device of a listed phone. White space around the name is dropped; a name of
-    // nothing else gives the phone its own name back. Nothing when the phone is not listed.
-    std::optional<NameChange> rename(int id, const QString& newName);
+    // nothing else gives the phone its own name back. False when the phone is not listed.
+    bool rename(int id, const QString& newName);
 
     [[nodiscard]] bool isEmpty() const { return m_phones.empty(); }
     [[nodiscard]] int activeId() const { return m_activeId; }

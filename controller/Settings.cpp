@@ -113,15 +113,9 @@ Settings::DeviceMap Settings::trusted() const
     return group(kTrusted);
 }
 
-void Settings::trust(const QString& deviceId, const QString& token)
+void Settings::setTrusted(const DeviceMap& tokens)
 {
-    writeDevice(kTrusted, deviceId, token);
-}
-
-void Settings::forgetTrusted()
-{
-    m_store->remove(kTrusted);
-    m_store->sync();
+    replaceGroup(kTrusted, tokens);
 }
 
 Settings::DeviceMap Settings::names() const
@@ -129,9 +123,9 @@ Settings::DeviceMap Settings::names() const
     return group(kNames);
 }
 
-void Settings::setName(const QString& deviceId, const QString& name)
+void Settings::setNames(const DeviceMap& names)
 {
-    writeDevice(kNames, deviceId, name);
+    replaceGroup(kNames, names);
 }
 
 // All keys below the group, not its children only: an id with a slash in it is a deeper key.
@@ -148,16 +142,19 @@ Settings::DeviceMap Settings::group(QLatin1StringView name) const
     return map;
 }
 
-void Settings::writeDevice(QLatin1StringView group, const QString& deviceId, const QString& value)
+void Settings::replaceGroup(QLatin1StringView name, const DeviceMap& values)
 {
-    if (deviceId.isEmpty() || deviceId.size() > kMaxDeviceIdLength) {
-        return;
+    const DeviceMap stored = group(name);
+    for (const QString& deviceId : stored.keys()) {
+        if (!values.contains(deviceId)) {
+            m_store->remove(name + u'/' + deviceId);
+        }
     }
-    const QString key = group + u'/' + deviceId;
-    if (value.isEmpty()) {
-        m_store->remove(key);
-    } else {
-        m_store->setValue(key, value);
+    for (const auto& [deviceId, value] : values.asKeyValueRange()) {
+        const bool fits = !deviceId.isEmpty() && deviceId.size() <= kMaxDeviceIdLength;
+        if (fits && stored.value(deviceId) != value) {
+            m_store->setValue(name + u'/' + deviceId, value);
+        }
     }
     // At once: a pairing must not be lost with a crash a moment later.
     m_store->sync();

@@ -36,21 +36,20 @@ public:
     [[nodiscard]] bool minimizeToTray() const;
     void setMinimizeToTray(bool on);
 
-    // Phones that may connect, with the token that each was paired with.
+    // The tokens of the phones that may connect. The phone server owns them; here they are stored.
     [[nodiscard]] DeviceMap trusted() const;
-    void trust(const QString& deviceId, const QString& token);
-    void forgetTrusted();
+    void setTrusted(const DeviceMap& tokens);
 
-    // The user's names for phones; an empty name removes one.
+    // The user's names for phones. The roster owns them; here they are stored.
     [[nodiscard]] DeviceMap names() const;
-    void setName(const QString& deviceId, const QString& name);
+    void setNames(const DeviceMap& names);
 
     [[nodiscard]] QString fileName() const { return m_store->fileName(); }
 
 private:
     void keepDamagedFile() const;
     DeviceMap group(QLatin1StringView name) const;
-    void writeDevice(QLatin1StringView group, const QString& deviceId, const QString& value);
+    void replaceGroup(QLatin1StringView name, const DeviceMap& values);
 
     std::unique_ptr<QSettings> m_store; // never null
 };

@@ -72,8 +72,10 @@ public:
     void setToken(const QString& token) { m_token = token; }
     // The name that USB phones are told.
     void setPcName(const QString& name) { m_pcName = name; }
-    // The phones trusted so far: deviceId to the token it was trusted with.
+    // The trusted phones, device id to the token that the phone was trusted with. They are kept
+    // here alone: who stores them sets them once and takes them again after devicePaired().
     void setTrusted(const QHash<QString, QString>& trusted) { m_trusted = trusted; }
+    [[nodiscard]] const QHash<QString, QString>& trusted() const { return m_trusted; }
     void clearTrusted() { m_trusted.clear(); }
 
     // Video frame messages received, all phones together, the ones too short to use included.
@@ -125,7 +127,7 @@ private:
     int m_nextId = 1;
     QString m_token;
     QString m_pcName;
-    QHash<QString, QString> m_trusted; // deviceId to token
+    QHash<QString, QString> m_trusted; // device id to token
     QTimer m_pingTimer;
     QElapsedTimer m_clock;
     qint64 m_lastKeepAliveMs = 0; // on m_clock

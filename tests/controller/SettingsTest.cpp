@@ -63,9 +63,9 @@ TEST_F(SettingsTest, KeepsWhatWasStoredUnderTheKeysThatUsersKnow)
         settings.setThemeMode(2);
         settings.setRecordingFolder(u"/videos/ü"_s);
         settings.setMinimizeToTray(false);
-        settings.trust(u"phone-1"_s, u"token-1"_s);
-        settings.trust(u"a/b\\c=d [e]"_s, u"token-2"_s); // ids are foreign text
-        settings.setName(u"phone-1"_s, u"Küche"_s);
+        settings.setTrusted({{u"phone-1"_s, u"token-1"_s},
+                             {u"a/b\\c=d [e]"_s, u"token-2"_s}}); // ids are foreign text
+        settings.setNames({{u"phone-1"_s, u"Küche"_s}});
     }
     const QByteArray stored = read(file());
     for (const char* line :
@@ -84,11 +84,10 @@ TEST_F(SettingsTest, KeepsWhatWasStoredUnderTheKeysThatUsersKnow)
 TEST_F(SettingsTest, ForgetsTrustButNotNames)
 {
     Settings settings(file());
-    settings.trust(u"phone-1"_s, u"token-1"_s);
-    settings.setName(u"phone-1"_s, u"Kitchen"_s);
-    settings.setName(u"phone-2"_s, u"Hall"_s);
-    settings.forgetTrusted();
-    settings.setName(u"phone-2"_s, QString());
+    settings.setTrusted({{u"phone-1"_s, u"token-1"_s}});
+    settings.setNames({{u"phone-1"_s, u"Kitchen"_s}, {u"phone-2"_s, u"Hall"_s}});
+    settings.setTrusted({});
+    settings.setNames({{u"phone-1"_s, u"Kitchen"_s}});
     const Settings again(file());
     EXPECT_TRUE(again.trusted().isEmpty());
     EXPECT_EQ(again.names(), (Settings::DeviceMap{{u"phone-1"_s, u"Kitchen"_s}}));
@@ -97,9 +96,9 @@ TEST_F(SettingsTest, ForgetsTrustButNotNames)
 TEST_F(SettingsTest, DoesNotStoreIdsWithoutBound)
 {
     Settings settings(file());
-    settings.trust(QString(), u"token"_s);
-    settings.trust(QString(Settings::kMaxDeviceIdLength, u'x'), u"token"_s);
-    settings.trust(QString(Settings::kMaxDeviceIdLength + 1, u'x'), u"token"_s);
+    settings.setTrusted({{QString(), u"token"_s},
+                         {QString(Settings::kMaxDeviceIdLength, u'x'), u"token"_s},
+                         {QString(Settings::kMaxDeviceIdLength + 1, u'x'), u"token"_s}});
     EXPECT_EQ(settings.trusted().size(), 1);
 }
 
@@ -132,8 +131,8 @@ TEST_F(SettingsTest, SurvivesAnyContent)
     {
         Settings settings(file());
         settings.setThemeMode(1);
-        settings.trust(u"phone-1"_s, u"token-1"_s);
-        settings.setName(u"phone-1"_s, u"ein Name; mit = allem"_s);
+        settings.setTrusted({{u"phone-1"_s, u"token-1"_s}});
+        settings.setNames({{u"phone-1"_s, u"ein Name; mit = allem"_s}});
     }
     const QByteArray whole = read(file());
     for (qsizetype length = 0; length <= whole.size(); ++length) {
@@ -158,6 +157,6 @@ TEST_F(SettingsTest, WorksWithoutAFileThatCanBeReadOrWritten)
     ASSERT_TRUE(QDir().mkdir(file())); // a folder where the file should be
     Settings settings(file());
     EXPECT_EQ(settings.themeMode(), 0);
-    settings.trust(u"phone-1"_s, u"token-1"_s);
+    settings.setTrusted({{u"phone-1"_s, u"token-1"_s}});
     expectUsableValues();
 }
