@@ -52,8 +52,15 @@ void AppController::connectServer()
 {
     connect(&m_server, &PhoneServer::phoneConnected, this,
             [this](int id, const QString& deviceId, const QString& name, const QString& model,
-                   const QString& os,
-                   bool usb) { onPhoneConnected({id, deviceId, {}, name, model, os, usb}); });
+                   const QString& os, bool usb) {
+                onPhoneConnected({.id = id,
+                                  .deviceId = deviceId,
+                                  .name = {}, // the roster fills it in
+                                  .phoneName = name,
+                                  .model = model,
+                                  .os = os,
+                                  .usb = usb});
+            });
     connect(&m_server, &PhoneServer::phoneDisconnected, this, &AppController::onPhoneDisconnected);
     connect(&m_server, &PhoneServer::devicePaired, this,
             [this] { m_settings.setTrusted(m_server.trusted()); });

@@ -36,7 +36,9 @@ struct ControllerOptions
 };
 
 // The one object that the QML interface sees: state as properties, actions as slots. Owns the
-// rooms of the program and wires them; GUI thread.
+// rooms of the program and wires them; GUI thread. Some properties no view shows (status,
+// cameraReady, the frame counts, serverInfo, lastRecordingPath): they tell tests and scripts how
+// the program fares.
 class AppController final : public QObject, private IVideoSwitch
 {
     Q_OBJECT

@@ -45,7 +45,8 @@ public:
     // When the active phone leaves, the first of those that remain takes over.
     void remove(int id);
 
-    // A stream may be described before the phone has said hello: the description counts then.
+    // A stream may be described before the phone has said hello: the description counts then. The
+    // rate counts at once whoever announces it, the size when it is the phone's turn.
     void setStream(int id, QSize size, int fps);
 
     // Makes a connected phone the active one. False when it is not listed or active already.

@@ -33,7 +33,8 @@ public:
     [[nodiscard]] const Names& names() const { return m_names; }
 
     // Appends a phone, whose `name` is filled in here. A phone that greets again on the same
-    // session keeps its place and gets the new data. True when it has become the active phone.
+    // session keeps its place; all that is known of it is what it says now. True when it has become
+    // the active phone.
     bool add(Phone phone);
 
     // Removes a phone. True when it was the active one; then the first remaining phone, if any,

@@ -68,7 +68,8 @@ public:
     // Tells the handshaken phone of that session to stream or to hold; no such phone: nothing.
     void setActive(int id, bool active);
 
-    // The token that unknown phones must present; empty means that none is required.
+    // The token that unknown phones must present; empty, as it is at first, means that none is
+    // required: only phones on a cable can come before the program listens.
     void setToken(const QString& token) { m_token = token; }
     // The name that USB phones are told.
     void setPcName(const QString& name) { m_pcName = name; }
@@ -87,6 +88,7 @@ Q_SIGNALS:
                         const QString& os, bool usb);
     // A phone that had been connected is gone.
     void phoneDisconnected(int id);
+    // A small JPEG of what the phone sees. Nothing in the program listens yet.
     void thumbnail(int id, const QByteArray& jpeg);
     // A phone proved the current pairing token and is trusted with it from now on.
     void devicePaired(const QString& deviceId, const QString& token);
