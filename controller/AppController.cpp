@@ -14,6 +14,23 @@ using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
+namespace {
+
+QString reasonText(RecordingFailure failure)
+{
+    switch (failure) {
+    case RecordingFailure::DiskFull:
+        return u"diskFull"_s;
+    case RecordingFailure::FolderGone:
+        return u"folderGone"_s;
+    case RecordingFailure::WriteFailed:
+        break;
+    }
+    return u"writeFailed"_s;
+}
+
+} // namespace
+
 AppController::AppController(const ControllerOptions& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
@@ -31,6 +48,10 @@ AppController::AppController(const ControllerOptions& options, QObject* parent)
             &AppController::osDarkChanged);
     connect(&m_pipeline, &LivePipeline::frameReady, this, &AppController::frameReady);
     connect(&m_pipeline, &LivePipeline::stateChanged, this, &AppController::onPipelineState);
+    connect(&m_pipeline, &LivePipeline::recordingFailed, this, [this](RecordingFailure failure) {
+        Q_EMIT recordingEnded(reasonText(failure));
+        Q_EMIT changed();
+    });
     connect(&m_firewall, &FirewallWatch::changed, this, &AppController::changed);
     m_statisticsClock.start();
     m_statisticsTimer.setInterval(options.statisticsInterval);

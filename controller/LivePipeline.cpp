@@ -15,6 +15,11 @@ using namespace std::chrono_literals;
 
 constexpr auto kDefaultPacing = 33ms; // 30 pictures a second
 
+// Making a camera anew takes more than 100 ms, in which nothing else happens. A phone that is
+// turned to and fro never needs more; one that does so on purpose gets no more.
+constexpr int kResizesAtOnce = 4;
+constexpr auto kResizeInterval = 500ms;
+
 } // namespace
 
 LivePipeline::LivePipeline(IVirtualCameraSink& sink, PipelineTime time, QObject* parent)
@@ -25,6 +30,7 @@ LivePipeline::LivePipeline(IVirtualCameraSink& sink, PipelineTime time, QObject*
     })
     , m_camera(sink)
     , m_cards(m_camera)
+    , m_resizes(kResizesAtOnce, kResizeInterval)
 {
     m_pacingTimer.setTimerType(Qt::PreciseTimer);
     m_pacingTimer.setInterval(kDefaultPacing);
@@ -73,15 +79,20 @@ void LivePipeline::clearQueue()
     m_queue.clear();
 }
 
-void LivePipeline::resizeCamera(QSize size)
+// False when that was done too often; the camera stays as it is then.
+bool LivePipeline::resizeCamera(QSize size)
 {
+    if (!m_resizes.take(m_time.now())) {
+        return false;
+    }
     if (m_camera.resize(size)) {
-        return;
+        return true;
     }
     if (const auto note = m_streamLines.admit()) {
         qWarning("Pevrix: there is no virtual camera of %d x %d%s", size.width(), size.height(),
                  note->c_str());
     }
+    return true;
 }
 
 void LivePipeline::expectStream()
@@ -113,21 +124,32 @@ void LivePipeline::startStream(QSize size, bool direct)
     if (isRecording() && m_recording.size() != size) {
         stopRecording();
     }
-    if (!m_camera.exists() || cameraSize() != size) {
-        resizeCamera(size);
+    // Where the camera may not follow now, the pictures tell its size later.
+    const bool resized = (!m_camera.exists() || cameraSize() != size) && resizeCamera(size);
+    // Once what came together with this has been read: of several descriptions the last one counts.
+    if (!m_decoderSize && m_time.timersRun) {
+        QMetaObject::invokeMethod(this, &LivePipeline::startDecoder, Qt::QueuedConnection);
     }
-    if (!m_decoder.initialize(static_cast<std::uint32_t>(size.width()),
-                              static_cast<std::uint32_t>(size.height()))) {
-        if (const auto note = m_streamLines.admit()) {
-            qWarning("Pevrix: there is no decoder for the stream%s", note->c_str());
-        }
-    }
+    m_decoderSize = size;
     clearQueue();
     m_pool.clear();
     m_direct = direct;
     m_firstFrameSeen = false;
     m_stall.streamStarts(m_time.now(), m_framesDecoded);
-    setState(State::Live);
+    if (resized || m_state != State::Live) {
+        setState(State::Live);
+    }
+}
+
+void LivePipeline::startDecoder()
+{
+    const auto size = std::exchange(m_decoderSize, std::nullopt);
+    if (size && !m_decoder.initialize(static_cast<std::uint32_t>(size->width()),
+                                      static_cast<std::uint32_t>(size->height()))) {
+        if (const auto note = m_streamLines.admit()) {
+            qWarning("Pevrix: there is no decoder for the stream%s", note->c_str());
+        }
+    }
 }
 
 void LivePipeline::setFrameRate(int fps)
@@ -140,6 +162,7 @@ void LivePipeline::setFrameRate(int fps)
 
 void LivePipeline::feed(QByteArrayView accessUnit, qint64 ptsUsec)
 {
+    startDecoder();
     const auto before = m_time.now();
     if (decode(accessUnit, ptsUsec)) {
         m_decodeTime.total += m_time.now() - before;
@@ -149,6 +172,7 @@ void LivePipeline::feed(QByteArrayView accessUnit, qint64 ptsUsec)
 
 void LivePipeline::feedParameterSets(QByteArrayView annexB)
 {
+    startDecoder();
     decode(annexB, 0);
 }
 
@@ -178,6 +202,9 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
         }
     }
     follow(m_stall.pictureCame());
+    if (!picture) {
+        return;
+    }
     if (m_direct) {
         deliver(picture);
         return;
@@ -189,7 +216,7 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
 }
 
 // The picture in the camera's size: as it is, without the decoder's padding, or with the camera
-// made anew for it.
+// made anew for it. Null when the camera cannot follow so fast.
 SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
 {
     const QSize camera = cameraSize();
@@ -209,13 +236,15 @@ SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
         }
         return picture;
     }
+    // A paused card of the old size may be on its way to the camera that goes.
+    m_cards.stop();
+    if (!resizeCamera(size)) {
+        return nullptr;
+    }
     if (const auto note = m_streamLines.admit()) {
         qInfo("Pevrix: virtual camera adopts decoder output %dx%d (STREAM_INFO said %dx%d)%s",
               size.width(), size.height(), camera.width(), camera.height(), note->c_str());
     }
-    // A paused card of the old size may be on its way to the camera that goes.
-    m_cards.stop();
-    resizeCamera(size);
     m_queue.clear();
     m_pool.clear();
     return fitToCamera(pixels, size);
@@ -248,6 +277,7 @@ void LivePipeline::Preview::show(const SharedPicture& picture)
 
 void LivePipeline::checkStall()
 {
+    m_recording.check();
     if (isLive()) {
         follow(m_stall.check(m_time.now(), m_framesDecoded));
     }
@@ -302,6 +332,7 @@ void LivePipeline::stop()
     stopRecording();
     m_cards.stop();
     clearQueue();
+    m_decoderSize.reset();
     m_decoder.reset();
     m_camera.remove();
     setState(State::Stopped);

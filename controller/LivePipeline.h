@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/Allowance.h"
 #include "controller/CardSender.h"
 #include "controller/PacingQueue.h"
 #include "controller/Recording.h"
@@ -17,6 +18,7 @@
 #include <array>
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -75,8 +77,9 @@ public:
     void expectStream();
 
     // Video of this size begins; a size that no picture has leaves the camera as it is until the
-    // first picture. `direct`: each picture is delivered as it is decoded (a cable has no jitter),
-    // instead of one per frame interval. Ignored once stopped.
+    // first picture, and so do sizes that change faster than cameras can be made. `direct`: each
+    // picture is delivered as it is decoded (a cable has no jitter), instead of one per frame
+    // interval. Ignored once stopped.
     void startStream(QSize size, bool direct);
 
     // The interval between deliveries; rates outside 1 to 120 are ignored.
@@ -128,6 +131,8 @@ Q_SIGNALS:
     // A picture for the preview; the image keeps its pixels, which nobody writes to any more.
     void frameReady(const QImage& image);
     void stateChanged();
+    // A recording could not be written to its end; it has ended.
+    void recordingFailed(pevrix::RecordingFailure failure);
 
 private:
     // The consumer that shows pictures in the window.
@@ -146,7 +151,8 @@ private:
     void setState(State state);
     void feedCard(std::vector<std::uint8_t> pixels);
     void clearQueue();
-    void resizeCamera(QSize size);
+    bool resizeCamera(QSize size);
+    void startDecoder();
     bool decode(QByteArrayView annexB, qint64 ptsUsec);
     void onPicture(const std::uint8_t* pixels, QSize size);
     SharedPicture fitToCamera(const std::uint8_t* pixels, QSize size);
@@ -159,7 +165,9 @@ private:
     H264Decoder m_decoder;
     PicturePool m_pool;
     CameraOutput m_camera;
-    Recording m_recording;
+    Recording m_recording{[this](RecordingFailure failure) {
+        Q_EMIT recordingFailed(failure);
+    }};
     Preview m_preview{*this};
     const std::array<IPictureConsumer*, 3> m_consumers{&m_camera, &m_recording, &m_preview};
     CardSender m_cards;
@@ -172,6 +180,8 @@ private:
     QTimer m_pacingTimer;
     StallDetector m_stall;
     QTimer m_stallTimer;
+    std::optional<QSize> m_decoderSize; // of a stream that the decoder does not know of yet
+    Allowance m_resizes;
     std::jthread m_loading;
     LogLimiter m_streamLines; // a phone may describe streams as often as it likes
     DecodeTime m_decodeTime;

@@ -3,10 +3,44 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <cstdint>
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace pevrix {
+
+namespace {
+
+// A disk with less is full: a fragment of the recording, or its index, does not fit any more.
+constexpr std::uintmax_t kFullDiskBytes = std::uintmax_t{4} * 1024 * 1024;
+
+RecordingFailure failureAt(const QString& path)
+{
+    const std::filesystem::path folder = QFileInfo(path).path().toStdU16String();
+    std::error_code error;
+    const std::filesystem::space_info space = std::filesystem::space(folder, error);
+    if (error) {
+        return RecordingFailure::FolderGone;
+    }
+    return space.available < kFullDiskBytes ? RecordingFailure::DiskFull
+                                            : RecordingFailure::WriteFailed;
+}
+
+const char* explain(RecordingFailure failure)
+{
+    switch (failure) {
+    case RecordingFailure::DiskFull:
+        return "the disk is full";
+    case RecordingFailure::FolderGone:
+        return "its folder is gone";
+    case RecordingFailure::WriteFailed:
+        break;
+    }
+    return "it could not be written";
+}
+
+} // namespace
 
 bool Recording::start(const QString& path, QSize size, int fps)
 {
@@ -31,13 +65,24 @@ void Recording::stop()
     if (!std::exchange(m_started, false)) {
         return;
     }
-    if (!m_recorder.isOpen()) {
-        qWarning("Pevrix: the recording ended early, because it could not be written");
-    }
-    m_recorder.close();
+    const bool complete = m_recorder.close();
     if (const auto dropped = m_recorder.droppedPictures(); dropped > 0) {
         qWarning("Pevrix: the recording lacks %llu pictures; the encoder was too slow",
                  static_cast<unsigned long long>(dropped));
+    }
+    if (!complete) {
+        const RecordingFailure failure = failureAt(m_path);
+        qWarning("Pevrix: the recording lacks its end: %s", explain(failure));
+        if (m_onFailure) {
+            m_onFailure(failure);
+        }
+    }
+}
+
+void Recording::check()
+{
+    if (!isRunning()) {
+        stop();
     }
 }
 
@@ -48,9 +93,8 @@ QSize Recording::size() const
 
 void Recording::show(const SharedPicture& picture)
 {
-    if (!isRunning()) {
-        stop(); // if it has ended by itself
-    } else if (size() == QSize(picture->width, picture->height)) {
+    check();
+    if (size() == QSize(picture->width, picture->height)) {
         m_recorder.writeFrame(picture->pixels.data());
     }
 }

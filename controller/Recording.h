@@ -6,18 +6,38 @@
 #include <QSize>
 #include <QString>
 
+#include <functional>
+
 namespace pevrix {
+
+// Why a recording ended that nobody stopped, or lacks its end.
+enum class RecordingFailure
+{
+    DiskFull,
+    FolderGone,
+    WriteFailed, // the encoder or the disk, who knows
+};
 
 // The recording of the live pictures to a file. GUI thread. What goes wrong is logged here.
 class Recording final : public IPictureConsumer
 {
 public:
+    using OnFailure = std::function<void(RecordingFailure)>;
+
+    // `onFailure` hears of a recording that could not be written to its end, once it has ended.
+    explicit Recording(OnFailure onFailure = {})
+        : m_onFailure(std::move(onFailure))
+    {}
+
     // Begins a new file, making its folder when it is missing. False while one runs, and when
     // nothing can be recorded there.
     [[nodiscard]] bool start(const QString& path, QSize size, int fps);
 
     // Completes the file. Safe when nothing is recorded.
     void stop();
+
+    // To be called every now and then: ends a recording that cannot be written any further.
+    void check();
 
     // Whether pictures go into a file: false also once it could not be written any further.
     [[nodiscard]] bool isRunning() const { return m_recorder.isOpen(); }
@@ -32,6 +52,7 @@ public:
     void show(const SharedPicture& picture) override;
 
 private:
+    const OnFailure m_onFailure;
     Mp4Recorder m_recorder;
     QString m_path;
     bool m_started = false; // and not stopped; it may have ended by itself

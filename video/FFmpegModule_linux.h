@@ -64,6 +64,10 @@ public:
     // Appends a picture of packed BGR pixels, seen at `now`.
     virtual void add(const std::uint8_t* pixels, Clock::time_point now) = 0;
 
+    // Completes the file, which takes as long as the pictures that still wait need. Whether it was
+    // written to its end. Nothing may be added any more.
+    virtual bool finish() = 0;
+
     // The file cannot be written any further.
     [[nodiscard]] virtual bool failed() const = 0;
     [[nodiscard]] virtual std::uint64_t droppedPictures() const = 0;

@@ -41,12 +41,12 @@ public:
     void writeFrame(const std::uint8_t* pixels);
 
     // Completes the file, which takes as long as the pictures that still wait need. Safe when
-    // nothing is open. Destruction does the same.
-    void close();
+    // nothing is open. Destruction does the same. False when the file could not be written to its
+    // end; what is there plays as far as the system's way of writing allows.
+    bool close();
 
     // False also once a recording has ended by itself because it could not be written any further,
-    // as on a full disk; the file then plays up to there. Media Foundation does not tell: there a
-    // recording is open until it is closed.
+    // as on a full disk or without its folder.
     [[nodiscard]] bool isOpen() const;
 
     // Of the recording's pictures; 0 when nothing is open.

@@ -67,12 +67,15 @@ void Mp4Recorder::writeFrame(const std::uint8_t* pixels)
     }
 }
 
-void Mp4Recorder::close()
+bool Mp4Recorder::close()
 {
-    if (m_recording != nullptr) {
-        m_droppedBefore = (*m_recording)->droppedPictures();
-        m_recording.reset();
+    if (m_recording == nullptr) {
+        return true;
     }
+    const bool complete = (*m_recording)->finish();
+    m_droppedBefore = (*m_recording)->droppedPictures();
+    m_recording.reset();
+    return complete;
 }
 
 bool Mp4Recorder::isOpen() const

@@ -1,6 +1,7 @@
 #include "video/Mp4Recorder.h"
 #include "video/Mp4RecorderPlatform_win.h"
 
+#include <optional>
 #include <utility>
 
 namespace pevrix {
@@ -15,6 +16,10 @@ constexpr std::uint32_t kBytesPerPixel = 4; // of what the writer takes: blue, g
 // Pictures that may wait for the encoder, in bytes: half a second of 1920 x 1080 at 30 a second.
 // The writer itself knows no bound when it must not make its caller wait.
 constexpr std::uint32_t kMaxWaitingBytes = 128 * 1024 * 1024;
+
+// A picture that is lost is no reason to end a recording; a writer that takes none for so long does
+// not recover, as on a full disk.
+constexpr std::chrono::seconds kLongestFailure{1};
 
 // The platform counts time in units of 100 nanoseconds.
 using Ticks = std::chrono::duration<LONGLONG, std::ratio<1, 10'000'000>>;
@@ -36,12 +41,21 @@ public:
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
 
+    enum class Container
+    {
+        Fragmented, // plays up to its last fragment whatever happens to the program
+        Plain,      // worth nothing without the index at its end
+    };
+
     // Makes the writer and, with it, the file.
-    [[nodiscard]] bool createWriter(const std::filesystem::path& path);
+    [[nodiscard]] bool createWriter(const std::filesystem::path& path, Container container);
     // Tells the writer what it writes and what it gets, and starts the clock.
     [[nodiscard]] bool begin();
     void add(const std::uint8_t* pixels);
-    void finish() { writer->Finalize(); }
+    // Whether the file was written to its end.
+    [[nodiscard]] bool finish() { return SUCCEEDED(writer->Finalize()) && !m_failed; }
+    // The writer took no picture for too long.
+    [[nodiscard]] bool failed() const { return m_failed; }
     [[nodiscard]] std::uint64_t dropped() const { return m_dropped; }
 
 private:
@@ -61,6 +75,8 @@ private:
     Clock::time_point clock; // when the recording began
     bool mfStarted = false;
     std::uint64_t m_dropped = 0;
+    std::optional<Clock::time_point> m_failing; // since when no picture was taken
+    bool m_failed = false;
 };
 
 Mp4Recorder::Recording::Recording(const Platform& platform, UINT32 pictureWidth,
@@ -80,16 +96,19 @@ Mp4Recorder::Recording::~Recording()
     }
 }
 
-bool Mp4Recorder::Recording::createWriter(const std::filesystem::path& path)
+bool Mp4Recorder::Recording::createWriter(const std::filesystem::path& path, Container container)
 {
     // Without the platform the calls below fail by themselves.
     mfStarted = SUCCEEDED(m_platform.startup(MF_VERSION, MFSTARTUP_FULL));
     ComPtr<IMFAttributes> attributes;
-    if (FAILED(m_platform.createAttributes(&attributes, 1))) {
+    if (FAILED(m_platform.createAttributes(&attributes, 2))) {
         return false;
     }
     // A live source must never wait for the encoder.
     attributes->SetUINT32(MF_SINK_WRITER_DISABLE_THROTTLING, 1);
+    if (container == Container::Fragmented) {
+        attributes->SetGUID(MF_TRANSCODE_CONTAINERTYPE, MFTranscodeContainerType_FMPEG4);
+    }
     return SUCCEEDED(
                m_platform.createSinkWriter(path.c_str(), nullptr, attributes.Get(), &writer)) &&
            writer != nullptr;
@@ -178,7 +197,6 @@ bool Mp4Recorder::Recording::isBehind() const
            statistics.dwByteCountQueued > kMaxWaitingBytes;
 }
 
-// Errors are not looked at: a picture that is lost is no reason to end the recording.
 void Mp4Recorder::Recording::add(const std::uint8_t* pixels)
 {
     if (isBehind()) {
@@ -194,7 +212,13 @@ void Mp4Recorder::Recording::add(const std::uint8_t* pixels)
     sample->AddBuffer(buffer.Get());
     sample->SetSampleTime(time.count());
     sample->SetSampleDuration(frameDuration);
-    writer->WriteSample(streamIndex, sample.Get());
+    if (SUCCEEDED(writer->WriteSample(streamIndex, sample.Get()))) {
+        m_failing.reset();
+        return;
+    }
+    const auto now = m_platform.now();
+    m_failing = m_failing.value_or(now);
+    m_failed = now - *m_failing >= kLongestFailure;
 }
 
 Mp4Recorder::Mp4Recorder()
@@ -216,20 +240,23 @@ bool Mp4Recorder::open(const std::filesystem::path& path, std::uint32_t width, s
     if (isOpen() || !accepts(width, height)) {
         return false;
     }
-    auto recording = std::make_unique<Recording>(*m_platform, width, height,
-                                                 static_cast<UINT32>(fps > 0 ? fps : kDefaultFps));
-    if (!recording->createWriter(path)) {
-        return false;
-    }
-    if (!recording->begin()) {
+    close(); // a recording that has ended by itself
+    for (const auto container : {Recording::Container::Fragmented, Recording::Container::Plain}) {
+        auto recording = std::make_unique<Recording>(
+            *m_platform, width, height, static_cast<UINT32>(fps > 0 ? fps : kDefaultFps));
+        if (!recording->createWriter(path, container)) {
+            continue;
+        }
+        if (recording->begin()) {
+            m_recording = std::move(recording);
+            m_width = width;
+            m_height = height;
+            return true;
+        }
         recording.reset(); // closes the half-made file
         m_platform->deleteFile(path.c_str());
-        return false;
     }
-    m_recording = std::move(recording);
-    m_width = width;
-    m_height = height;
-    return true;
+    return false;
 }
 
 void Mp4Recorder::writeFrame(const std::uint8_t* pixels)
@@ -239,18 +266,20 @@ void Mp4Recorder::writeFrame(const std::uint8_t* pixels)
     }
 }
 
-void Mp4Recorder::close()
+bool Mp4Recorder::close()
 {
-    if (m_recording != nullptr) {
-        m_recording->finish();
-        m_droppedBefore = m_recording->dropped();
-        m_recording.reset();
+    if (m_recording == nullptr) {
+        return true;
     }
+    const bool complete = m_recording->finish();
+    m_droppedBefore = m_recording->dropped();
+    m_recording.reset();
+    return complete;
 }
 
 bool Mp4Recorder::isOpen() const
 {
-    return m_recording != nullptr;
+    return m_recording != nullptr && !m_recording->failed();
 }
 
 std::uint64_t Mp4Recorder::droppedPictures() const

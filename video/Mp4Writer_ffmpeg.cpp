@@ -133,7 +133,10 @@ bool Mp4Writer::encode(AVFrame& frame)
     if (keyframe) {
         m_lastKeyframe = frame.pts;
     }
-    if (avcodec_send_frame(m_encoder.get(), &frame) >= 0 && writePackets()) {
+    // A file that was deleted could be written to until the disk is full.
+    std::error_code ignored;
+    const bool gone = keyframe && !std::filesystem::exists(m_path, ignored);
+    if (!gone && avcodec_send_frame(m_encoder.get(), &frame) >= 0 && writePackets()) {
         return true;
     }
     keepWholeFragments();

@@ -119,14 +119,10 @@ public:
         , m_thread([this] { writePictures(); })
     {}
 
-    // Completes the file.
-    ~Recording() override
-    {
-        m_queue.close();
-        m_thread.join();
-    }
+    ~Recording() override { finish(); }
 
     void add(const std::uint8_t* pixels, Clock::time_point now) override;
+    bool finish() override;
     [[nodiscard]] bool failed() const override { return m_failed; }
     [[nodiscard]] std::uint64_t droppedPictures() const override { return m_queue.dropped(); }
 
@@ -160,6 +156,15 @@ void Recording::add(const std::uint8_t* pixels, Clock::time_point now)
     m_queue.push(std::move(frame));
 }
 
+bool Recording::finish()
+{
+    m_queue.close();
+    if (m_thread.joinable()) {
+        m_thread.join();
+    }
+    return !m_failed;
+}
+
 void Recording::writePictures()
 {
     FrameHandle frame;
@@ -169,7 +174,7 @@ void Recording::writePictures()
             return;
         }
     }
-    m_writer->finish();
+    m_failed = !m_writer->finish();
 }
 
 } // namespace

@@ -254,6 +254,7 @@ TEST_F(LivePipelineTest, TakesOffPaddingAndFollowsEveryOtherSize)
     const Pixels whole = decode(m_live, 1).front();
     ASSERT_TRUE(m_pipeline.createCamera());
     for (const Case& c : cases) {
+        m_now += 10s; // cameras are not made anew all the time
         m_pipeline.startStream(c.announced, true);
         (void)m_sink.take();
         feed(m_live, 0, 1);
@@ -266,6 +267,40 @@ TEST_F(LivePipelineTest, TakesOffPaddingAndFollowsEveryOtherSize)
             ASSERT_EQ(std::memcmp(&sent[0][y * row], &whole[y * 160 * 3], row), 0) << "row " << y;
         }
     }
+}
+
+TEST_F(LivePipelineTest, MakesFewCamerasOfSizesThatChangeAllTheTime)
+{
+    ASSERT_TRUE(m_pipeline.createCamera());
+    for (int i = 0; i < 100; ++i) {
+        m_now += 1ms;
+        m_pipeline.startStream(i % 2 == 0 ? QSize(320, 200) : QSize(640, 480), true);
+    }
+    feed(m_live, 0, 1);
+    EXPECT_LT(m_sink.sizes.size(), 8);
+    EXPECT_EQ(m_pipeline.framesDecoded(), 1);
+    m_now += 1s;
+    feed(m_live, 1, 1);
+    EXPECT_EQ(m_pipeline.cameraSize(), QSize(160, 96)) << "as soon as it may be";
+}
+
+TEST_F(LivePipelineTest, KeepsNoPictureWaitingForGoodAfterAPause)
+{
+    startLive(false);
+    const auto playedLate = [this](int seconds) {
+        std::size_t last = 0;
+        for (int i = 0; i < seconds * 30; ++i) {
+            feed(m_live, static_cast<std::size_t>(i) % 10, 1);
+            m_pipeline.pacingTick();
+            last = m_sink.take().size();
+        }
+        return last;
+    };
+    feed(m_live, 0, 3); // they came together, late
+    EXPECT_EQ(playedLate(3), 1);
+    (void)m_sink.take();
+    m_pipeline.pacingTick();
+    EXPECT_FALSE(m_sink.hasPictures()) << "a picture stood in the queue";
 }
 
 TEST_F(LivePipelineTest, GoesOnWithoutACamera)
@@ -313,6 +348,26 @@ TEST_F(LivePipelineTest, RecordsWhileLiveAndEndsWhenTheSizeChanges)
     m_pipeline.startStream({320, 240}, true);
     EXPECT_FALSE(m_pipeline.isRecording());
     EXPECT_GT(QFile(file).size(), 1000);
+}
+
+TEST_F(LivePipelineTest, TellsOfARecordingWhoseFolderIsGone)
+{
+    if (runsUnderWine()) {
+        GTEST_SKIP() << "Wine's sink writer cannot encode";
+    }
+    QTemporaryDir folder;
+    startLive(true);
+    ASSERT_TRUE(m_pipeline.startRecording(folder.filePath(u"a.mp4"_s)));
+    ASSERT_TRUE(folder.remove());
+    std::vector<RecordingFailure> told;
+    QObject::connect(&m_pipeline, &LivePipeline::recordingFailed, &m_pipeline,
+                     [&](RecordingFailure failure) { told.push_back(failure); });
+    EXPECT_TRUE(waitUntil([&] {
+        feed(m_live, 0, 1);
+        return !told.empty();
+    }));
+    EXPECT_THAT(told, ElementsAre(RecordingFailure::FolderGone));
+    EXPECT_FALSE(m_pipeline.isRecording());
 }
 
 TEST(LiveStatistics, CountsPicturesPerSecondAndKeepsTheLastDecodeTime)

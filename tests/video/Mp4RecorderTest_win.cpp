@@ -26,6 +26,8 @@ struct WriterScript
     std::chrono::steady_clock::time_point now{};
     std::filesystem::path path{};
     UINT32 throttlingDisabled = 0;
+    bool fragments = true;          // whether the system can write fragmented files
+    std::vector<GUID> containers{}; // that were asked for; GUID_NULL: by the file's name
     ComPtr<IMFMediaType> outputType{};
     ComPtr<IMFMediaType> inputType{};
     std::vector<ComPtr<IMFSample>> samples{};
@@ -103,7 +105,7 @@ Mp4Recorder::Platform WriterScript::platform()
         return MFShutdown();
     };
     platform.createAttributes = [this](IMFAttributes** attributes, UINT32 size) {
-        EXPECT_EQ(size, 1);
+        EXPECT_EQ(size, 2);
         return FAILED(step("MFCreateAttributes")) ? E_FAIL : MFCreateAttributes(attributes, size);
     };
     platform.createSinkWriter = [this](LPCWSTR url, IMFByteStream* stream,
@@ -111,7 +113,10 @@ Mp4Recorder::Platform WriterScript::platform()
         EXPECT_EQ(stream, nullptr);
         path = url;
         attributes->GetUINT32(MF_SINK_WRITER_DISABLE_THROTTLING, &throttlingDisabled);
-        if (FAILED(step("MFCreateSinkWriterFromURL"))) {
+        containers.push_back(GUID_NULL);
+        attributes->GetGUID(MF_TRANSCODE_CONTAINERTYPE, &containers.back());
+        if (FAILED(step("MFCreateSinkWriterFromURL")) ||
+            (!fragments && containers.back() != GUID_NULL)) {
             return E_FAIL;
         }
         std::ofstream{path};
@@ -181,6 +186,7 @@ TEST_F(Mp4RecorderScripted, DescribesWhatItWritesAndWhatItGives)
     ASSERT_TRUE(recorder.open(m_path, 640, 360, 25));
     EXPECT_EQ(m_script.path, m_path);
     EXPECT_EQ(m_script.throttlingDisabled, 1);
+    EXPECT_THAT(m_script.containers, ElementsAre(MFTranscodeContainerType_FMPEG4));
     const Numbers common = {{MF_MT_INTERLACE_MODE, 2},
                             {MF_MT_FRAME_SIZE, pair(640, 360)},
                             {MF_MT_FRAME_RATE, pair(25, 1)},
@@ -271,8 +277,8 @@ TEST_F(Mp4RecorderScripted, UndoesWhatItBeganWhenOpeningFails)
 TEST_F(Mp4RecorderScripted, GoesOnAfterStepsThatNeedNotSucceed)
 {
     const std::vector<std::uint8_t> picture(64 * 48 * 3);
-    for (const char* failing : {"MFStartup", "GetStatistics", "MFCreateMemoryBuffer",
-                                "MFCreateSample", "WriteSample", "Finalize"}) {
+    for (const char* failing :
+         {"MFStartup", "GetStatistics", "MFCreateMemoryBuffer", "MFCreateSample", "WriteSample"}) {
         MFStartup(MF_VERSION, MFSTARTUP_FULL);
         m_script.calls.clear();
         m_script.failing = failing;
@@ -280,12 +286,48 @@ TEST_F(Mp4RecorderScripted, GoesOnAfterStepsThatNeedNotSucceed)
         ASSERT_TRUE(recorder.open(m_path, 64, 48, 30)) << failing;
         recorder.writeFrame(picture.data());
         EXPECT_TRUE(recorder.isOpen());
-        recorder.close();
+        EXPECT_TRUE(recorder.close());
         const bool started = std::string_view(failing) != "MFStartup";
         EXPECT_EQ(std::count(m_script.calls.begin(), m_script.calls.end(), "MFShutdown"),
                   started ? 1 : 0);
         MFShutdown();
     }
+}
+
+TEST_F(Mp4RecorderScripted, WritesAPlainFileWhereTheSystemKnowsNoFragments)
+{
+    m_script.fragments = false;
+    Mp4Recorder recorder(m_script.platform());
+    ASSERT_TRUE(recorder.open(m_path, 64, 48, 30));
+    EXPECT_THAT(m_script.containers, ElementsAre(MFTranscodeContainerType_FMPEG4, GUID_NULL));
+}
+
+TEST_F(Mp4RecorderScripted, EndsWhenTheWriterTakesNothingAnyMoreAndTellsWhenTheEndIsMissing)
+{
+    const std::vector<std::uint8_t> picture(64 * 48 * 3);
+    Mp4Recorder recorder(m_script.platform());
+    ASSERT_TRUE(recorder.open(m_path, 64, 48, 30));
+    m_script.failing = "WriteSample";
+    for (const auto wait : {0ms, 999ms}) {
+        m_script.now += wait;
+        recorder.writeFrame(picture.data());
+        EXPECT_TRUE(recorder.isOpen());
+    }
+    m_script.failing.clear();
+    recorder.writeFrame(picture.data());
+    m_script.failing = "WriteSample";
+    m_script.now += 10s; // a pause of the video is no failure
+    recorder.writeFrame(picture.data());
+    EXPECT_TRUE(recorder.isOpen());
+    m_script.now += 1s;
+    recorder.writeFrame(picture.data());
+    EXPECT_FALSE(recorder.isOpen());
+    EXPECT_FALSE(recorder.close());
+    EXPECT_EQ(std::ranges::count(m_script.calls, "Finalize"), 1) << "what is there is kept";
+
+    ASSERT_TRUE(recorder.open(m_path, 64, 48, 30));
+    m_script.failing = "Finalize";
+    EXPECT_FALSE(recorder.close());
 }
 
 TEST_F(Mp4RecorderScripted, LeavesPicturesOutWhileTheEncoderIsFarBehind)

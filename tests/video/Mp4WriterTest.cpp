@@ -145,10 +145,11 @@ TEST(Mp4Recorder, EndsTheRecordingByItselfOnAFullDisk)
         EXPECT_FALSE(recorder.isOpen());
         EXPECT_EQ(recorder.width(), 0);
         recorder.writeFrame(picture.data());
+        EXPECT_FALSE(recorder.close());
     }
     ASSERT_TRUE(recorder.open(folder / "b.mp4", 320, 180, 30));
     recorder.writeFrame(picture.data());
-    recorder.close();
+    EXPECT_TRUE(recorder.close());
     EXPECT_EQ(decodedPictures(folder / "b.mp4"), 1);
 }
 
