@@ -10,6 +10,9 @@ namespace pevrix {
 // folder and echoed to standard error. There is no rotation during a run; a file that has grown
 // beyond kMaxLogBytes is deleted when the object is made. write() may be called from any thread:
 // lines interleave, whole.
+//
+// The temporary folder of Linux is everybody's: there nothing is written through a link, into a
+// file or a folder of somebody else, and nobody else may read it.
 class LogFile
 {
 public:

@@ -5,8 +5,8 @@
 
 namespace pevrix {
 
-/// How often something dear may happen: a few times at once, then once per interval. Plain logic
-/// with the caller's clock.
+// How often something dear may happen: a few times at once, then once per interval. Plain logic
+// with the caller's clock.
 class Allowance
 {
 public:
@@ -17,7 +17,7 @@ public:
         , m_interval(interval)
     {}
 
-    /// Whether it may happen now; then it counts as having happened.
+    // Whether it may happen now; then it counts as having happened.
     [[nodiscard]] bool take(Point now)
     {
         const Point due = std::max(m_due, now);

@@ -210,6 +210,7 @@ void AppController::refreshPairingInfo()
 
 void AppController::stop()
 {
+    m_settings.flush(); // the session may end without destroying anything
     if (m_pipeline.state() == LivePipeline::State::Stopped) {
         return;
     }

@@ -160,8 +160,8 @@ Q_SIGNALS:
     void frameReady(const QImage& image);
     void osDarkChanged();
     void themeModeChanged();
-    /// A recording ended by itself, or lacks its end, and why: "diskFull", "folderGone" or
-    /// "writeFailed". What was written until then is at lastRecordingPath().
+    // A recording ended by itself, or lacks its end, and why: "diskFull", "folderGone" or
+    // "writeFailed". What was written until then is at lastRecordingPath().
     void recordingEnded(const QString& reason);
 
 private:

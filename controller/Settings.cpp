@@ -1,7 +1,12 @@
 #include "controller/Settings.h"
 
+#include <QDir>
+#include <QEvent>
 #include <QFile>
+#include <QFileInfo>
+#include <QSettings>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -41,19 +46,101 @@ bool looksDamaged(const QByteArray& bytes)
                         [](const QByteArray& line) { return isIntactLine(line); });
 }
 
-std::unique_ptr<QSettings> openStore(const QString& file)
+// The file holds the tokens of trusted phones. The store keeps the rights of the file that it
+// replaces, but gives a new one to all.
+void keepToOwner(const QString& name)
 {
-    return file.isEmpty() ? std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
-                                                        u"Pevrix"_s, u"Pevrix"_s)
-                          : std::make_unique<QSettings>(file, QSettings::IniFormat);
+    constexpr QFile::Permissions kOwnerOnly = QFile::ReadOwner | QFile::WriteOwner;
+    constexpr QFile::Permissions kOthers = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                           QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    const QFileInfo info(name);
+    if (info.isFile() && (info.permissions() & kOthers)) {
+        QFile::setPermissions(name, kOwnerOnly);
+    } else if (!info.exists()) {
+        QDir().mkpath(info.path());
+        QFile file(name);
+        static_cast<void>(file.open(QIODevice::WriteOnly | QIODevice::NewOnly, kOwnerOnly));
+    }
 }
 
 } // namespace
 
-Settings::Settings(const QString& file)
-    : m_store(openStore(file))
+// Left to itself the store writes whenever the event loop runs after a change.
+class Settings::Store final : public QSettings
 {
+public:
+    Store()
+        : QSettings(IniFormat, UserScope, u"Pevrix"_s, u"Pevrix"_s)
+    {
+        prepare();
+    }
+    explicit Store(const QString& file)
+        : QSettings(file, IniFormat)
+    {
+        prepare();
+    }
+    ~Store() override { flush(); }
+
+    // What has changed is written now, or as soon as that may be.
+    void save()
+    {
+        m_changed = true;
+        if (!m_pause.isActive()) {
+            flush();
+        }
+    }
+
+    void flush()
+    {
+        if (m_changed) {
+            m_changed = false;
+            keepToOwner(fileName());
+            sync();
+            m_pause.start();
+        }
+    }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::UpdateRequest) {
+            return QSettings::event(event);
+        }
+        save();
+        return true;
+    }
+
+private:
+    void prepare()
+    {
+        m_pause.setSingleShot(true);
+        m_pause.setInterval(kWriteInterval);
+        connect(&m_pause, &QTimer::timeout, this, &Store::flush);
+    }
+
+    QTimer m_pause; // since the last write
+    bool m_changed = false;
+};
+
+Settings::Settings(const QString& file)
+    : m_store(file.isEmpty() ? std::make_unique<Store>() : std::make_unique<Store>(file))
+{
+    if (QFile::exists(fileName())) {
+        keepToOwner(fileName());
+    }
     keepDamagedFile();
+}
+
+Settings::~Settings() = default;
+
+QString Settings::fileName() const
+{
+    return m_store->fileName();
+}
+
+void Settings::flush()
+{
+    m_store->flush();
 }
 
 // The next write would replace the damaged file and lose what a person could still save from it.
@@ -157,7 +244,7 @@ void Settings::replaceGroup(QLatin1StringView name, const DeviceMap& values)
         }
     }
     // At once: a pairing must not be lost with a crash a moment later.
-    m_store->sync();
+    m_store->save();
 }
 
 } // namespace pevrix

@@ -1,20 +1,27 @@
 #pragma once
 
 #include <QHash>
-#include <QSettings>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace pevrix {
 
 // What lasts between runs, typed, with its defaults and validation: the one place that knows the
 // keys, but for "language", which is the Translator's. Lives in an INI file that is replaced whole
-// at each write (a lock file and a rename), so that a crash leaves the old or the new one. Values
-// that are missing, damaged or out of range read as their defaults. GUI thread.
+// at each write (a lock file and a rename), so that a crash leaves the old or the new one, and
+// that only its owner may read where the platform has owner's rights. Values that are missing,
+// damaged or out of range read as their defaults. GUI thread.
+//
+// A change is written at once, or shortly after the one before: phones that pair all the time do
+// not keep the disk busy. Destruction writes what is left.
 class Settings
 {
 public:
+    // Between two writes.
+    static constexpr std::chrono::milliseconds kWriteInterval{250};
+
     using DeviceMap = QHash<QString, QString>; // by device id
 
     // Ids are foreign text and become keys of the file: longer ones are used but not stored.
@@ -22,6 +29,7 @@ public:
 
     // Without a file: the user's own one (organisation and application "Pevrix").
     explicit Settings(const QString& file = {});
+    ~Settings();
 
     // 0 follows the platform, 1 light, 2 dark.
     [[nodiscard]] int themeMode() const;
@@ -44,14 +52,19 @@ public:
     [[nodiscard]] DeviceMap names() const;
     void setNames(const DeviceMap& names);
 
-    [[nodiscard]] QString fileName() const { return m_store->fileName(); }
+    [[nodiscard]] QString fileName() const;
+
+    // Writes what is not yet written.
+    void flush();
 
 private:
+    class Store;
+
     void keepDamagedFile() const;
     DeviceMap group(QLatin1StringView name) const;
     void replaceGroup(QLatin1StringView name, const DeviceMap& values);
 
-    std::unique_ptr<QSettings> m_store; // never null
+    std::unique_ptr<Store> m_store; // never null
 };
 
 } // namespace pevrix

@@ -25,12 +25,14 @@ PairingInfo describePairing(const QString& token, const QString& hostName,
                      .addressText = endpoints.value(0, u"No LAN address found"_s),
                      .uri = {},
                      .qrDataUrl = {}};
+    QStringList shownEndpoints = endpoints;
     if (captureMode) {
         info.pcName = u"DESKTOP-PEVRIX"_s;
         info.addressText = u"192.168.1.42:"_s + QString::number(port);
         info.shownToken = u"Bm4Rt8Wq2Zx6Hn3K"_s;
+        shownEndpoints = {info.addressText};
     }
-    info.uri = writePairingUri({info.pcName, info.shownToken, endpoints});
+    info.uri = writePairingUri({info.pcName, info.shownToken, shownEndpoints});
     info.qrDataUrl = makeQrDataUrl(info.uri);
     return info;
 }

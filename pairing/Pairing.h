@@ -17,8 +17,8 @@ struct PairingInfo
 };
 
 // Derives what is shown from what is known. `endpoints` are "ADDRESS:PORT" texts, best first.
-// In capture mode PC name, address text and shown token are fixed demonstration values, so that
-// published screenshots do not show the real ones.
+// In capture mode PC name, shown token, address text and the code's endpoints are fixed
+// demonstration values, so that published screenshots do not show the real ones.
 [[nodiscard]] PairingInfo describePairing(const QString& token, const QString& hostName,
                                           const QStringList& endpoints, quint16 port,
                                           bool captureMode);

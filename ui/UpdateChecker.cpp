@@ -19,6 +19,13 @@ constexpr QLatin1StringView kOwnVersion(PEVRIX_VERSION);
 // An answer is a line of text. A server that sends without end is hung up on.
 constexpr qint64 kMaxAnswerBytes = qint64{64} * 1024;
 
+// A browser opens it: another scheme may start any program, or show a page that anybody on the way
+// has changed.
+bool isPage(const QUrl& url)
+{
+    return url.isValid() && url.scheme() == "https"_L1 && !url.host().isEmpty();
+}
+
 } // namespace
 
 UpdateChecker::UpdateChecker(const UpdateSite& site, QObject* parent)
@@ -63,7 +70,7 @@ void UpdateChecker::takeAnswer(const QByteArray& body)
         return;
     }
     // Also beside an older version: the page may have moved.
-    if (const QString url = answer["url"_L1].toString(); !url.isEmpty()) {
+    if (const QString url = answer["url"_L1].toString(); isPage(QUrl(url, QUrl::StrictMode))) {
         m_downloadUrl = url;
     }
     if (QVersionNumber::fromString(version) > QVersionNumber::fromString(kOwnVersion)) {

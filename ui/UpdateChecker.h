@@ -38,7 +38,8 @@ public:
     // The root of the vendor's web site, for links to its pages.
     [[nodiscard]] QString siteUrl() const { return m_site.siteUrl; }
 
-    // The page that openDownload() opens.
+    // The page that openDownload() opens: the vendor's own until an answer names another one, of
+    // the scheme https.
     [[nodiscard]] QString downloadUrl() const { return m_downloadUrl; }
 
 public Q_SLOTS:

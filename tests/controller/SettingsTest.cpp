@@ -1,7 +1,10 @@
 #include "controller/Settings.h"
 
+#include "tools/doubles/WaitUntil.h"
+
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
@@ -9,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using pevrix::Settings;
+using pevrix::waitUntil;
 
 namespace {
 
@@ -91,6 +95,49 @@ TEST_F(SettingsTest, ForgetsTrustButNotNames)
     const Settings again(file());
     EXPECT_TRUE(again.trusted().isEmpty());
     EXPECT_EQ(again.names(), (Settings::DeviceMap{{u"phone-1"_s, u"Kitchen"_s}}));
+}
+
+TEST_F(SettingsTest, IsWrittenAFewTimesASecondAndSurelyAtTheEnd)
+{
+    const auto lines = [this] {
+        return read(file()).count("=token");
+    };
+    {
+        Settings settings(file());
+        settings.trust(u"first"_s, u"token"_s);
+        EXPECT_EQ(lines(), 1) << "at once";
+        for (int i = 0; i < 1000; ++i) {
+            settings.trust(QString::number(i), u"token"_s);
+            QCoreApplication::processEvents();
+        }
+        const auto soon = lines();
+        EXPECT_TRUE(waitUntil([&] { return lines() == 1001; })) << soon;
+        settings.trust(u"last"_s, u"token"_s);
+        EXPECT_EQ(lines(), 1001);
+        settings.flush();
+        EXPECT_EQ(lines(), 1002);
+        settings.trust(u"very last"_s, u"token"_s);
+    }
+    EXPECT_EQ(lines(), 1003);
+}
+
+TEST_F(SettingsTest, BelongsToItsOwnerAlone)
+{
+    write("[trusted]\nphone-1=token-1\n");
+    QFile::setPermissions(file(), QFile::Permissions(0x6644));
+    if (!(QFile::permissions(file()) & QFile::ReadOther) ||
+        (QFile::permissions(m_folder.path()) & QFile::ReadOther)) {
+        GTEST_SKIP() << "this platform has no owner's rights on files";
+    }
+    constexpr QFile::Permissions others(0x0077);
+    {
+        Settings settings(file());
+        EXPECT_FALSE(QFile::permissions(file()) & others) << "an older program's";
+        QFile::remove(file());
+        settings.trust(u"phone-2"_s, u"token-2"_s);
+    }
+    EXPECT_TRUE(read(file()).contains("token-2"));
+    EXPECT_FALSE(QFile::permissions(file()) & others) << "a new one";
 }
 
 TEST_F(SettingsTest, DoesNotStoreIdsWithoutBound)

@@ -141,7 +141,7 @@ TEST(Pairing, IsDescribedFromTheTokenTheNameAndTheEndpoints)
     EXPECT_EQ(demo.shownToken, u"Bm4Rt8Wq2Zx6Hn3K"_s);
     EXPECT_EQ(demo.addressText, u"192.168.1.42:81"_s);
     EXPECT_EQ(demo.uri, QStringLiteral("pevrix://pair?v=1&pc=DESKTOP-PEVRIX&t=Bm4Rt8Wq2Zx6Hn3K"
-                                       "&h=10.0.0.5:81,172.16.0.1:81"));
+                                       "&h=192.168.1.42:81"));
 
     const PairingInfo tooLong = describePairing(token, QString(2400, u'x'), two, 81, false);
     EXPECT_EQ(tooLong.qrDataUrl, QString());

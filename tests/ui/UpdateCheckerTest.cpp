@@ -92,6 +92,13 @@ TEST_F(UpdateCheckerTest, TakesTheDownloadPageFromTheAnswerWhateverItsVersion)
     const auto older = check(ok(R"({"version":"1.0","url":"https://new.example/get"})"));
     EXPECT_EQ(older->downloadUrl(), u"https://new.example/get"_s);
     EXPECT_FALSE(older->available());
+    for (const char* page :
+         {"http://new.example/get", "file:///etc/passwd", "javascript:alert(1)", "//new.example",
+          "HTTPS:get", "https://", "https://new example/", "get", "C:\\\\Windows\\\\calc.exe"}) {
+        const auto checker = check(ok(R"({"version":"1.2","url":")" + QByteArray(page) + R"("})"));
+        EXPECT_TRUE(checker->available()) << page;
+        EXPECT_EQ(checker->downloadUrl(), u"https://site.example/download"_s) << page;
+    }
 }
 
 TEST_F(UpdateCheckerTest, StaysSilentWhateverGoesWrong)
