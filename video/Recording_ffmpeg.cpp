@@ -119,7 +119,7 @@ public:
         , m_thread([this] { writePictures(); })
     {}
 
-    ~Recording() override { finish(); }
+    ~Recording() override { Recording::finish(); }
 
     void add(const std::uint8_t* pixels, Clock::time_point now) override;
     bool finish() override;

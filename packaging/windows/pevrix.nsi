@@ -20,6 +20,12 @@ ManifestSupportedOS Win10
 ; The name that pevrix-camsetup.exe gives its rule.
 !define FIREWALL_RULE "Pevrix"
 
+; With SIGN, a command that gets the file's name as its last argument, both are signed.
+!ifdef SIGN
+    !finalize '${SIGN} "%1"'
+    !uninstfinalize '${SIGN} "%1"'
+!endif
+
 Name "Pevrix"
 OutFile "${OUTFILE}"
 InstallDir "$PROGRAMFILES64\Pevrix"
@@ -185,7 +191,7 @@ Section "Uninstall"
         ${EndIf}
     ${EndIf}
     !insertmacro MOVE_CAMERA_ASIDE "$INSTDIR"
-    nsExec::Exec 'netsh advfirewall firewall delete rule name="${FIREWALL_RULE}" \
+    nsExec::Exec '"$SYSDIR\netsh.exe" advfirewall firewall delete rule name="${FIREWALL_RULE}" \
         program="$INSTDIR\pevrix.exe"'
     Pop $0 ; 1 where there was none
 

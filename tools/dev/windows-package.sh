@@ -1,5 +1,8 @@
 # ./dev windows package: the Windows program as a ZIP and as an installer, which is then run under
 # Wine: installed, installed over itself, started and uninstalled, with programs that read the camera.
+#
+# PEVRIX_SIGN=COMMAND  signs a file, its last argument, in place: the program, its libraries and the
+#                      helper before they are packed, the installer and the uninstaller as they are made
 
 package_windows() {
     local stage=build/windows/package/Pevrix version
@@ -15,6 +18,7 @@ package_windows() {
         build/windows/package/side.bmp
     stage_camera "$stage"
     deploy_windows "$stage"
+    sign_ours "$stage"
     mkdir "$stage/licences"
     in_environment cp /usr/share/common-licenses/{GPL-3,LGPL-3} "$stage/licences/"
 
@@ -30,11 +34,24 @@ package_windows() {
     du -k out/Pevrix-* | awk '{print $2 ": " $1 " kB"}'
 }
 
+# sign_ours STAGE: what is built here; the libraries of others are as their makers left them.
+sign_ours() {
+    [ -n "${PEVRIX_SIGN:-}" ] || return 0
+    local file
+    for file in "$1"/{pevrix,pevrix-camsetup}.exe "$1/softcam.dll" "$1/x86/softcam.dll"; do
+        [ ! -f "$file" ] || in_environment bash -c "$PEVRIX_SIGN \"\$1\"" sign "$file" ||
+            fail "$file could not be signed" "PEVRIX_SIGN is: $PEVRIX_SIGN"
+    done
+}
+
 # make_installer VERSION STAGE FILE
 make_installer() {
+    local sign=()
+    [ -z "${PEVRIX_SIGN:-}" ] || sign=("-DSIGN=$PEVRIX_SIGN")
     list_for_uninstaller "$2" "$2-lists"
     in_environment makensis -V2 "-DVERSION=$1" "-DSTAGE=$project/$2" "-DLISTS=$project/$2-lists" \
         "-DART=$project/build/windows/package" "-DOUTFILE=$project/$3" \
+        ${sign[@]+"${sign[@]}"} \
         packaging/windows/pevrix.nsi >"$(log_path installer)" 2>&1 ||
         fail_with_log "making the installer failed" "$(log_path installer)"
 }
