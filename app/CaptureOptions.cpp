@@ -71,6 +71,11 @@ bool isHelpRequested(int argc, const char* const* argv)
     });
 }
 
+bool isTrayStart(const QStringList& arguments)
+{
+    return arguments.contains("--tray"_L1) && !arguments.contains("--shot"_L1);
+}
+
 const char* usageText()
 {
     return R"(Usage: pevrix [OPTIONS]
@@ -79,6 +84,9 @@ Turns a phone into a webcam: shows a code for the phone to scan, then its video,
 programs see as a camera.
 
   --lang CODE            language of this run: en, fr, es, de, it, pt, ru, tr, zh_CN or ja
+  --tray                 start in the notification area, without a window
+
+While one Pevrix runs, starting another one brings the first one's window to the front.
 
 Picture of the window, for documentation (the program ends when it is taken):
   --shot [WIDTHxHEIGHT]  take a picture, of a window of this size (540x640)

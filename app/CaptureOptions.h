@@ -29,6 +29,10 @@ struct CaptureOptions
 // Whether the arguments ask for usageText() only.
 [[nodiscard]] bool isHelpRequested(int argc, const char* const* argv);
 
+// Whether the window is to stay in the notification area until it is asked for, as after a start
+// with the system. Not for a picture.
+[[nodiscard]] bool isTrayStart(const QStringList& arguments);
+
 // What the program's options are, for a person.
 [[nodiscard]] const char* usageText();
 

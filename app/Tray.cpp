@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QPainter>
+#include <QPalette>
 #include <QPen>
 #include <QPixmap>
 
@@ -12,7 +13,10 @@ namespace pevrix {
 
 namespace {
 
-constexpr int kIconSize = 32;
+// What notification areas ask for at 100 to 200 % scaling. Up to 24 pixels a drawing of their size
+// has fewer lines, on whole pixels.
+constexpr std::array kIconSides{16, 20, 24, 32};
+constexpr int kLargestDrawn = 24;
 constexpr auto kBlinkInterval = 650ms;
 
 constexpr auto kMenuStyle =
@@ -22,13 +26,17 @@ constexpr auto kMenuStyle =
     "QMenu::item:disabled { color:#9aa1ad; }"
     "QMenu::separator { height:1px; background:#e9ebf0; margin:4px 8px; }"_L1;
 
-QPixmap plainIcon()
+// The style says the menu's ground; its text must not be that of a dark desktop.
+constexpr QColor kMenuText(0x13, 0x1a, 0x25);
+
+QPixmap plainPicture(int side)
 {
-    const QPixmap picture(u":/assets/icons/app-icon-256.png"_s);
+    const int drawn = side <= kLargestDrawn ? side : 256;
+    const QPixmap picture(u":/assets/icons/app-icon-%1.png"_s.arg(drawn));
     if (!picture.isNull()) {
-        return picture.scaled(kIconSize, kIconSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        return picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
-    QPixmap nothing(kIconSize, kIconSize);
+    QPixmap nothing(side, side);
     nothing.fill(Qt::transparent);
     return nothing;
 }
@@ -57,20 +65,41 @@ Tray::Tray()
 
 QIcon Tray::drawIcon(Dot dot)
 {
-    QPixmap pixmap = plainIcon();
+    QIcon icon;
+    for (const int side : kIconSides) {
+        icon.addPixmap(drawPicture(side, dot));
+    }
+    return icon;
+}
+
+// At 32 pixels the dot fills 13 x 13 from 14 pixels before the corner on, with a pen of 2. At other
+// sizes its outer edge lies on whole pixels, too.
+QPixmap Tray::drawPicture(int side, Dot dot)
+{
+    QPixmap pixmap = plainPicture(side);
     if (dot != Dot::None) {
+        const int pen = qRound(side * 2 / 32.0);
+        const int outer = qRound(side * 15 / 32.0);
+        const qreal corner = side - outer + pen / 2.0;
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(Qt::white, 2.0));
+        painter.setPen(QPen(Qt::white, pen));
         painter.setBrush(QColor(dot == Dot::Live ? u"#22c55e"_s : u"#ef4444"_s));
-        painter.drawEllipse(QRectF(pixmap.width() - 14, pixmap.height() - 14, 13, 13));
+        painter.drawEllipse(QRectF(corner, corner, outer - pen, outer - pen));
     }
-    return QIcon(pixmap);
+    return pixmap;
 }
 
 void Tray::buildMenu()
 {
     m_menu.setStyleSheet(kMenuStyle);
+    QPalette palette = m_menu.palette();
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
+        palette.setColor(QPalette::Active, role, kMenuText);
+        palette.setColor(QPalette::Inactive, role, kMenuText);
+    }
+    m_menu.setPalette(palette);
     m_showAction = m_menu.addAction(QString(), this, &Tray::showRequested);
     m_menu.addSeparator();
     m_pauseAction = m_menu.addAction(QString(), this, &Tray::pauseRequested);
@@ -84,6 +113,15 @@ void Tray::setState(const TrayState& state)
         m_state = state;
         update();
     }
+}
+
+void Tray::tellWhereTheWindowIs()
+{
+    m_icon.showMessage(QCoreApplication::translate("tray", "Pevrix is still running"),
+                       QCoreApplication::translate("tray",
+                                                   "Click its icon to bring the window back. "
+                                                   "\"Quit\" in its menu ends it."),
+                       m_icons[0]);
 }
 
 void Tray::retranslate()

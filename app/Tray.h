@@ -32,6 +32,9 @@ public:
 
     void setState(const TrayState& state);
 
+    // Says, beside the icon, that the program runs on here without its window.
+    void tellWhereTheWindowIs();
+
     // Says everything in the language that is installed now.
     void retranslate();
 
@@ -52,6 +55,7 @@ private:
     };
 
     static QIcon drawIcon(Dot dot);
+    static QPixmap drawPicture(int side, Dot dot);
     void buildMenu();
     void update();
     void show(Dot dot);

@@ -1,8 +1,11 @@
 #include "app/CaptureMode.h"
+#include "app/HiddenWindow.h"
 #include "app/LogFile.h"
 #include "app/NativeWindow.h"
 #include "app/QuitSignals.h"
+#include "app/SingleInstance.h"
 #include "app/Tray.h"
+#include "app/WindowPlace.h"
 #include "controller/AppController.h"
 #include "qml/Interface.h"
 #include "system/Console.h"
@@ -10,6 +13,7 @@
 #include "ui/UpdateChecker.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
@@ -41,8 +45,16 @@ void showWindow(QWindow& window)
     window.requestActivate();
 }
 
-void connectTray(Tray& tray, AppController& controller, const Translator& translator,
-                 QWindow* window)
+// Where the program goes when its window is closed is told once, in the first run that does it.
+void tellOfFirstHide(Tray& tray, Settings& settings)
+{
+    if (!settings.trayHintShown()) {
+        settings.setTrayHintShown();
+        tray.tellWhereTheWindowIs();
+    }
+}
+
+void connectTray(Tray& tray, AppController& controller, const Translator& translator)
 {
     const auto showState = [&tray, &controller] {
         tray.setState({.inUse = controller.appConnected(),
@@ -54,14 +66,27 @@ void connectTray(Tray& tray, AppController& controller, const Translator& transl
     QObject::connect(&tray, &Tray::pauseRequested, &controller, &AppController::toggleOutput);
     // Not quit(), which would ask the window first: it hides instead of closing.
     QObject::connect(&tray, &Tray::quitRequested, &tray, [] { QCoreApplication::exit(0); });
-    if (window) {
-        QObject::connect(&tray, &Tray::showRequested, window, [window] { showWindow(*window); });
-        // Asked anew each time: a desktop that starts us with it may get its tray after us.
-        QObject::connect(window, &QWindow::activeChanged, window, [window] {
-            window->setProperty("trayAvailable", QSystemTrayIcon::isSystemTrayAvailable());
-        });
-    }
     showState();
+}
+
+// What brings the window to the front, and keeps it from being hidden for good.
+void connectWindow(QQuickWindow& window, HiddenWindow& hidden, Tray& tray, SingleInstance& instance,
+                   Settings& settings)
+{
+    QObject::connect(&tray, &Tray::showRequested, &window, [&window] { showWindow(window); });
+    QObject::connect(&instance, &SingleInstance::windowAskedFor, &window, [&window] {
+        qInfo("Pevrix: started once more, the window comes to the front");
+        showWindow(window);
+    });
+    // After a start in the notification area that is minimised, else as it was.
+    QObject::connect(&hidden, &HiddenWindow::lost, &window, [&window] { window.setVisible(true); });
+    // Asked anew each time: a desktop that starts us with it may get its tray after us.
+    QObject::connect(&window, &QWindow::activeChanged, &window, [&window] {
+        window.setProperty("trayAvailable", QSystemTrayIcon::isSystemTrayAvailable());
+    });
+    QObject::connect(&window, SIGNAL(hiddenToTray()), &hidden, SIGNAL(hiddenByUser()));
+    QObject::connect(&hidden, &HiddenWindow::hiddenByUser, &tray,
+                     [&tray, &settings] { tellOfFirstHide(tray, settings); });
 }
 
 } // namespace
@@ -82,6 +107,13 @@ int main(int argc, char** argv)
     QApplication::setDesktopFileName(u"example.pevrix.Pevrix"_s); // the Linux menu entry's name
     QApplication::setWindowIcon(QIcon(u":/assets/icons/app-icon-256.png"_s));
     quitOnSystemSignals(application);
+
+    const auto picture = parseCaptureOptions(QApplication::arguments());
+    const bool inTray = isTrayStart(QApplication::arguments());
+    SingleInstance instance(QFileInfo(Settings::userFile()).path());
+    if (!picture && !instance.claim(!inTray)) {
+        return 0;
+    }
     registerInterface();
 
     AppController controller;
@@ -96,23 +128,32 @@ int main(int argc, char** argv)
     // Before the interface loads, so that it speaks the right language from its first word.
     Translator translator(&application, &engine);
     engine.rootContext()->setContextProperty(u"i18n"_s, &translator);
+    WindowPlace place(controller.settings());
+    if (!picture) {
+        engine.setInitialProperties(place.initialProperties(inTray));
+    }
     engine.load(QUrl(u"qrc:/qml/Main.qml"_s));
     if (engine.rootObjects().isEmpty()) {
         qWarning("Pevrix: Main.qml failed to load (see %%LOCALAPPDATA%%\\Pevrix\\pevrix.log).");
         return -1;
     }
+    Tray tray;
+    connectTray(tray, controller, translator);
+    tray.icon().show();
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
+    std::optional<HiddenWindow> hidden;
     if (window) {
         addNativeWindowStyles(*window);
         checkForUpdates(updater, *window);
+        hidden.emplace(*window, &QSystemTrayIcon::isSystemTrayAvailable);
+        connectWindow(*window, *hidden, tray, instance, controller.settings());
+        if (!picture) {
+            place.follow(*window);
+        }
     }
-    Tray tray;
-    connectTray(tray, controller, translator, window);
-    tray.icon().show();
-
     std::optional<CaptureMode> capture;
-    if (const auto options = parseCaptureOptions(QApplication::arguments())) {
-        capture.emplace(*options, controller, window);
+    if (picture) {
+        capture.emplace(*picture, controller, window);
     }
     controller.start();
     return QApplication::exec();

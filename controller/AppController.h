@@ -115,6 +115,9 @@ public:
 
     void setMinimizeToTray(bool on);
 
+    // What lasts of the window and the tray lies there, too.
+    [[nodiscard]] Settings& settings() { return m_settings; }
+
     // From the next pairing code on, what is shown of the pairing are demonstration values, so
     // that a published picture of the window tells nothing of this PC.
     void setCaptureMode(bool on) { m_captureMode = on; }

@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -19,8 +20,15 @@ namespace {
 constexpr auto kThemeMode = "theme/mode"_L1;
 constexpr auto kRecordingFolder = "recording/folder"_L1;
 constexpr auto kMinimizeToTray = "options/minimizeToTray"_L1;
+constexpr auto kTrayHintShown = "options/trayHintShown"_L1;
+constexpr auto kWindowGeometry = "window/geometry"_L1;
+constexpr auto kWindowMaximized = "window/maximized"_L1;
 constexpr auto kTrusted = "trusted"_L1;
 constexpr auto kNames = "names"_L1;
+
+// Beyond what screens are, alone or side by side.
+constexpr int kMaxWindowSide = 32'768;
+constexpr int kMaxWindowOffset = 1'000'000;
 
 // A settings file holds a few kilobytes; far larger ones are not read to be looked at.
 constexpr qint64 kMaxInspectedBytes = qint64{16} * 1024 * 1024;
@@ -61,6 +69,13 @@ void keepToOwner(const QString& name)
         QFile file(name);
         static_cast<void>(file.open(QIODevice::WriteOnly | QIODevice::NewOnly, kOwnerOnly));
     }
+}
+
+bool isPlausible(const QRect& window)
+{
+    return window.isValid() && window.width() <= kMaxWindowSide &&
+           window.height() <= kMaxWindowSide && std::abs(window.x()) <= kMaxWindowOffset &&
+           std::abs(window.y()) <= kMaxWindowOffset;
 }
 
 } // namespace
@@ -143,6 +158,11 @@ void Settings::flush()
     m_store->flush();
 }
 
+QString Settings::userFile()
+{
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Pevrix"_s, u"Pevrix"_s).fileName();
+}
+
 // The next write would replace the damaged file and lose what a person could still save from it.
 void Settings::keepDamagedFile() const
 {
@@ -193,6 +213,31 @@ bool Settings::minimizeToTray() const
 void Settings::setMinimizeToTray(bool on)
 {
     m_store->setValue(kMinimizeToTray, on);
+}
+
+bool Settings::trayHintShown() const
+{
+    return m_store->value(kTrayHintShown, false).toBool();
+}
+
+void Settings::setTrayHintShown()
+{
+    m_store->setValue(kTrayHintShown, true);
+}
+
+Settings::WindowState Settings::windowState() const
+{
+    const QRect geometry = m_store->value(kWindowGeometry).toRect();
+    return {.geometry = isPlausible(geometry) ? geometry : QRect(),
+            .maximized = m_store->value(kWindowMaximized, false).toBool()};
+}
+
+void Settings::setWindowState(const WindowState& state)
+{
+    if (state != windowState()) {
+        m_store->setValue(kWindowGeometry, state.geometry);
+        m_store->setValue(kWindowMaximized, state.maximized);
+    }
 }
 
 Settings::DeviceMap Settings::trusted() const

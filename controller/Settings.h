@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QRect>
 #include <QString>
 
 #include <chrono>
@@ -27,7 +28,19 @@ public:
     // Ids are foreign text and become keys of the file: longer ones are used but not stored.
     static constexpr qsizetype kMaxDeviceIdLength = 512;
 
-    // Without a file: the user's own one (organisation and application "Pevrix").
+    // Where the main window is; without a valid geometry nothing is known.
+    struct WindowState
+    {
+        QRect geometry; // while it is not maximised
+        bool maximized = false;
+
+        friend bool operator==(const WindowState&, const WindowState&) = default;
+    };
+
+    // The user's own file (organisation and application "Pevrix").
+    [[nodiscard]] static QString userFile();
+
+    // Without a file: the user's own one.
     explicit Settings(const QString& file = {});
     ~Settings();
 
@@ -43,6 +56,13 @@ public:
     // Closing the window hides it.
     [[nodiscard]] bool minimizeToTray() const;
     void setMinimizeToTray(bool on);
+
+    // The user has been told once where a hidden window goes.
+    [[nodiscard]] bool trayHintShown() const;
+    void setTrayHintShown();
+
+    [[nodiscard]] WindowState windowState() const;
+    void setWindowState(const WindowState& state);
 
     // The tokens of the phones that may connect. The phone server owns them; here they are stored.
     [[nodiscard]] DeviceMap trusted() const;

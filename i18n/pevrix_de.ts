@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>Die Kamera sendet live</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>Die Kamera ist pausiert</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>Telefon verbunden: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>Telefon getrennt: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme läuft</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>Ordner für Aufnahmen wählen</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>Registrierung der Kamera aufheben</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>Kamera registrieren</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>Ordner für Aufnahmen öffnen</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>Ordner für Aufnahmen ändern</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>Kopplungscode neu erzeugen</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix läuft weiter</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>Ein Klick auf das Symbol holt das Fenster zurück. „Beenden“ im Menü des Symbols beendet Pevrix.</translation>
     </message>
 </context>
 </TS>

@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>La cámara está en directo</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>La cámara está en pausa</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>Teléfono conectado: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>Teléfono desconectado: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Grabando</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>Elegir la carpeta de grabaciones</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>Anular registro de la cámara</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>Registrar la cámara</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>Abrir la carpeta de grabaciones</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>Cambiar la carpeta de grabaciones</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>Regenerar el código de vinculación</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>Reanudar</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix sigue funcionando</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>Haz clic en su icono para recuperar la ventana. «Salir», en su menú, lo cierra del todo.</translation>
     </message>
 </context>
 </TS>

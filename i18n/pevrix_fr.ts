@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>La caméra est en direct</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>La caméra est en pause</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>Téléphone connecté&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>Téléphone déconnecté&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Enregistrement en cours</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>Choisir le dossier des enregistrements</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>Désinscrire la caméra</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>Inscrire la caméra</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>Ouvrir le dossier des enregistrements</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>Changer le dossier des enregistrements</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>Régénérer le code d&apos;association</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>Reprendre</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix continue de fonctionner</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>Cliquez sur son icône pour retrouver la fenêtre. « Quitter », dans son menu, ferme le programme.</translation>
     </message>
 </context>
 </TS>

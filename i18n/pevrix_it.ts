@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>La fotocamera è in diretta</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>La fotocamera è in pausa</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>Telefono connesso: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>Telefono disconnesso: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Registrazione in corso</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>Scegli la cartella delle registrazioni</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>Annulla registrazione della fotocamera</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>Registra la fotocamera</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>Apri la cartella delle registrazioni</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>Cambia la cartella delle registrazioni</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>Rigenera il codice di associazione</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>Riprendi</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix è ancora in esecuzione</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>Fai clic sulla sua icona per riaprire la finestra. Per chiuderlo del tutto, scegli «Esci» dal menu dell’icona.</translation>
     </message>
 </context>
 </TS>

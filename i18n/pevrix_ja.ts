@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>カメラの映像を送信しています</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>カメラは一時停止中です</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>スマートフォンが接続されました: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>スマートフォンが切断されました: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>録画中</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>録画フォルダーを選択</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>カメラの登録を解除</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>カメラを登録</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>録画フォルダーを開く</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>録画フォルダーを変更</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>ペアリングコードを再生成</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>再開</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix は動作を続けています</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>アイコンをクリックするとウィンドウが戻ります。アイコンのメニューの「終了」で終了します。</translation>
     </message>
 </context>
 </TS>

@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>A câmera está ao vivo</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>A câmera está em pausa</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>Celular conectado: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>Celular desconectado: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Gravando</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>Escolher a pasta de gravações</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>Remover registro da câmera</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>Registrar a câmera</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>Abrir a pasta de gravações</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>Alterar a pasta de gravações</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>Gerar novo código de pareamento</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>Retomar</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>O Pevrix continua em execução</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>Clique no ícone para trazer a janela de volta. Para encerrar, escolha “Sair” no menu do ícone.</translation>
     </message>
 </context>
 </TS>

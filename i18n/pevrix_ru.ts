@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>Камера передаёт изображение</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>Камера приостановлена</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>Телефон подключён: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>Телефон отключён: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Идёт запись</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>Выбор папки для записей</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>Отменить регистрацию камеры</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>Зарегистрировать камеру</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>Открыть папку для записей</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>Изменить папку для записей</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>Создать новый код подключения</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>Продолжить</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix продолжает работать</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>Щёлкните значок, чтобы вернуть окно. Пункт «Выход» в меню значка завершает программу.</translation>
     </message>
 </context>
 </TS>

@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>Kamera canlı yayında</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>Kamera duraklatıldı</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>Telefon bağlandı: %1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>Telefonun bağlantısı kesildi: %1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Video kaydediliyor</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>Kayıt klasörünü seçin</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>Kamera kaydını sil</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>Kamerayı kaydet</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>Video kayıtları klasörünü aç</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>Video kayıtları klasörünü değiştir</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>Eşleştirme kodunu yenile</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>Sürdür</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix çalışmaya devam ediyor</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>Pencereyi geri getirmek için simgesine tıklayın. Simge menüsündeki “Çıkış” programı kapatır.</translation>
     </message>
 </context>
 </TS>

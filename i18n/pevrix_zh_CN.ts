@@ -34,6 +34,29 @@
     </message>
 </context>
 <context>
+    <name>Announcer</name>
+    <message>
+        <source>The camera is live</source>
+        <translation>摄像头正在传送实时画面</translation>
+    </message>
+    <message>
+        <source>The camera is paused</source>
+        <translation>摄像头已暂停</translation>
+    </message>
+    <message>
+        <source>Phone connected: %1</source>
+        <translation>手机已连接：%1</translation>
+    </message>
+    <message>
+        <source>Phone disconnected: %1</source>
+        <translation>手机已断开：%1</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>正在录制</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -94,6 +117,26 @@
     <message>
         <source>Choose recordings folder</source>
         <translation>选择录像文件夹</translation>
+    </message>
+    <message>
+        <source>Unregister the camera</source>
+        <translation>取消注册摄像头</translation>
+    </message>
+    <message>
+        <source>Register the camera</source>
+        <translation>注册摄像头</translation>
+    </message>
+    <message>
+        <source>Open the recordings folder</source>
+        <translation>打开录像文件夹</translation>
+    </message>
+    <message>
+        <source>Change the recordings folder</source>
+        <translation>更改录像文件夹</translation>
+    </message>
+    <message>
+        <source>Regenerate the pairing code</source>
+        <translation>重新生成配对码</translation>
     </message>
 </context>
 <context>
@@ -407,6 +450,14 @@
     <message>
         <source>Resume</source>
         <translation>继续</translation>
+    </message>
+    <message>
+        <source>Pevrix is still running</source>
+        <translation>Pevrix 仍在运行</translation>
+    </message>
+    <message>
+        <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
+        <translation>单击其图标可恢复窗口。图标菜单中的“退出”会结束程序。</translation>
     </message>
 </context>
 </TS>

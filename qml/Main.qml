@@ -47,6 +47,7 @@ Window {
     readonly property int rz: 6 // thickness of the resize grips
 
     signal dialogAsked(string name)
+    signal hiddenToTray()
 
     width: normalWidth
     height: normalHeight
@@ -80,6 +81,7 @@ Window {
     function hideToTray(): void {
         if (trayAvailable) {
             hide()
+            hiddenToTray()
         } else {
             showMinimized()
         }
@@ -236,6 +238,7 @@ Window {
                 clock: root.recClock
                 onAddPhoneClicked: root.openDialog("addphone")
                 onMenuRequested: (field, x, y) => editMenu.openFor(field, x, y)
+                onMenuAsked: field => editMenu.openByKey(field)
             }
         }
 
@@ -258,6 +261,8 @@ Window {
     }
 
     RenameCatcher { card: root.renamingCard }
+
+    Announcer {}
 
     EditMenu {
         id: editMenu

@@ -167,7 +167,7 @@ Section "Let phones through the Windows Firewall" SectionFirewall
 SectionEnd
 
 Section /o "Start Pevrix with Windows" SectionStart
-    WriteRegStr HKLM "${RUN_KEY}" "Pevrix" '"$INSTDIR\pevrix.exe"'
+    WriteRegStr HKLM "${RUN_KEY}" "Pevrix" '"$INSTDIR\pevrix.exe" --tray'
 SectionEnd
 
 ; Whoever had it started with Windows keeps that.
@@ -223,6 +223,7 @@ Section "Uninstall"
     ${If} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
         "Remove your settings and the list of trusted phones as well?" /SD IDNO IDYES`
         Delete "$APPDATA\Pevrix\Pevrix.ini"
+        Delete "$APPDATA\Pevrix\instance.lock" ; of a Pevrix that crashed
         RMDir "$APPDATA\Pevrix"
     ${EndIf}
 SectionEnd

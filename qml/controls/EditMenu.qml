@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 
 // The right-click menu of text fields, one for the whole window. It never takes the focus: a field
-// that commits when it loses the focus is not committed by opening its menu. From the keyboard its
-// actions are the shortcuts that it shows.
+// that commits when it loses the focus is not committed by opening its menu. So the keys that move in
+// it are shortcuts of the window for as long as it is shown.
 Item {
     id: root
 
@@ -13,6 +13,8 @@ Item {
     property bool shown: false
 
     readonly property bool hasSelection: target !== null && target.selectedText !== ""
+    readonly property list<EditMenuRow> actions: [cut, copy, paste, selectAll]
+    property int current: -1 // the action that Enter runs
     readonly property int edge: 4 // kept free between the panel and the window's sides
 
     anchors.fill: parent
@@ -25,7 +27,29 @@ Item {
         const point = mapFromItem(null, sceneX, sceneY)
         panel.x = Math.max(edge, Math.min(point.x, width - panel.width - edge))
         panel.y = Math.max(edge, Math.min(point.y, height - panel.height - edge))
+        current = -1
         shown = true
+    }
+
+    // At the field's cursor, with an action chosen.
+    function openByKey(field: Item): void {
+        const input = field as TextInput
+        const cursor = input.cursorRectangle
+        const point = input.mapToItem(null, cursor.x, cursor.y + cursor.height)
+        openFor(field, point.x, point.y)
+        step(1)
+    }
+
+    // Round and round among the actions that are possible.
+    function step(by: int): void {
+        for (let i = 1; i <= actions.length; ++i) {
+            const next = (current + by * i + 2 * actions.length) % actions.length
+            if (actions[next].active) {
+                current = next
+                root.Accessible.announce(actions[next].label)
+                return
+            }
+        }
     }
 
     function close(): void {
@@ -52,6 +76,40 @@ Item {
         sequence: "Escape"
         enabled: root.shown
         onActivated: root.close()
+    }
+
+    Shortcut {
+        sequence: "Down"
+        enabled: root.shown
+        onActivated: root.step(1)
+    }
+
+    Shortcut {
+        sequence: "Up"
+        enabled: root.shown
+        onActivated: root.step(-1)
+    }
+
+    Shortcut {
+        sequences: ["Return", "Enter"]
+        enabled: root.shown
+        onActivated: {
+            if (root.current >= 0) {
+                root.run(root.actions[root.current].action)
+            } else {
+                root.close()
+            }
+        }
+    }
+
+    Connections {
+        target: root.target
+
+        function onActiveFocusChanged(): void {
+            if (!root.target.activeFocus) {
+                root.close()
+            }
+        }
     }
 
     MouseArea {
@@ -94,9 +152,12 @@ Item {
             anchors { left: parent.left; right: parent.right; top: parent.top; margins: 5 }
 
             EditMenuRow {
+                id: cut
+
                 ink: tint.textc
                 faded: tint.muted
                 hoverColor: tint.raised
+                chosen: root.actions[root.current] === this
                 action: "cut"
                 label: qsTr("Cut")
                 keys: "Ctrl+X"
@@ -105,9 +166,12 @@ Item {
             }
 
             EditMenuRow {
+                id: copy
+
                 ink: tint.textc
                 faded: tint.muted
                 hoverColor: tint.raised
+                chosen: root.actions[root.current] === this
                 action: "copy"
                 label: qsTr("Copy")
                 keys: "Ctrl+C"
@@ -116,9 +180,12 @@ Item {
             }
 
             EditMenuRow {
+                id: paste
+
                 ink: tint.textc
                 faded: tint.muted
                 hoverColor: tint.raised
+                chosen: root.actions[root.current] === this
                 action: "paste"
                 label: qsTr("Paste")
                 keys: "Ctrl+V"
@@ -139,9 +206,12 @@ Item {
             }
 
             EditMenuRow {
+                id: selectAll
+
                 ink: tint.textc
                 faded: tint.muted
                 hoverColor: tint.raised
+                chosen: root.actions[root.current] === this
                 action: "selectAll"
                 label: qsTr("Select all")
                 keys: "Ctrl+A"

@@ -8,6 +8,7 @@ Rectangle {
     required property string label
     required property string keys // its shortcut
     required property bool active
+    required property bool chosen // by the keyboard
     required property color ink
     required property color faded // while it is not active
     required property color hoverColor
@@ -18,7 +19,9 @@ Rectangle {
     width: parent.width
     height: 26
     radius: 5
-    color: Qt.alpha(hoverColor, active && area.containsMouse ? 1 : 0)
+    border.width: chosen ? 2 : 0
+    border.color: Theme.focus
+    color: Qt.alpha(hoverColor, active && (area.containsMouse || chosen) ? 1 : 0)
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: label

@@ -26,6 +26,8 @@ Column {
                 size: Theme.btnHsm
                 variant: root.registered ? "neutral" : "primary"
                 text: root.registered ? qsTr("Unregister") : qsTr("Register")
+                Accessible.name: root.registered ? qsTr("Unregister the camera")
+                                                 : qsTr("Register the camera")
                 onClicked: root.registered ? App.unregisterCamera() : App.registerCamera()
             }
         }
@@ -50,12 +52,15 @@ Column {
             AppButton {
                 size: Theme.btnHsm
                 text: qsTr("Open")
+                Accessible.name: qsTr("Open the recordings folder")
                 onClicked: App.openRecordingsFolder()
             }
 
             AppButton {
+                objectName: "changeFolder"
                 size: Theme.btnHsm
                 text: qsTr("Change")
+                Accessible.name: qsTr("Change the recordings folder")
                 onClicked: folderDialog.open()
             }
         }
@@ -80,6 +85,7 @@ Column {
             AppButton {
                 size: Theme.btnHsm
                 text: qsTr("Regenerate")
+                Accessible.name: qsTr("Regenerate the pairing code")
                 onClicked: App.regeneratePairing()
             }
         }

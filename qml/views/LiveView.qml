@@ -11,6 +11,7 @@ Item {
 
     signal addPhoneClicked()
     signal menuRequested(Item field, real sceneX, real sceneY)
+    signal menuAsked(Item field) // by a key
 
     function setFrame(image: var): void {
         preview.setFrame(image)
@@ -65,6 +66,7 @@ Item {
             width: parent.width
             onAddPhoneClicked: root.addPhoneClicked()
             onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)
+            onMenuAsked: field => root.menuAsked(field)
         }
     }
 }

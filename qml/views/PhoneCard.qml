@@ -19,6 +19,7 @@ Clickable {
     signal activated()
     signal renamed(string name)
     signal menuRequested(Item field, real sceneX, real sceneY)
+    signal menuAsked(Item field) // by a key
 
     objectName: "phoneCard"
     implicitWidth: 116
@@ -120,6 +121,7 @@ Clickable {
                 root.forceActiveFocus()
             }
             onMenuRequested: (input, x, y) => root.menuRequested(input, x, y)
+            onMenuAsked: input => root.menuAsked(input)
         }
 
         RenameButton {

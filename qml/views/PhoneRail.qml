@@ -11,6 +11,7 @@ Flickable {
 
     signal addPhoneClicked()
     signal menuRequested(Item field, real sceneX, real sceneY)
+    signal menuAsked(Item field) // by a key
 
     implicitHeight: 120
     contentWidth: cards.width
@@ -53,6 +54,7 @@ Flickable {
                 onActivated: App.setActive(phoneId)
                 onRenamed: name => App.renamePhone(phoneId, name)
                 onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)
+                onMenuAsked: field => root.menuAsked(field)
                 onEditingChanged: {
                     if (editing) {
                         root.renamingCard?.commitRename()

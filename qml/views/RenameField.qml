@@ -11,6 +11,7 @@ MouseArea {
     signal cancelled()
     signal focusLost()
     signal menuRequested(Item field, real sceneX, real sceneY)
+    signal menuAsked(Item field) // by a key
 
     acceptedButtons: Qt.AllButtons
     hoverEnabled: true
@@ -53,6 +54,13 @@ MouseArea {
         Keys.onReturnPressed: root.accepted()
         Keys.onEnterPressed: root.accepted()
         Keys.onEscapePressed: root.cancelled()
+        Keys.onMenuPressed: root.menuAsked(input)
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier) {
+                root.menuAsked(input)
+                event.accepted = true
+            }
+        }
         onActiveFocusChanged: if (!activeFocus) {
             root.focusLost()
         }

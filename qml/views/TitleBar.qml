@@ -71,6 +71,7 @@ Rectangle {
         spacing: 2
 
         TitleButton {
+            objectName: "settingsButton"
             name: qsTr("Settings")
             onClicked: root.settingsClicked()
 

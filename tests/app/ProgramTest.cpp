@@ -10,7 +10,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 using pevrix::Program;
@@ -31,15 +30,12 @@ public:
         for (const char* file : {"pevrix", "libpevrix-ffmpeg.so", "libsoftcam.so"}) {
             std::filesystem::create_hard_link(bin / file, home / file);
         }
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"LOCALAPPDATA"_s, m_home.path());
-        environment.insert(u"HOME"_s, m_home.path());
-        environment.insert(u"XDG_CONFIG_HOME"_s, m_home.filePath(u"config"_s));
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-        environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
-        QStringList all = arguments;
-        m_process.emplace(path(u"pevrix"_s), all.replaceInStrings(u"%1"_s, m_home.path()),
-                          environment);
+        m_environment.insert(u"LOCALAPPDATA"_s, m_home.path());
+        m_environment.insert(u"HOME"_s, m_home.path());
+        m_environment.insert(u"XDG_CONFIG_HOME"_s, m_home.filePath(u"config"_s));
+        m_environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        m_environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+        m_process = start(arguments);
     }
 
     [[nodiscard]] QString log() const
@@ -67,8 +63,9 @@ public:
     {
         const QStringList lines = log().split(u'\n', Qt::SkipEmptyParts);
         for (const QString& line : lines) {
-            // Qt's own: it looks for a tray where the offscreen platform has none.
-            EXPECT_TRUE(line.startsWith("Pevrix: "_L1) || line.contains("systemTrayWindow"_L1))
+            // Qt's own: the offscreen platform has no tray, and no windows in front of others.
+            EXPECT_TRUE(line.startsWith("Pevrix: "_L1) || line.contains("systemTrayWindow"_L1) ||
+                        line.contains("raise()"_L1))
                 << qPrintable(line);
         }
     }
@@ -84,9 +81,19 @@ public:
 
     [[nodiscard]] int waitForExit() { return m_process->awaitExit(); }
 
+    // One more process in the same folder.
+    [[nodiscard]] std::unique_ptr<Program> start(QStringList arguments = {}) const
+    {
+        return std::make_unique<Program>(
+            path(u"pevrix"_s), arguments.replaceInStrings(u"%1"_s, m_home.path()), m_environment);
+    }
+
+    void crash() { m_process->end(); }
+
 private:
     QTemporaryDir m_home{QStringLiteral(PEVRIX_BIN_DIR "/program-XXXXXX")};
-    std::optional<Program> m_process;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+    std::unique_ptr<Program> m_process;
 };
 
 // A simulated phone that streams to the program once it listens. Ends with the object.
@@ -168,6 +175,31 @@ TEST(Program, TakesAPictureSoonAfterTheFirstFrame)
         EXPECT_EQ(program.waitForExit(), 0);
         EXPECT_EQ(QImage(program.path(u"shot.png"_s)).size(), QSize(540, 640));
     }
+}
+
+TEST(Program, SecondStartShowsTheFirstOnesWindowAndEnds)
+{
+    Pevrix program;
+    const QString asked = u"Pevrix: started once more"_s;
+    EXPECT_NE(program.waitForLog(u"Pevrix: listening on port (\\d+)"_s), QString());
+    EXPECT_EQ(program.start({u"--tray"_s})->awaitExit(), 0);
+    EXPECT_EQ(program.start({u"--shot"_s, u"--shot-delay"_s, u"200"_s})->awaitExit(), 0);
+    EXPECT_TRUE(program.log().contains(u"Pevrix: shot saved"_s)); // beside the first one
+    EXPECT_FALSE(program.log().contains(asked));
+    EXPECT_EQ(program.start()->awaitExit(), 0);
+    EXPECT_NE(program.waitForLog(asked), QString());
+    EXPECT_EQ(program.log().count(u"another Pevrix is running, this one ends"_s), 2);
+
+    const auto listened = [&] {
+        return program.log().count(u"Pevrix: listening on port"_s);
+    };
+    const auto before = listened();
+    program.crash();
+    const auto next = program.start();
+    EXPECT_TRUE(waitUntil([&] { return listened() > before; })) << qPrintable(program.log());
+    next->terminate();
+    EXPECT_EQ(next->awaitExit(), 0);
+    program.expectNoWarnings();
 }
 
 TEST(Program, PrintsItsOptionsWhereThereIsNoDisplay)

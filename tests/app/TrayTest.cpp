@@ -1,5 +1,6 @@
 #include "app/Tray.h"
 
+#include "app/HiddenWindow.h"
 #include "tools/doubles/WaitUntil.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,9 @@
 #include <QApplication>
 #include <QImage>
 #include <QSignalSpy>
+#include <QWindow>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using pevrix::Tray;
@@ -79,6 +83,69 @@ TEST(Tray, AsksForTheWindowAtAClickAndForTheRestFromItsMenu)
     EXPECT_EQ(shows.count(), 3);
     EXPECT_EQ(pauses.count(), 1);
     EXPECT_EQ(quits.count(), 1);
+}
+
+TEST(Tray, DrawsASignForEachSizeThatIsAskedFor)
+{
+    Tray tray;
+    const QIcon plain = tray.icon().icon();
+    tray.setState({.live = true});
+    for (const int side : {16, 20, 24, 32}) {
+        const QSize size(side, side);
+        const QImage drawn(u":/assets/icons/app-icon-%1.png"_s.arg(side));
+        if (!drawn.isNull()) {
+            const auto format = QImage::Format_ARGB32_Premultiplied;
+            EXPECT_EQ(plain.pixmap(size, 1.0).toImage().convertToFormat(format),
+                      drawn.convertToFormat(format));
+        }
+        const QImage picture = tray.icon().icon().pixmap(size, 1.0).toImage();
+        EXPECT_EQ(picture.size(), size);
+        EXPECT_EQ(picture.pixelColor(side * 3 / 4, side * 3 / 4), kGreen) << side;
+    }
+}
+
+TEST(Tray, MenuIsReadableOnADarkDesktop)
+{
+    QPalette dark;
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        dark.setColor(role, Qt::white);
+    }
+    const QPalette usual = QApplication::palette();
+    QApplication::setPalette(dark);
+    Tray tray;
+    QMenu& menu = *tray.icon().contextMenu();
+    menu.setFont(QFont(u"Open Sans"_s));
+    menu.ensurePolished();
+    const QRect row = menu.actionGeometry(actionOf(tray, 0));
+    const QImage picture = menu.grab(row).toImage();
+    QApplication::setPalette(usual);
+    int darkest = 255;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            darkest = std::min(darkest, qGray(picture.pixel(x, y)));
+        }
+    }
+    EXPECT_LT(darkest, 80); // of text on white
+}
+
+TEST(HiddenWindow, ComesBackOnceTheTrayIsGoneForGood)
+{
+    QWindow window;
+    bool tray = true;
+    int asked = 0;
+    pevrix::HiddenWindow hidden(
+        window, [&] { return ++asked, tray; }, std::chrono::milliseconds(1));
+    QSignalSpy lost(&hidden, &pevrix::HiddenWindow::lost);
+    EXPECT_TRUE(pevrix::waitUntil([&] { return asked >= 3; }));
+    EXPECT_EQ(lost.count(), 0);
+    tray = false;
+    const int before = asked;
+    EXPECT_TRUE(pevrix::waitUntil([&] { return lost.count() > 0; }));
+    EXPECT_GE(asked, before + 2); // its system may be starting it anew
+    window.show();
+    asked = 0;
+    pevrix::letEventsRunFor(std::chrono::milliseconds(20));
+    EXPECT_EQ(asked, 0);
 }
 
 // Menus need the application object of widgets.

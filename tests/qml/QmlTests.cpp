@@ -1,6 +1,8 @@
 #include "qml/Interface.h"
 #include "ui/Translator.h"
 
+#include <QAccessible>
+#include <QDesktopServices>
 #include <QFont>
 #include <QGuiApplication>
 #include <QQmlComponent>
@@ -8,11 +10,50 @@
 #include <QQmlEngine>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QtQuickTest/quicktest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
+
+// What a screen reader does and hears.
+class ScreenReader : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QStringList heard READ heard)
+
+public:
+    ScreenReader()
+    {
+        QAccessible::setActive(true);
+        QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+            if (event->type() == QAccessible::Announcement) {
+                s_heard << static_cast<QAccessibleAnnouncementEvent*>(event)->message();
+            }
+        });
+    }
+
+    [[nodiscard]] static QStringList heard() { return s_heard; }
+
+    Q_INVOKABLE static void forget() { s_heard.clear(); }
+
+    // False where the control does not offer it.
+    Q_INVOKABLE static bool toggle(QObject* control)
+    {
+        auto* const interface = QAccessible::queryAccessibleInterface(control);
+        auto* const actions = interface ? interface->actionInterface() : nullptr;
+        const QString action = QAccessibleActionInterface::toggleAction();
+        if (!actions || !actions->actionNames().contains(action)) {
+            return false;
+        }
+        actions->doAction(action);
+        return true;
+    }
+
+private:
+    static inline QStringList s_heard;
+};
 
 // Gives each test file's engine what the program gives its own, scripted where a state at will is
 // needed.
@@ -28,7 +69,10 @@ public Q_SLOTS:
         font.setFamilies({u"Segoe UI"_s, u"Open Sans"_s});
         QGuiApplication::setFont(font);
         registerInterface();
+        QDesktopServices::setUrlHandler(u"https"_s, this, "ignore"); // of links
     }
+
+    void ignore(const QUrl&) {}
 
     void qmlEngineAvailable(QQmlEngine* engine)
     {
@@ -36,6 +80,7 @@ public Q_SLOTS:
         provide(engine, u"updater"_s, make(engine, u"ScriptedUpdater"_s));
         auto* translator = new Translator(QGuiApplication::instance(), engine, engine);
         engine->rootContext()->setContextProperty(u"i18n"_s, translator);
+        provide(engine, u"screenReader"_s, new ScreenReader);
     }
 
 private:

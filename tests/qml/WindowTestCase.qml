@@ -20,6 +20,7 @@ TestCase {
         controller.reset()
         i18n.setLanguage("en")
         updater.available = false
+        updater.downloads = 0
         window = createTemporaryObject(mainComponent, test)
         window.requestActivate()
         tryVerify(() => window.active)

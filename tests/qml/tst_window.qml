@@ -26,48 +26,142 @@ WindowTestCase {
         return seen
     }
 
-    function checkTabOrder(scope) {
-        const controls = controlsIn(scope)
-        const seen = walk()
-        for (const control of controls) {
-            verify(seen.includes(control), `Tab misses "${control.Accessible.name}"`)
+    readonly property var roleNames: ({
+        [Accessible.Button]: "button", [Accessible.CheckBox]: "switch", [Accessible.Link]: "link",
+        [Accessible.PageTab]: "tab", [Accessible.RadioButton]: "choice"
+    })
+
+    // The part of the window that Tab moves in.
+    function arrange(row) {
+        controller.firewallBlocked = controller.outputEnabled = updater.available = true
+        controller.recording = part("updateBar").dismissed = false
+        updater.latestVersion = "1.2"
+        if (row.live && !controller.phoneConnected) {
+            controller.connectPhones()
         }
-        compare(seen.length, controls.length, "Tab leaves the dialog")
-        for (const item of seen) {
-            verify(item.Accessible.role !== Accessible.NoRole, item)
-            verify(item.Accessible.name !== "", item)
+        if (!row.dialog) {
+            return window.contentItem
         }
-        compare(new Set(seen.map(item => item.Accessible.name + item.Accessible.role)).size,
-                seen.length, "two controls of one name")
+        const dialog = open(row.dialog)
+        if (row.tab !== undefined) {
+            dialog.tab = row.tab
+        }
+        return dialog
     }
 
-    function test_tabReachesEveryControlWhichHasARoleAndAName_data() {
+    // Every control in the order of the Tab key: its role, its name, and after a colon the keys that it
+    // obeys beside Enter and Space.
+    function test_everyControl_data() {
+        const bar = ["button Settings", "button Minimize", "button Maximize", "button Close",
+                     "button Download", "button Dismiss"]
+        const tabs = ["button Close", "tab General: Right", "tab Camera: Left Right",
+                      "tab Status: Left Right", "tab About: Left"]
         return [
-            { tag: "pairing" },
-            { tag: "live" },
-            { tag: "general", dialog: "settings", tab: 0 },
-            { tag: "camera", dialog: "settings", tab: 1 },
-            { tag: "status", dialog: "settings", tab: 2 },
-            { tag: "about", dialog: "settings", tab: 3 },
-            { tag: "language", dialog: "language" },
-            { tag: "add phone", dialog: "addphone" }
+            { tag: "pairing", controls: [...bar, "button Allow", "link Get the app"] },
+            { tag: "live", live: true, controls: [
+                ...bar, "button Pause camera", "button Record", "choice Kitchen phone: F2",
+                "button Rename Kitchen phone", "choice Desk phone: F2", "button Rename Desk phone",
+                "button Add phone"] },
+            { tag: "general", dialog: "settings", tab: 0, controls: [
+                ...tabs, "choice System: Right", "choice Light: Left Right", "choice Dark: Left",
+                "button Language: English", "switch Close to tray"] },
+            { tag: "camera", dialog: "settings", tab: 1, controls: [
+                ...tabs, "button Unregister the camera", "button Open the recordings folder",
+                "button Change the recordings folder", "button Regenerate the pairing code"] },
+            { tag: "status", dialog: "settings", tab: 2, controls: tabs },
+            { tag: "about", dialog: "settings", tab: 3, controls: [...tabs, "link pevrix.example"] },
+            { tag: "language", dialog: "language", controls: [
+                "button Close", "choice System default", "choice English", "choice Français",
+                "choice Español", "choice Deutsch", "choice Italiano", "choice Português",
+                "choice Русский", "choice Türkçe", "choice 中文 (简体)", "choice 日本語"] },
+            { tag: "add phone", dialog: "addphone", controls: ["button Close"] }
         ]
     }
 
-    function test_tabReachesEveryControlWhichHasARoleAndAName(row) {
-        controller.firewallBlocked = updater.available = true
-        updater.latestVersion = "1.2"
-        if (row.tag === "live") {
-            controller.connectPhones()
-        }
-        let scope = window.contentItem
-        if (row.dialog) {
-            scope = open(row.dialog)
-            if (row.tab !== undefined) {
-                scope.tab = row.tab
+    function test_everyControl(row) {
+        const scope = arrange(row)
+        const seen = walk()
+        compare(seen.length, controlsIn(scope).length, "Tab misses a control, or leaves the dialog")
+        compare(seen.map(item => `${roleNames[item.Accessible.role]} ${item.Accessible.name}`),
+                row.controls.map(text => text.replace(/: [FLR].*/, "")))
+        for (const text of row.controls) {
+            const [, name, keys] = /^[a-z]+ (.*?)(?:: ([FLR].*))?$/.exec(text)
+            for (const key of ["Return", "Space", ...(keys?.split(" ") ?? [])]) {
+                tryKey(row, name, key)
             }
         }
-        checkTabOrder(scope)
+    }
+
+    function tryKey(row, name, key) {
+        if (name.startsWith("Change")) {
+            return // opens a window of the system's
+        }
+        // The key before may have closed the dialog, hidden the window or changed the language.
+        i18n.setLanguage("en")
+        window.showNormal()
+        window.requestActivate()
+        tryVerify(() => window.active)
+        const control = controlsIn(arrange(row)).find(item => item.Accessible.name === name)
+        let clicks = 0
+        control.clicked.connect(() => ++clicks)
+        control.forceActiveFocus(Qt.TabFocusReason)
+        keyClick(Qt[`Key_${key}`])
+        verify(["Return", "Space"].includes(key) ? clicks === 1 : window.activeFocusItem !== control,
+               `${name} and ${key}`)
+        window.renamingCard?.cancelRename()
+        if (!row.dialog) {
+            closeDialogs()
+        }
+    }
+
+    function closeDialogs() {
+        for (const name of ["settings", "language", "addPhone"]) {
+            part(name)?.close()
+        }
+    }
+
+    function test_aScreenReaderTogglesAndHearsWhatHappens() {
+        open("settings")
+        const toggle = controlsIn(part("settings")).find(item => item.Accessible.checkable
+                                                         && item.Accessible.name === "Close to tray")
+        verify(screenReader.toggle(toggle))
+        verify(!controller.minimizeToTray)
+        screenReader.forget()
+        controller.connectPhones()
+        controller.toggleOutput()
+        controller.recording = true
+        controller.phones = controller.phones.slice(1)
+        compare(screenReader.heard, [
+            "Phone connected: Kitchen phone", "Phone connected: Desk phone", "The camera is live",
+            "The camera is paused", "Recording", "Phone disconnected: Kitchen phone"])
+    }
+
+    function contrast(a, b) {
+        const part = x => x <= 0.03928 ? x / 12.92 : Math.pow((x + 0.055) / 1.055, 2.4)
+        const light = c => 0.2126 * part(c.r) + 0.7152 * part(c.g) + 0.0722 * part(c.b) + 0.05
+        const [x, y] = [light(a), light(b)]
+        return Math.max(x, y) / Math.min(x, y)
+    }
+
+    function test_ringsEdgesAndTextsStandOut() {
+        const grounds = ["bg", "surface", "raised", "raisedHover", "accentSoft", "track", "focusHalo"]
+        const texts = [["textc", grounds], ["muted", grounds], ["accentStrong", ["bg", "accentSoft"]],
+                       ["redInk", ["red"]]]
+        for (const strong of [false, true]) {
+            for (const mode of [1, 2]) {
+                window.contrast = strong
+                controller.themeMode = mode
+                for (const ground of grounds) {
+                    verify(contrast(Theme.focus, Theme[ground]) >= 3, `ring on ${ground}`)
+                }
+                for (const [ink, papers] of texts) {
+                    for (const paper of papers) {
+                        verify(contrast(Theme[ink], Theme[paper]) >= (strong ? 7 : 4.5),
+                               `${ink} on ${paper}`)
+                    }
+                }
+            }
+        }
     }
 
     function test_viewFollowsThePhonesAndTheirFramesAreShown() {
@@ -213,7 +307,7 @@ WindowTestCase {
         compare(window.themeMode, 2)
         press("Camera")
         compare(settings.tab, 1)
-        press("Regenerate")
+        press("Regenerate the pairing code")
         verify(controller.calls.includes("regeneratePairing"))
         settings.close()
         tryVerify(() => !settings.visible)

@@ -18,7 +18,9 @@ QtObject {
 
     readonly property list<string> names: [
         "pairing", "no-camera", "firewall", "update", "live", "paused", "recording", "edit-menu", "add-phone",
-        "settings-general", "settings-camera", "settings-status", "settings-about", "language"
+        "settings-general", "settings-camera", "settings-status", "settings-about", "language",
+        "focus-pairing", "focus-live", "focus-settings",
+        "contrast-pairing", "contrast-live", "contrast-settings"
     ]
 
     function arrange(view: string): void {
@@ -26,12 +28,16 @@ QtObject {
             find(window.contentItem, dialog)?.close()
         }
         window.renamingCard?.cancelRename()
+        window.contrast = view.startsWith("contrast")
+        focusTimer.stop()
+        window.contentItem.forceActiveFocus()
         updater.available = view === "update"
         updater.latestVersion = "1.2"
         const themeMode = app.themeMode
         app.reset()
         app.themeMode = themeMode
-        if (["live", "paused", "recording", "edit-menu", "add-phone"].includes(view)) {
+        if (["live", "paused", "recording", "edit-menu", "add-phone", "focus-live",
+             "contrast-live"].includes(view)) {
             app.connectPhones()
         }
         // Without a camera nothing listens, and there is no code to scan.
@@ -41,6 +47,18 @@ QtObject {
         case "no-camera": app.port = 0; break
         case "firewall": app.firewallBlocked = true; break
         case "live": app.appConnected = true; break
+        case "focus-pairing": focus("settingsButton"); break
+        case "focus-live": focus("phoneCard"); break
+        case "focus-settings":
+            openSettings(1)
+            focus("changeFolder")
+            break
+        case "contrast-pairing": app.firewallBlocked = updater.available = true; break
+        case "contrast-live":
+            app.recording = app.appConnected = true
+            window.recSeconds = 187
+            break
+        case "contrast-settings": openSettings(0); break
         case "paused": app.outputEnabled = false; break
         case "recording":
             app.recording = app.appConnected = true
@@ -52,9 +70,27 @@ QtObject {
         }
         const tab = ["general", "camera", "status", "about"].indexOf(view.replace("settings-", ""))
         if (tab >= 0) {
-            window.shotOpenView("settings")
-            find(window.contentItem, "settings").tab = tab
+            openSettings(tab)
         }
+    }
+
+    function openSettings(tab: int): void {
+        window.shotOpenView("settings")
+        find(window.contentItem, "settings").tab = tab
+    }
+
+    property string focusName
+    property Timer focusTimer: Timer { // a dialog takes the focus when it appears
+        interval: 300
+        onTriggered: root.find(root.window.contentItem, root.focusName)
+                             ?.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    // As with the Tab key.
+    function focus(name: string): void {
+        window.requestActivate()
+        focusName = name
+        focusTimer.restart()
     }
 
     function openEditMenu(): void {

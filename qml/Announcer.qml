@@ -1,0 +1,54 @@
+import QtQuick
+
+// Tells screen readers what happens without their user having done it: phones that come and go, and
+// what programs get to see.
+Item {
+    id: root
+
+    property var names: ({}) // of the connected phones, by id
+    property string said
+    readonly property string output: !App.phoneConnected || !App.live ? ""
+                                     : App.outputEnabled ? qsTr("The camera is live")
+                                                         : qsTr("The camera is paused")
+
+    function say(text: string): void {
+        said = text
+        if (text !== "") {
+            Accessible.announce(text)
+        }
+    }
+
+    function comparePhones(): void {
+        const now = {}
+        for (const phone of App.phones) {
+            now[phone.id] = phone.name
+            if (names[phone.id] === undefined) {
+                say(qsTr("Phone connected: %1").arg(phone.name))
+            }
+        }
+        for (const id in names) {
+            if (now[id] === undefined) {
+                say(qsTr("Phone disconnected: %1").arg(names[id]))
+            }
+        }
+        names = now
+    }
+
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: said
+    onOutputChanged: say(output)
+
+    Connections {
+        target: App
+
+        function onPhonesChanged(): void {
+            root.comparePhones()
+        }
+
+        function onRecordingChanged(): void {
+            if (App.recording) {
+                root.say(qsTr("Recording"))
+            }
+        }
+    }
+}
