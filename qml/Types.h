@@ -2,6 +2,7 @@
 
 #include "ui/FramePreview.h"
 #include "ui/PhoneModel.h"
+#include "ui/SoftShadow.h"
 #include "ui/SystemPreferences.h"
 
 #include <QtQmlIntegration>
@@ -35,6 +36,13 @@ struct PhoneModelType
     Q_GADGET
     QML_FOREIGN(pevrix::PhoneModel)
     QML_NAMED_ELEMENT(PhoneModel)
+};
+
+struct SoftShadowType
+{
+    Q_GADGET
+    QML_FOREIGN(pevrix::SoftShadow)
+    QML_NAMED_ELEMENT(SoftShadow)
 };
 
 struct SystemPreferencesType

@@ -1,7 +1,4 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
-import QtQuick.Effects
 
 // A rectangle that casts a shadow around itself, to lie behind a card of its shape. Without a
 // graphics API it is a plain rectangle.
@@ -11,11 +8,14 @@ Rectangle {
     property color shadowColor
     property real blur: 0.7
 
-    layer.enabled: visible && GraphicsInfo.api !== GraphicsInfo.Software
-    layer.effect: MultiEffect {
-        shadowEnabled: true
-        shadowColor: root.shadowColor
-        shadowBlur: root.blur
-        shadowVerticalOffset: 3
+    SoftShadow {
+        y: 3
+        z: -1
+        width: root.width
+        height: root.height
+        visible: GraphicsInfo.api !== GraphicsInfo.Software
+        radius: root.radius
+        blur: root.blur
+        color: root.shadowColor
     }
 }
