@@ -23,7 +23,8 @@ struct Candidate
 {
     std::string name;
     std::function<void()> convert;
-    std::vector<double> secondsPerPicture; // one per round
+    int libyuvMayUse = -1;                      // instructions; -1 for all
+    std::vector<double> secondsPerPicture = {}; // one per round
 };
 
 const char* nameOf(ColorKernel kernel)
@@ -43,6 +44,7 @@ const char* nameOf(ColorKernel kernel)
 
 void measure(Candidate& candidate)
 {
+    libyuv::MaskCpuFlags(candidate.libyuvMayUse);
     const auto start = bench::cpuTime();
     for (int i = 0; i < kPicturesPerRound; ++i) {
         candidate.convert();
@@ -64,19 +66,27 @@ void benchSize(int width, int height)
     const Nv12Picture nv12{y, uv, width, width, width, height};
     const I420Picture i420{y, uv, uv + pixels / 4, width, width / 2, width, height};
 
+    const auto libyuvConvert = [&] {
+        libyuv::NV12ToRGB24(y, width, uv, width, bgr.data(), width * 3, width, height);
+    };
+    constexpr int kUpToSse41 =
+        libyuv::kCpuHasX86 | libyuv::kCpuHasSSE2 | libyuv::kCpuHasSSSE3 | libyuv::kCpuHasSSE41;
+
     std::vector<Candidate> candidates;
+    candidates.push_back({.name = "libyuv nv12", .convert = libyuvConvert});
     candidates.push_back(
-        {"libyuv nv12",
-         [&] { libyuv::NV12ToRGB24(y, width, uv, width, bgr.data(), width * 3, width, height); },
-         {}});
-    candidates.push_back(
-        {"copy of bgr", [&] { std::memcpy(copy.data(), bgr.data(), bgr.size()); }, {}});
+        {.name = "libyuv ssse3 nv12", .convert = libyuvConvert, .libyuvMayUse = kUpToSse41});
+    candidates.push_back({.name = "copy of bgr", .convert = [&] {
+                              std::memcpy(copy.data(), bgr.data(), bgr.size());
+                          }});
     for (const ColorKernel kernel : availableColorKernels()) {
         const std::string name = nameOf(kernel);
-        candidates.push_back(
-            {name + " nv12", [&, kernel] { convertToBgr(nv12, bgr.data(), kernel); }, {}});
-        candidates.push_back(
-            {name + " i420", [&, kernel] { convertToBgr(i420, bgr.data(), kernel); }, {}});
+        candidates.push_back({.name = name + " nv12", .convert = [&, kernel] {
+                                  convertToBgr(nv12, bgr.data(), kernel);
+                              }});
+        candidates.push_back({.name = name + " i420", .convert = [&, kernel] {
+                                  convertToBgr(i420, bgr.data(), kernel);
+                              }});
     }
 
     for (int round = 0; round < kRounds; ++round) {
@@ -85,21 +95,26 @@ void benchSize(int width, int height)
         }
     }
 
-    std::printf("\n%dx%d               ms/picture  Mpixel/s  speed: libyuv=1  scalar=1\n", width,
-                height);
+    std::printf(
+        "\n%dx%d               ms/picture  Mpixel/s  speed: libyuv=1  its ssse3=1  scalar=1\n",
+        width, height);
     const auto& libyuvTimes = candidates[0].secondsPerPicture;
-    const auto& scalarTimes = candidates[2].secondsPerPicture;
+    const auto& ssse3Times = candidates[1].secondsPerPicture;
+    const auto& scalarTimes = candidates[3].secondsPerPicture;
     std::string ratios;
     for (const Candidate& candidate : candidates) {
         const double seconds = bench::median(candidate.secondsPerPicture);
         const double toLibyuv = bench::medianRatio(libyuvTimes, candidate.secondsPerPicture);
+        const double toSsse3 = bench::medianRatio(ssse3Times, candidate.secondsPerPicture);
         const double toScalar = bench::medianRatio(scalarTimes, candidate.secondsPerPicture);
-        std::printf("  %-20s %9.3f %10.0f %15.2f %9.2f\n", candidate.name.c_str(), seconds * 1e3,
-                    static_cast<double>(pixels) / seconds / 1e6, toLibyuv, toScalar);
+        std::printf("  %-20s %9.3f %10.0f %15.2f %12.2f %9.2f\n", candidate.name.c_str(),
+                    seconds * 1e3, static_cast<double>(pixels) / seconds / 1e6, toLibyuv, toSsse3,
+                    toScalar);
         std::string key = candidate.name + "_" + std::to_string(height);
         std::replace(key.begin(), key.end(), ' ', '_');
-        if (&candidate - candidates.data() > 3) {
+        if (&candidate - candidates.data() > 4) {
             ratios += "ratio " + key + "_speed_to_libyuv " + std::to_string(toLibyuv) + "\n";
+            ratios += "ratio " + key + "_speed_to_libyuv_ssse3 " + std::to_string(toSsse3) + "\n";
             ratios += "ratio " + key + "_speed_to_scalar " + std::to_string(toScalar) + "\n";
         }
     }

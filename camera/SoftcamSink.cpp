@@ -66,6 +66,7 @@ void SoftcamSink::sendFrame(const std::uint8_t* pixels)
     if (!m_pending.empty() && m_pending.size() == pictureBytes(m_width, m_height)) {
         std::memcpy(m_pending.data(), pixels, m_pending.size());
         m_hasFrame = true;
+        m_fresh = true;
     }
 }
 
@@ -133,6 +134,7 @@ try {
         m_height = height;
         m_pending.assign(picture.size(), 0);
         m_hasFrame = false;
+        m_fresh = false;
     }
     return m_sender.start(FrameClock::periodOf(m_fps),
                           [this, camera = m_camera, picture = std::move(picture)]() mutable {
@@ -146,14 +148,17 @@ try {
     return false;
 }
 
-// The newest picture stays in the mailbox, to be sent again until there is a newer one.
+// The newest picture, to be sent again until there is a newer one. It changes places with the one
+// before, which nobody needs any more.
 bool SoftcamSink::takePending(Pixels& picture)
 {
     const std::lock_guard lock(m_mutex);
     if (!m_hasFrame || m_pending.size() != picture.size()) {
         return false;
     }
-    std::memcpy(picture.data(), m_pending.data(), picture.size());
+    if (std::exchange(m_fresh, false)) {
+        picture.swap(m_pending);
+    }
     return true;
 }
 

@@ -13,7 +13,7 @@ namespace pevrix {
 // until destruction. Pictures come when they come and go out at the camera's rate: sendFrame()
 // leaves the newest one in a mailbox, and a sender thread of the sink's own sends the mailbox's
 // content once per period, again and again until a newer one is there. Nothing is sent before the
-// first picture. One copy in and one out per picture, no allocation.
+// first picture. One copy per picture, no allocation.
 //
 // start() and stop() belong to one thread at a time; everything else may be called by any.
 class SoftcamSink final : public IVirtualCameraSink
@@ -67,8 +67,9 @@ private:
 
     // Guards the size and the mailbox, and is held only for a copy.
     std::mutex m_mutex;
-    Pixels m_pending; // width * height * 3 bytes while a camera exists, else empty
-    bool m_hasFrame = false;
+    Pixels m_pending;        // width * height * 3 bytes while a camera exists, else empty
+    bool m_hasFrame = false; // sendFrame() has brought one
+    bool m_fresh = false;    // which the sender has not taken yet: m_pending is it
 
     PacedThread m_sender; // last: it uses all of the above
 };
