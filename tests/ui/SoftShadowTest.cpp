@@ -18,6 +18,6 @@ TEST(SoftShadow, LooksLikeABlurredRectangle)
         EXPECT_EQ(qAlpha(shadow.pixel(middle, shadow.height() - 1 - place)), left);
     }
     EXPECT_NEAR(qAlpha(shadow.pixel(middle, middle)), 0x66, 1);
-    EXPECT_NEAR(qAlpha(shadow.pixel(edge, edge)), 15, 3); // the corner is round
+    EXPECT_LT(qAlpha(shadow.pixel(edge, edge)), qAlpha(shadow.pixel(edge, middle)) / 3); // is round
     EXPECT_EQ(qAlpha(shadow.pixel(0, 0)), 0);
 }
