@@ -1,5 +1,6 @@
 #include "phone/PhoneServer.h"
 #include "tests/phone/TestPhone.h"
+#include "tools/doubles/RawPeer.h"
 #include "tools/doubles/ThisProcess.h"
 
 #include <gtest/gtest.h>
@@ -7,10 +8,8 @@
 #include <cstdio>
 #include <deque>
 #include <fstream>
-#include <netinet/in.h>
 #include <random>
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -32,72 +31,6 @@ double waitedForProcessorMs()
     std::ifstream("/proc/thread-self/schedstat") >> ran >> waitedNs;
     return waitedNs / 1e6;
 }
-
-// A bare socket, for what a well-mannered client cannot do.
-class RawPeer
-{
-public:
-    explicit RawPeer(quint16 port)
-        : m_fd(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
-    {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(port);
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        EXPECT_EQ(::connect(m_fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    }
-    RawPeer(RawPeer&& other) noexcept
-        : m_fd(std::exchange(other.m_fd, -1))
-    {}
-    ~RawPeer()
-    {
-        if (m_fd >= 0) {
-            ::close(m_fd);
-        }
-    }
-
-    // How many bytes went out: -1 when the connection is gone, 0 when there is no room now.
-    ssize_t write(QByteArrayView bytes, int flags = MSG_DONTWAIT) const
-    {
-        const ssize_t count = ::send(m_fd, bytes.data(), static_cast<std::size_t>(bytes.size()),
-                                     flags | MSG_NOSIGNAL);
-        return count < 0 && (errno == EAGAIN || errno == EWOULDBLOCK) ? 0 : count;
-    }
-    // The connection ends with a reset rather than in good order.
-    void resetOnClose() const
-    {
-        const linger hard{.l_onoff = 1, .l_linger = 0};
-        ::setsockopt(m_fd, SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
-    }
-    // The server has ended the connection.
-    bool ended() const
-    {
-        char byte = 0;
-        const ssize_t count = ::recv(m_fd, &byte, 1, MSG_DONTWAIT | MSG_PEEK);
-        return count == 0 || (count < 0 && errno != EAGAIN && errno != EWOULDBLOCK);
-    }
-
-private:
-    int m_fd;
-};
-
-// Sends a stream, each time as much as there is room for.
-struct Flooder
-{
-    RawPeer peer;
-    qsizetype offset = 0;
-    bool done = false; // the stream went out whole, or the connection is gone
-
-    // Whether anything went out.
-    bool push(const QByteArray& stream, bool again)
-    {
-        const ssize_t sent = done ? 0 : peer.write(QByteArrayView(stream).sliced(offset));
-        offset += std::max<ssize_t>(sent, 0);
-        done = done || sent < 0 || (offset == stream.size() && !again);
-        offset = done || offset < stream.size() ? offset : 0;
-        return sent > 0;
-    }
-};
 
 // A server with one good phone on it, which must be served whatever the others do.
 class HostilePeersTest : public testing::Test
