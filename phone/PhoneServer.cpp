@@ -16,6 +16,9 @@ using namespace std::chrono_literals;
 constexpr auto kStrangersTurn = 2ms;
 constexpr auto kStrangersRest = 2ms;
 
+// More than the queue of the system holds; whoever floods it waits for the phones' turn.
+constexpr int kAcceptedInATurn = 64;
+
 } // namespace
 
 PhoneServer::PhoneServer(const PhoneServerTimings& timings, QObject* parent)
@@ -35,6 +38,8 @@ PhoneServer::PhoneServer(const PhoneServerTimings& timings, QObject* parent)
     // Queued, for otherwise it would go on accepting as long as somebody connects.
     connect(&m_server, &QTcpServer::newConnection, this, &PhoneServer::onNewConnection,
             Qt::QueuedConnection);
+    // See onNewConnection().
+    m_server.setMaxPendingConnections(1);
     connect(&m_server, &QTcpServer::acceptError, this, &PhoneServer::onAcceptError);
 }
 
@@ -73,9 +78,19 @@ void PhoneServer::setActive(int id, bool active)
     }
 }
 
+// Left alone, QTcpServer accepts until nobody waits any more, keeps that as its error for good, and
+// takes a later lack of descriptors for the same: then it neither tells of it nor rests, but tries
+// again without end. So it takes one at a time, and is asked for the next one only if there is one.
 void PhoneServer::onNewConnection()
 {
-    while (QTcpSocket* const socket = m_server.nextPendingConnection()) {
+    for (int i = 0; i < kAcceptedInATurn; ++i) {
+        if (!m_server.hasPendingConnections() && !m_server.waitForNewConnection(0)) {
+            return;
+        }
+        QTcpSocket* const socket = m_server.nextPendingConnection();
+        if (socket == nullptr) {
+            return; // accepting it failed
+        }
         adopt(socket, false);
         limitStrangers();
     }

@@ -69,7 +69,7 @@ TEST_F(HostilePeersTest, RandomBytesHurtNobody)
 {
     std::mt19937 random(7);
     const QByteArray types("\x00\x01\x02\x10\x11\x12\x13\x30\x31\x40\xff", 11);
-    for (int batch = 0; batch < 20; ++batch) {
+    for (int batch = 0; batch < 200; ++batch) {
         std::vector<RawPeer> peers;
         for (int i = 0; i < 50; ++i) {
             const RawPeer& peer = peers.emplace_back(server.port());
@@ -261,6 +261,9 @@ TEST_F(HostilePeersTest, AcceptsAgainOnceDescriptorsAreFree)
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
     PhoneServer fresh({.pingInterval = 50ms});
     ASSERT_TRUE(fresh.listen(0));
+    TestPhone early(fresh.port());
+    ASSERT_TRUE(early.sendAndSettle(helloMessage("early")));
+    testing::internal::CaptureStderr();
     const RawPeer waiting(fresh.port());
     const int lowestFree = ::dup(STDIN_FILENO);
     ::close(lowestFree);
@@ -274,6 +277,8 @@ TEST_F(HostilePeersTest, AcceptsAgainOnceDescriptorsAreFree)
 
     TestPhone late(fresh.port());
     EXPECT_TRUE(late.sendAndSettle(helloMessage("late")));
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_NE(told.find("cannot accept a connection"), std::string::npos);
 }
 
 } // namespace

@@ -22,8 +22,7 @@ public:
         address.sin_family = AF_INET;
         address.sin_port = htons(port);
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        m_connected =
-            ::connect(m_fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        m_connected = ::connect(m_fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
     }
     RawPeer(RawPeer&& other) noexcept
         : m_fd(std::exchange(other.m_fd, -1))
@@ -50,6 +49,12 @@ public:
     {
         const linger hard{.l_onoff = 1, .l_linger = 0};
         ::setsockopt(m_fd, SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
+    }
+    /// Little waits on this side for the other one to read: an end is seen soon.
+    void keepLittle() const
+    {
+        const int bytes = 32 * 1024;
+        ::setsockopt(m_fd, SOL_SOCKET, SO_SNDBUF, &bytes, sizeof bytes);
     }
     /// The server has ended the connection.
     [[nodiscard]] bool ended() const

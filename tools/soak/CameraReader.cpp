@@ -126,8 +126,7 @@ void CameraReader::readStamps()
         if (parts.size() != 3) {
             continue;
         }
-        const double stamp =
-            parts[0].toInt() * 3600 + parts[1].toInt() * 60 + parts[2].toDouble();
+        const double stamp = parts[0].toInt() * 3600 + parts[1].toInt() * 60 + parts[2].toDouble();
         m_rising = m_rising && (m_stamps == 0 || stamp > m_lastStamp);
         m_firstStamp = m_stamps++ == 0 ? stamp : m_firstStamp;
         m_lastStamp = stamp;
@@ -161,8 +160,8 @@ void Visitors::look()
     }
     if (!m_visitor && m_coming) {
         m_visitor = std::make_unique<Program>(
-            u"gst-launch-1.0"_s,
-            words("-q pipewiresrc target-object=pevrix-camera num-buffers=3 ! fakesink sync=false"));
+            u"gst-launch-1.0"_s, words("-q pipewiresrc target-object=pevrix-camera num-buffers=3 ! "
+                                       "video/x-raw,format=YUY2 ! fakesink sync=false"));
     }
 }
 

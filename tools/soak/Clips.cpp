@@ -26,9 +26,9 @@ std::unique_ptr<const Clips::Clip> encoded(QSize size)
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(clip->bytes.constData()),
                           static_cast<std::size_t>(clip->bytes.size()));
     for (const auto& [end, keyframe] : ends) {
-        clip->units.push_back({bytes.subspan(static_cast<std::size_t>(begin),
-                                             static_cast<std::size_t>(end - begin)),
-                               keyframe});
+        clip->units.push_back(
+            {bytes.subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin)),
+             keyframe});
         begin = end;
     }
     return clip;

@@ -64,7 +64,8 @@ QByteArray streamOf(const Clips::Clip& clip, std::size_t units)
     for (std::size_t i = 0; i < std::min(units, clip.units.size()); ++i) {
         const AccessUnit& unit = clip.units[i];
         const auto size = std::ssize(unit.bytes);
-        const auto head = encodeVideoFrameHeader(static_cast<qint64>(i) * 33'333, unit.keyframe, size);
+        const auto head =
+            encodeVideoFrameHeader(static_cast<qint64>(i) * 33'333, unit.keyframe, size);
         stream.append(head.data(), std::ssize(head));
         stream.append(reinterpret_cast<const char*>(unit.bytes.data()), size);
     }
@@ -110,8 +111,8 @@ Silence fallSilent(const Address& address, const Clips& clips, int count)
     // Half of them come anew while the program still waits for the first connection.
     std::vector<RawPeer> again;
     for (int i = 0; i < count / 2; ++i) {
-        if (const auto ms = greet(again.emplace_back(address.port),
-                                  address.hello(u"silent-%1"_s.arg(i)))) {
+        if (const auto ms =
+                greet(again.emplace_back(address.port), address.hello(u"silent-%1"_s.arg(i)))) {
             result.readmitted.ms.push_back(*ms);
         }
     }
@@ -160,6 +161,7 @@ void flood(const Address& address, int count, const std::atomic<bool>& stop)
     std::vector<Flooder> flooders;
     for (int i = 0; i < count; ++i) {
         flooders.push_back({RawPeer(address.port)});
+        flooders.back().peer.keepLittle(); // what waits would be worked off long after the flood
     }
     while (!stop) {
         const auto pushed = std::ranges::count_if(

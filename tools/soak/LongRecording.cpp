@@ -3,7 +3,7 @@
 #include "tools/doubles/Program.h"
 #include "tools/doubles/ThisProcess.h"
 #include "video/Mp4Recorder.h"
-#include "video/Mp4RecorderPlatform_ffmpeg.h"
+#include "video/Mp4RecorderPlatform_linux.h"
 
 #include <QFile>
 
@@ -105,8 +105,8 @@ void recordForLong(const QString& file, int minutes, Verdicts& verdicts)
                      .arg(written.dropped),
                  complete);
     verdicts.add(20, u"memory of a recording of %1 minutes"_s.arg(minutes),
-                 u"less than +%1 MB"_s.arg(kGrowth),
-                 u"+%1 MB"_s.arg(written.megabytes, 0, 'f', 1), written.megabytes < kGrowth);
+                 u"less than +%1 MB"_s.arg(kGrowth), u"+%1 MB"_s.arg(written.megabytes, 0, 'f', 1),
+                 written.megabytes < kGrowth);
     QFile::remove(file);
 }
 

@@ -16,9 +16,9 @@ using namespace std::chrono_literals;
 constexpr quint16 kDaemonPort = 27015; // where the program looks for it
 constexpr auto kRestartLook = 200ms;
 constexpr auto kQuietTime = 2s;
-constexpr int kRounds = 3; // at least
+constexpr int kRounds = 3;         // at least
 constexpr std::size_t kWarmUp = 2; // rounds
-constexpr double kGrowth = 2; // megabytes
+constexpr double kGrowth = 2;      // megabytes
 
 double worstAfterWarmUp(const std::vector<Resources>& samples)
 {
@@ -85,8 +85,8 @@ double Storm::join(std::unique_ptr<Phone>& phone, const QString& name, QSize siz
 double Storm::echo(Phone& phone)
 {
     bool answered = false;
-    const auto listening = QObject::connect(
-        &phone, &Phone::received, &phone, [&answered](const Message& message) {
+    const auto listening =
+        QObject::connect(&phone, &Phone::received, &phone, [&answered](const Message& message) {
             answered = answered || (message.type == MessageType::Pong && message.payload == "echo");
         });
     QElapsedTimer clock;
@@ -120,12 +120,16 @@ void Storm::round()
     (void)m_reader.takeStamps();
     (void)join(m_good, u"good"_s, Clips::kSizes.front());
     (void)join(m_second, u"second"_s, Clips::kSizes[3]);
-    streamAndRecord();
-    stallAndResume();
-    breakAndFallSilent();
-    meetSlowStrangers();
-    meetTheCrowd();
-    bearTheFlood();
+    for (const auto& [name, step] :
+         {std::pair("recording and other sizes", &Storm::streamAndRecord),
+          std::pair("a stall", &Storm::stallAndResume),
+          std::pair("broken and silent connections", &Storm::breakAndFallSilent),
+          std::pair("slow strangers", &Storm::meetSlowStrangers),
+          std::pair("a crowd of strangers", &Storm::meetTheCrowd),
+          std::pair("a flood", &Storm::bearTheFlood)}) {
+        say(u"  "_s + QString::fromLatin1(name));
+        (this->*step)();
+    }
     m_tally.lostPhones += m_good->isAccepted() && m_second->isAccepted() ? 0 : 1;
     plugIn();
     leave();

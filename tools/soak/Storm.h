@@ -32,9 +32,9 @@ struct Tally
     Times greetedAfterCrowd;
     Times cable; // from the plug until the phone is served
     Times cableAfterDaemon;
-    Times paused;  // until the paused card is seen
-    Times resumed; // until the video is seen again
-    Times idle;    // until the idle card is seen after a phone's end
+    Times paused;               // until the paused card is seen
+    Times resumed;              // until the video is seen again
+    Times idle;                 // until the idle card is seen after a phone's end
     double slowestVideo = 1000; // pictures a second that another program saw beside slow strangers
 };
 

@@ -25,7 +25,8 @@ constexpr auto kRecordingTime = 2s;
 constexpr auto kFloodTime = 2s;
 constexpr auto kPlugLimit = 20s;
 
-double msSince(std::chrono::steady_clock::time_point begin, std::chrono::steady_clock::time_point end)
+double msSince(std::chrono::steady_clock::time_point begin,
+               std::chrono::steady_clock::time_point end)
 {
     return std::chrono::duration<double, std::milli>(end - begin).count();
 }
@@ -124,9 +125,9 @@ void Storm::meetSlowStrangers()
     m_tally.greetedBesideSlow.ms.push_back(join(late, u"late"_s, Clips::kSizes[3]));
     letEventsRunFor(2s);
     const auto after = m_reader.seen();
-    m_tally.slowestVideo = std::min(m_tally.slowestVideo,
-                                    static_cast<double>(after.changes - before.changes) * 1000 /
-                                        msSince(before.lastPicture, after.lastPicture));
+    m_tally.slowestVideo =
+        std::min(m_tally.slowestVideo, static_cast<double>(after.changes - before.changes) * 1000 /
+                                           msSince(before.lastPicture, after.lastPicture));
     stop = true;
     m_tally.mostHeld = std::max(m_tally.mostHeld, held.get());
 }
@@ -200,7 +201,8 @@ void Storm::plugIn()
 void Storm::leave()
 {
     m_second->leave();
-    (void)waitUntil([this] { return m_second->state() == Phone::State::Over; }, QDeadlineTimer(10s));
+    (void)waitUntil([this] { return m_second->state() == Phone::State::Over; },
+                    QDeadlineTimer(10s));
     letEventsRunFor(500ms);
     for (const bool gently : {true, false}) {
         const auto begin = std::chrono::steady_clock::now();

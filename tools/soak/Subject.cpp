@@ -21,9 +21,8 @@ constexpr auto kQuitLimit = 60s;  // the search for leaks is part of it
 
 int entries(const QString& folder)
 {
-    return static_cast<int>(QDir(folder).entryList(QDir::AllEntries | QDir::System |
-                                                   QDir::NoDotAndDotDot)
-                                .size());
+    return static_cast<int>(
+        QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size());
 }
 
 QString outputOf(const QString& program, const QStringList& arguments)
@@ -43,7 +42,7 @@ QString Subject::prepared(const Build& build, const QString& folder)
     const std::filesystem::path bin(build.bin.toStdString());
     const std::filesystem::path home(folder.toStdString());
     std::filesystem::create_directories(home / "config");
-    for (const char* name : {"pevrix", "libsoftcam.so"}) {
+    for (const char* name : {"pevrix", "libpevrix-ffmpeg.so", "libsoftcam.so"}) {
         std::filesystem::remove(home / name);
         std::filesystem::create_hard_link(bin / name, home / name);
     }
@@ -56,14 +55,18 @@ QString Subject::prepared(const Build& build, const QString& folder)
     return folder + u"/pevrix"_s;
 }
 
-QProcessEnvironment Subject::environmentIn(const QString& folder)
+QProcessEnvironment Subject::environmentIn(const Build& build, const QString& folder)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"LOCALAPPDATA"_s, folder);
     environment.insert(u"XDG_CONFIG_HOME"_s, folder + u"/config"_s);
     environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
     // Freed memory that is kept to catch its late users is bounded, or it would look like a leak.
-    environment.insert(u"ASAN_OPTIONS"_s, u"quarantine_size_mb=16:abort_on_error=0"_s);
+    environment.insert(u"ASAN_OPTIONS"_s,
+                       u"quarantine_size_mb=16:allocator_release_to_os_interval_ms=500"_s);
+    if (build.sanitized) { // it would report the leaks of the graphics driver
+        environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+    }
     environment.insert(u"UBSAN_OPTIONS"_s, u"print_stacktrace=1"_s);
     return environment;
 }
@@ -78,7 +81,7 @@ QStringList Subject::command(const QString& program, const QString& folder, cons
 Subject::Subject(const Build& build, const QString& folder, const Before& before)
     : m_folder(folder)
     , m_command(command(prepared(build, folder), folder, before))
-    , m_program(m_command.constFirst(), m_command.sliced(1), environmentIn(folder))
+    , m_program(m_command.constFirst(), m_command.sliced(1), environmentIn(build, folder))
 {}
 
 bool Subject::awaitStart()
@@ -92,7 +95,9 @@ bool Subject::awaitStart()
         },
         QDeadlineTimer(kStartLimit));
     m_port = match.captured(1).toUShort();
-    return started && m_port != 0;
+    // It listens a moment before it has made its pairing code.
+    return started && m_port != 0 &&
+           waitUntil([this] { return !token().isEmpty(); }, QDeadlineTimer(kStartLimit));
 }
 
 QString Subject::token() const
@@ -132,7 +137,8 @@ QStringList Subject::recordings() const
     const QString root = isRunning() ? u"/proc/%1/root"_s.arg(processId()) : QString();
     const QDir folder(root + m_folder + u"/videos/Pevrix"_s);
     QStringList files;
-    for (const QString& name : folder.entryList({u"*.mp4"_s}, QDir::Files, QDir::Time | QDir::Reversed)) {
+    for (const QString& name :
+         folder.entryList({u"*.mp4"_s}, QDir::Files, QDir::Time | QDir::Reversed)) {
         files += folder.filePath(name);
     }
     return files;

@@ -72,7 +72,8 @@ private:
     [[nodiscard]] static QStringList command(const QString& program, const QString& folder,
                                              const Before& before);
     [[nodiscard]] static QString prepared(const Build& build, const QString& folder);
-    [[nodiscard]] static QProcessEnvironment environmentIn(const QString& folder);
+    [[nodiscard]] static QProcessEnvironment environmentIn(const Build& build,
+                                                           const QString& folder);
 
     const QString m_folder;
     const QStringList m_command;

@@ -29,15 +29,16 @@ struct Plan
     Build release;
     Build sanitized;
     QString folder;
+    QString part; // empty: everything
     int minutes = kFullMinutes;
 
     [[nodiscard]] int share(int full) const
     {
         return std::clamp(full * minutes / kFullMinutes, 1, full);
     }
-    [[nodiscard]] std::chrono::seconds part(int percent) const
+    [[nodiscard]] std::chrono::seconds percent(int share) const
     {
-        return std::chrono::seconds(minutes * 60 * percent / 100);
+        return std::chrono::seconds(minutes * 60 * share / 100);
     }
 };
 
@@ -50,15 +51,18 @@ std::optional<Plan> readPlan(const QCoreApplication& application)
     parser.addOptions({{u"release"_s, u"Folder of the release build's programs."_s, u"folder"_s},
                        {u"sanitized"_s, u"The same of the sanitizers' build."_s, u"folder"_s},
                        {u"out"_s, u"Where the programs' files go; emptied."_s, u"folder"_s},
-                       {u"minutes"_s, u"How long, about."_s, u"number"_s, u"20"_s}});
+                       {u"minutes"_s, u"How long, about."_s, u"number"_s, u"20"_s},
+                       {u"part"_s, u"Only this: storms or endings."_s, u"name"_s}});
     parser.process(application);
     Plan plan{.release = {u"release"_s, parser.value(u"release"_s), false},
               .sanitized = {u"sanitized"_s, parser.value(u"sanitized"_s), true},
               .folder = parser.value(u"out"_s),
+              .part = parser.value(u"part"_s),
               .minutes = parser.value(u"minutes"_s).toInt()};
     if (plan.minutes < 1 || plan.release.bin.isEmpty() || plan.sanitized.bin.isEmpty() ||
         plan.folder.isEmpty()) {
-        std::fprintf(stderr, "pevrix_soak: folders and a number of minutes are needed; see --help\n");
+        std::fprintf(stderr,
+                     "pevrix_soak: folders and a number of minutes are needed; see --help\n");
         return {};
     }
     return plan;
@@ -119,11 +123,37 @@ void storm(const Build& build, const Plan& plan, std::chrono::seconds time, cons
     }
     Storm(subject, build, clips, verdicts, tally).run(time);
     const auto end = subject.quit();
-    verdicts.add(26, u"its end, "_s + build.name + u" build"_s,
-                 u"code 0, no leak, no fault"_s, u"code %1"_s.arg(end.code), end.code == 0);
+    verdicts.add(26, u"its end, "_s + build.name + u" build"_s, u"code 0, no leak, no fault"_s,
+                 u"code %1"_s.arg(end.code), end.code == 0);
     if (end.code != 0) {
         std::printf("%s\n", qPrintable(subject.log().right(20'000)));
     }
+}
+
+void runStorms(const Plan& plan, const Clips& clips, Verdicts& verdicts)
+{
+    Verdicts recorded;
+    std::jthread recording(
+        [&] { recordForLong(plan.folder + u"/long.mp4"_s, plan.share(120), recorded); });
+    Tally tally;
+    storm(plan.sanitized, plan, plan.percent(36), clips, verdicts, tally);
+    storm(plan.release, plan, plan.percent(26), clips, verdicts, tally);
+    judge(tally, plan, verdicts);
+    recording.join();
+    verdicts.add(recorded);
+}
+
+void runEndings(const Plan& plan, const Clips& clips, Media& media, Verdicts& verdicts)
+{
+    say(u"programs that end at any moment"_s);
+    Endings endings(plan.folder, clips, verdicts);
+    endings.runOutOfDescriptors(plan.release);
+    endings.flapInterfaces(plan.release, plan.share(50));
+    endings.restartTheMedia(plan.release, media, plan.share(10));
+    endings.fillTheDisk(plan.release, plan.share(20));
+    endings.killWhileRecording(plan.release, plan.share(50));
+    endings.quitAtAnyMoment(plan.sanitized, plan.share(30));
+    endings.quitAtAnyMoment(plan.release, plan.share(170));
 }
 
 // Two thirds of the time are the storms'; the rest takes as long as its counts need.
@@ -135,27 +165,13 @@ int run(const Plan& plan)
         return 1;
     }
     Verdicts verdicts;
-    Verdicts longVerdicts;
     const Clips clips;
-    std::optional<std::jthread> recording(std::in_place, [&] {
-        recordForLong(plan.folder + u"/long.mp4"_s, plan.share(120), longVerdicts);
-    });
-    Tally tally;
-    storm(plan.sanitized, plan, plan.part(36), clips, verdicts, tally);
-    storm(plan.release, plan, plan.part(26), clips, verdicts, tally);
-    judge(tally, plan, verdicts);
-    recording.reset();
-
-    say(u"programs that end at any moment"_s);
-    Endings endings(plan.folder, clips, verdicts);
-    endings.quitAtAnyMoment(plan.sanitized, plan.share(30));
-    endings.quitAtAnyMoment(plan.release, plan.share(170));
-    endings.killWhileRecording(plan.release, plan.share(50));
-    endings.fillTheDisk(plan.release, plan.share(20));
-    endings.restartTheMedia(plan.release, media, plan.share(10));
-    endings.runOutOfDescriptors(plan.release);
-    endings.flapInterfaces(plan.release, plan.share(50));
-    verdicts.add(longVerdicts);
+    if (plan.part != u"endings") {
+        runStorms(plan, clips, verdicts);
+    }
+    if (plan.part != u"storms") {
+        runEndings(plan, clips, media, verdicts);
+    }
     return verdicts.print() ? 0 : 1;
 }
 
