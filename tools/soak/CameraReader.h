@@ -13,8 +13,8 @@
 
 namespace pevrix {
 
-/// A program that reads the virtual camera in a small size for as long as this object lives, and
-/// what it gets: when each picture came, whether it was another one, and the times written on them.
+// A program that reads the virtual camera in a small size for as long as this object lives, and
+// what it gets: when each picture came, whether it was another one, and the times written on them.
 class CameraReader
 {
 public:
@@ -50,12 +50,12 @@ public:
         }
     };
     static constexpr std::chrono::milliseconds kLongestGap{100};
-    /// Since the last call.
+    // Since the last call.
     [[nodiscard]] Gaps takeGaps();
 
     [[nodiscard]] bool isRunning() const { return m_program.state() == QProcess::Running; }
 
-    /// By the times on the pictures, since the last call.
+    // By the times on the pictures, since the last call.
     struct Stamps
     {
         double rate = 0; // pictures a second
@@ -84,14 +84,14 @@ private:
     std::jthread m_watching;
 };
 
-/// Readers that come, take a few pictures and go, one after the other.
+// Readers that come, take a few pictures and go, one after the other.
 class Visitors
 {
 public:
     Visitors();
 
     void setComing(bool coming) { m_coming = coming; }
-    /// No one is reading, for now.
+    // No one is reading, for now.
     [[nodiscard]] bool areGone() const { return m_visitor == nullptr; }
     [[nodiscard]] int served() const { return m_served; }
     [[nodiscard]] int turnedAway() const { return m_turnedAway; }

@@ -17,7 +17,7 @@ namespace pevrix {
 // What others in the network do to the program, with bare sockets. Each of these takes its time: it
 // runs beside the thread of the well-mannered phones (inBackground).
 
-/// Where the program listens, and what phones say there.
+// Where the program listens, and what phones say there.
 struct Address
 {
     quint16 port = 0;
@@ -26,17 +26,17 @@ struct Address
     [[nodiscard]] QByteArray hello(const QString& device) const;
 };
 
-/// Access units as messages.
+// Access units as messages.
 [[nodiscard]] QByteArray streamOf(const Clips::Clip& clip, std::size_t units);
 
-/// Phones that greet, stream three pictures and are gone, each in another of five ways: in good
-/// order, with a reset, in the middle of a picture, of a message's body, of its header.
+// Phones that greet, stream three pictures and are gone, each in another of five ways: in good
+// order, with a reset, in the middle of a picture, of a message's body, of its header.
 void breakConnections(const Address& address, const Clips& clips, int count);
 
-/// Connections that are closed at once.
+// Connections that are closed at once.
 void connectOnly(const Address& address, int count);
 
-/// Phones that fall silent without a goodbye.
+// Phones that fall silent without a goodbye.
 struct Silence
 {
     Times dropped;    // from the last byte until the program ended the connection
@@ -44,20 +44,20 @@ struct Silence
 };
 [[nodiscard]] Silence fallSilent(const Address& address, const Clips& clips, int count);
 
-/// Strangers that hold a connection, one byte a second or none, until told to stop. How many of
-/// them the program still served then.
+// Strangers that hold a connection, one byte a second or none, until told to stop. How many of
+// them the program still served then.
 [[nodiscard]] int holdConnections(const Address& address, int count, bool trickle,
                                   const std::atomic<bool>& stop);
 
-/// Strangers that send stream descriptions as fast as they are taken.
+// Strangers that send stream descriptions as fast as they are taken.
 void flood(const Address& address, int count, const std::atomic<bool>& stop);
 
-/// A phone that sends pictures as fast as they are taken. How many bytes it got rid of while
-/// `counting`.
+// A phone that sends pictures as fast as they are taken. How many bytes it got rid of while
+// `counting`.
 [[nodiscard]] qint64 push(const Address& address, const Clips& clips,
                           const std::atomic<bool>& counting, const std::atomic<bool>& stop);
 
-/// Runs it on a thread of its own, and the event loop of this one meanwhile.
+// Runs it on a thread of its own, and the event loop of this one meanwhile.
 template <typename Work>
 auto inBackground(Work work)
 {

@@ -9,7 +9,7 @@
 
 namespace pevrix {
 
-/// Programs that are started and ended, or get less than they need. Each of these adds its rows.
+// Programs that are started and ended, or get less than they need. Each of these adds its rows.
 class Endings
 {
 public:
@@ -19,17 +19,17 @@ public:
         , m_verdicts(verdicts)
     {}
 
-    /// Asked to quit at random moments: while they start, connect, decode, record.
+    // Asked to quit at random moments: while they start, connect, decode, record.
     void quitAtAnyMoment(const Build& build, int count);
-    /// Killed at random moments of a recording.
+    // Killed at random moments of a recording.
     void killWhileRecording(const Build& build, int count);
-    /// A disk that is full after some of the recording.
+    // A disk that is full after some of the recording.
     void fillTheDisk(const Build& build, int count);
-    /// 64 descriptors, and a crowd that wants more.
+    // 64 descriptors, and a crowd that wants more.
     void runOutOfDescriptors(const Build& build);
-    /// The media service dies and comes again.
+    // The media service dies and comes again.
     void restartTheMedia(const Build& build, Media& media, int count);
-    /// Network interfaces that come and go.
+    // Network interfaces that come and go.
     void flapInterfaces(const Build& build, int count);
 
 private:

@@ -6,8 +6,8 @@
 
 namespace pevrix {
 
-/// Records `minutes` of pictures whose clock runs as fast as they are encoded: at 29.7 and 30.3 a
-/// second by turns, with pauses. Takes about a minute for two hours; for a thread of its own.
+// Records `minutes` of pictures whose clock runs as fast as they are encoded: at 29.7 and 30.3 a
+// second by turns, with pauses. Takes about four minutes for two hours; for a thread of its own.
 void recordForLong(const QString& file, int minutes, Verdicts& verdicts);
 
 } // namespace pevrix

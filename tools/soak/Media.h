@@ -8,15 +8,15 @@
 
 namespace pevrix {
 
-/// A media service, PipeWire with its session manager, for this process and its children alone.
-/// Make it before anything else, as it changes the environment.
+// A media service, PipeWire with its session manager, for this process and its children alone.
+// Make it before anything else, as it changes the environment.
 class Media
 {
 public:
     Media();
 
     [[nodiscard]] bool start();
-    /// As in a crash: nobody says goodbye.
+    // As in a crash: nobody says goodbye.
     void kill();
 
 private:

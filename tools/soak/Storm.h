@@ -14,7 +14,7 @@
 
 namespace pevrix {
 
-/// What the storms over all builds saw.
+// What the storms over all builds saw.
 struct Tally
 {
     int broken = 0;
@@ -38,15 +38,15 @@ struct Tally
     double slowestVideo = 1000; // pictures a second that another program saw beside slow strangers
 };
 
-/// One running program, phones and strangers that come and go around it, again and again, and what
-/// is left of them in the quiet after each round.
+// One running program, phones and strangers that come and go around it, again and again, and what
+// is left of them in the quiet after each round.
 class Storm
 {
 public:
     Storm(Subject& subject, const Build& build, const Clips& clips, Verdicts& verdicts,
           Tally& tally);
 
-    /// For this long, and at least for three rounds.
+    // For this long, and at least for three rounds.
     void run(std::chrono::seconds time);
 
 private:
@@ -90,6 +90,7 @@ private:
     std::unique_ptr<Phone> m_good;
     std::unique_ptr<Phone> m_second; // held, for echoes
     int m_round = 0;
+    Resources m_before;
     std::vector<Resources> m_samples; // in the quiet after each round
     CameraReader::Gaps m_gaps;
     std::vector<double> m_rates; // of the camera, a round each

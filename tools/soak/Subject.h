@@ -10,7 +10,7 @@
 
 namespace pevrix {
 
-/// A build of the program.
+// A build of the program.
 struct Build
 {
     QString name; // "release"
@@ -18,7 +18,7 @@ struct Build
     bool sanitized = false;
 };
 
-/// What the program holds of the system.
+// What the program holds of the system.
 struct Resources
 {
     double megabytes = 0; // resident
@@ -26,23 +26,23 @@ struct Resources
     int threads = 0;
 };
 
-/// The program itself, with settings, log, recordings and pairing token in a folder of its own, on
-/// the display and in the media service of this process. Its window lies where clicks expect it.
+// The program itself, with settings, log, recordings and pairing token in a folder of its own, on
+// the display and in the media service of this process. Its window lies where clicks expect it.
 class Subject
 {
 public:
-    /// What goes before it: a program that becomes the shell, and what the shell does, with the
-    /// folder for recordings as $1, before it becomes the program. For limits, mounts, networks.
+    // What goes before it: a program that becomes the shell, and what the shell does, with the
+    // folder for recordings as $1, before it becomes the program. For limits, mounts, networks.
     struct Before
     {
         QString shell;
         QStringList runner;
     };
 
-    /// Starts it.
+    // Starts it.
     Subject(const Build& build, const QString& folder, const Before& before = {});
 
-    /// Listens for phones; everything else needs that.
+    // Listens for phones; everything else needs that.
     [[nodiscard]] bool awaitStart();
 
     [[nodiscard]] quint16 port() const { return m_port; }
@@ -53,9 +53,9 @@ public:
     [[nodiscard]] QString log() { return m_program.errors(); }
     [[nodiscard]] bool awaitLog(const QString& text, std::chrono::seconds limit);
 
-    /// Presses the button beside the preview, which is there while video is live.
+    // Presses the button beside the preview, which is there while video is live.
     void pressRecord();
-    /// Full paths, the newest last.
+    // Full paths, the newest last.
     [[nodiscard]] QStringList recordings() const;
 
     struct End
@@ -63,9 +63,9 @@ public:
         int code = -1; // -1: it crashed or had to be killed
         double ms = 0;
     };
-    /// Asks it to quit.
+    // Asks it to quit.
     [[nodiscard]] End quit();
-    /// At once.
+    // At once.
     void kill() { m_program.end(); }
 
 private:
@@ -81,7 +81,7 @@ private:
     quint16 m_port = 0;
 };
 
-/// What another program finds in a recording; nothing when it does not play to its end.
+// What another program finds in a recording; nothing when it does not play to its end.
 struct Playable
 {
     int pictures = 0;

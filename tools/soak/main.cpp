@@ -166,10 +166,10 @@ int run(const Plan& plan)
     }
     Verdicts verdicts;
     const Clips clips;
-    if (plan.part != u"endings") {
+    if (plan.part != "endings"_L1) {
         runStorms(plan, clips, verdicts);
     }
-    if (plan.part != u"storms") {
+    if (plan.part != "storms"_L1) {
         runEndings(plan, clips, media, verdicts);
     }
     return verdicts.print() ? 0 : 1;
