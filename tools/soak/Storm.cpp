@@ -20,9 +20,9 @@ constexpr auto kQuietTime = 2s;
 // they are gone: on a busy machine that takes a while.
 constexpr auto kWorkOffLimit = 180s;
 constexpr int kFewDescriptors = 10; // more than before the first round
-constexpr int kRounds = 3;         // at least
-constexpr std::size_t kWarmUp = 2; // rounds
-constexpr double kGrowth = 2;      // megabytes
+constexpr int kRounds = 3;          // at least
+constexpr std::size_t kWarmUp = 2;  // rounds
+constexpr double kGrowth = 2;       // megabytes
 
 double worstAfterWarmUp(const std::vector<Resources>& samples)
 {
