@@ -160,7 +160,8 @@ void Settings::flush()
 
 QString Settings::userFile()
 {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Pevrix"_s, u"Pevrix"_s).fileName();
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Pevrix"_s, u"Pevrix"_s)
+        .fileName();
 }
 
 // The next write would replace the damaged file and lose what a person could still save from it.

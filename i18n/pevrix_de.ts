@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>Aufnahme läuft</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>Die Aufnahme wurde von selbst beendet</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>Aufnahme gespeichert</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

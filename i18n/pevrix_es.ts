@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>Grabando</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>La grabación se ha detenido sola</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>Grabación guardada</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

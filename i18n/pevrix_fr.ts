@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>Enregistrement en cours</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>L&apos;enregistrement s&apos;est arrêté de lui-même</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>Enregistrement terminé et conservé</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>
@@ -457,7 +465,7 @@
     </message>
     <message>
         <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
-        <translation>Cliquez sur son icône pour retrouver la fenêtre. « Quitter », dans son menu, ferme le programme.</translation>
+        <translation>Cliquez sur son icône pour retrouver la fenêtre. «&#xa0;Quitter&#xa0;», dans son menu, ferme le programme.</translation>
     </message>
 </context>
 </TS>

@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>Registrazione in corso</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>La registrazione si è interrotta da sola</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>Registrazione salvata</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>録画中</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>録画が自動的に停止しました</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>録画を保存しました</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>Gravando</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>A gravação parou sozinha</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>Gravação salva</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>Идёт запись</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>Запись остановилась сама</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>Запись сохранена</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

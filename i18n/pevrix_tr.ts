@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>Video kaydediliyor</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>Video kaydı kendiliğinden durdu</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>Video kaydedildi</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

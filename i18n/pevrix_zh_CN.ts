@@ -55,6 +55,14 @@
         <source>Recording</source>
         <translation>正在录制</translation>
     </message>
+    <message>
+        <source>The recording has stopped by itself</source>
+        <translation>录像已自行停止</translation>
+    </message>
+    <message>
+        <source>Recording saved</source>
+        <translation>录像已保存</translation>
+    </message>
 </context>
 <context>
     <name>CameraTab</name>

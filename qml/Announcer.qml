@@ -1,12 +1,13 @@
 import QtQuick
 
 // Tells screen readers what happens without their user having done it: phones that come and go, and
-// what programs get to see.
+// what programs get to see, and recordings.
 Item {
     id: root
 
     property var names: ({}) // of the connected phones, by id
     property string said
+    property bool recordingFailed: false
     readonly property string output: !App.phoneConnected || !App.live ? ""
                                      : App.outputEnabled ? qsTr("The camera is live")
                                                          : qsTr("The camera is paused")
@@ -34,9 +35,22 @@ Item {
         names = now
     }
 
+    function tellOfRecording(): void {
+        say(recordingFailed ? qsTr("The recording has stopped by itself") : qsTr("Recording saved"))
+    }
+
     Accessible.role: Accessible.AlertMessage
     Accessible.name: said
     onOutputChanged: say(output)
+
+    Connections {
+        target: App.controller
+        ignoreUnknownSignals: true
+
+        function onRecordingEnded(reason: string): void {
+            root.recordingFailed = true
+        }
+    }
 
     Connections {
         target: App
@@ -47,7 +61,10 @@ Item {
 
         function onRecordingChanged(): void {
             if (App.recording) {
+                root.recordingFailed = false
                 root.say(qsTr("Recording"))
+            } else {
+                Qt.callLater(root.tellOfRecording) // why it ended may be told after
             }
         }
     }

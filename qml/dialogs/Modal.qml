@@ -20,6 +20,7 @@ Item {
     readonly property int headerGap: title === "" ? 4 : 12
     readonly property int ringRoom: 4 // around the body, so that focus rings are not clipped
     property Item returnFocus: null
+    property bool returnRing: false // the keyboard had put the focus there
 
     anchors.fill: parent
     z: 200
@@ -54,10 +55,11 @@ Item {
     onShownChanged: {
         if (shown) {
             returnFocus = Window.activeFocusItem
+            returnRing = (returnFocus as Clickable)?.visualFocus ?? false
             scroller.contentY = 0
             takeFocus()
         } else if (returnFocus !== null) {
-            returnFocus.forceActiveFocus()
+            returnFocus.forceActiveFocus(returnRing ? Qt.TabFocusReason : Qt.OtherFocusReason)
             returnFocus = null
         }
     }

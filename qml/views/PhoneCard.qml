@@ -114,11 +114,11 @@ Clickable {
             onFocusLost: root.commitRename()
             onAccepted: {
                 root.commitRename()
-                root.forceActiveFocus()
+                root.forceActiveFocus(Qt.TabFocusReason)
             }
             onCancelled: {
                 root.cancelRename()
-                root.forceActiveFocus()
+                root.forceActiveFocus(Qt.TabFocusReason)
             }
             onMenuRequested: (input, x, y) => root.menuRequested(input, x, y)
             onMenuAsked: input => root.menuAsked(input)

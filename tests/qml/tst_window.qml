@@ -134,6 +134,9 @@ WindowTestCase {
         compare(screenReader.heard, [
             "Phone connected: Kitchen phone", "Phone connected: Desk phone", "The camera is live",
             "The camera is paused", "Recording", "Phone disconnected: Kitchen phone"])
+        screenReader.forget()
+        controller.recording = false
+        tryVerify(() => screenReader.heard.join() === "Recording saved")
     }
 
     function contrast(a, b) {
