@@ -19,8 +19,8 @@ namespace {
 // A USB bus has no more addresses: whoever announces more phones is no usbmux daemon.
 constexpr qsizetype kMaxDevices = 127;
 
-// Tunnels outlive the announcement of their phone, so that these may be more than the devices. It
-// keeps a daemon gone mad from using up the program's sockets.
+// A tunnel outlives the announcement of its phone, so there may be more tunnels than devices. The
+// limit keeps a faulty daemon from using up the program's sockets.
 constexpr qsizetype kMaxTunnels = 2 * kMaxDevices;
 
 // The device a message is about. An id that is missing or no 32-bit number could never be asked for

@@ -108,6 +108,7 @@ TEST(PlistReader, SurvivesBombs)
         large("<dict><key>a</key>"),
         "<dict>" + large("<array>"),
         attributes + "/></dict>",
+        "<!DOCTYPE p [<!ATTLIST key " + large("b CDATA #IMPLIED ") + ">]>" + dict,
         large("<!--"),
         large("<!DOCTYPE"),
         "<!DOCTYPE a [" + large("<!-- -->"),
