@@ -1,114 +1,50 @@
 #include "pairing/DefaultRoute.h"
 
+#include <QHostAddress>
+#include <QNetworkInterface>
+
 #include <algorithm>
-#include <array>
-#include <cstring>
-#include <linux/rtnetlink.h>
 #include <netinet/in.h>
 #include <optional>
-#include <span>
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace pevrix {
 namespace {
 
-class FileDescriptor
+// The address of ours that packets to a public address would come from. Connecting a UDP socket
+// sends nothing: the system only chooses a route.
+std::optional<QHostAddress> ownAddress()
 {
-public:
-    explicit FileDescriptor(int fd)
-        : m_fd(fd)
-    {}
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor()
-    {
-        if (m_fd >= 0) {
-            close(m_fd);
-        }
-    }
-    [[nodiscard]] int get() const { return m_fd; }
-
-private:
-    int m_fd;
-};
-
-// RTM_GETROUTE with the destination as its only attribute; the layout has no padding.
-struct RouteQuestion
-{
-    nlmsghdr header{};
-    rtmsg route{};
-    rtattr attribute{};
-    in_addr destination{};
-};
-static_assert(sizeof(RouteQuestion) == NLMSG_LENGTH(sizeof(rtmsg)) + RTA_LENGTH(sizeof(in_addr)));
-
-RouteQuestion makeQuestion(in_addr_t destination)
-{
-    RouteQuestion question;
-    question.header.nlmsg_len = sizeof question;
-    question.header.nlmsg_type = RTM_GETROUTE;
-    question.header.nlmsg_flags = NLM_F_REQUEST;
-    question.route.rtm_family = AF_INET;
-    question.route.rtm_dst_len = 32;
-    question.attribute.rta_type = RTA_DST;
-    question.attribute.rta_len = RTA_LENGTH(sizeof(in_addr));
-    question.destination.s_addr = htonl(destination);
-    return question;
-}
-
-// Copies a T out of the front of `bytes`, which need not be aligned.
-template <typename T>
-std::optional<T> readFront(std::span<const char> bytes)
-{
-    if (bytes.size() < sizeof(T)) {
+    const int udp = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    if (udp < 0) {
         return std::nullopt;
     }
-    T value;
-    std::memcpy(&value, bytes.data(), sizeof value);
-    return value;
-}
-
-// The outgoing interface of an RTM_NEWROUTE answer; 0 for any other answer (no route is an error).
-// The answer is an nlmsghdr, an rtmsg and attributes: an rtattr each, its payload, and padding to
-// the next multiple of 4.
-int outgoingInterface(std::span<const char> answer)
-{
-    const auto header = readFront<nlmsghdr>(answer);
-    constexpr std::size_t kFixedSize = NLMSG_LENGTH(sizeof(rtmsg));
-    if (!header || header->nlmsg_type != RTM_NEWROUTE || answer.size() < kFixedSize) {
-        return 0;
-    }
-    std::span<const char> rest = answer.subspan(kFixedSize);
-    while (const auto attribute = readFront<rtattr>(rest)) {
-        if (attribute->rta_len < sizeof(rtattr)) {
-            return 0;
-        }
-        if (attribute->rta_type == RTA_OIF) {
-            return readFront<int>(rest.subspan(sizeof(rtattr))).value_or(0);
-        }
-        rest = rest.subspan(std::min<std::size_t>(RTA_ALIGN(attribute->rta_len), rest.size()));
-    }
-    return 0;
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(53);
+    address.sin_addr.s_addr = htonl(0x08080808);
+    auto* const any = reinterpret_cast<sockaddr*>(&address);
+    socklen_t size = sizeof address;
+    const bool known = connect(udp, any, size) == 0 && getsockname(udp, any, &size) == 0;
+    close(udp);
+    return known ? std::optional(QHostAddress(any)) : std::nullopt;
 }
 
 } // namespace
 
 int defaultRouteInterfaceIndex()
 {
-    const FileDescriptor kernel(socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_ROUTE));
-    const RouteQuestion question = makeQuestion(0x08080808);
-    if (kernel.get() < 0 ||
-        send(kernel.get(), &question, sizeof question, 0) != ssize_t{sizeof question}) {
+    const std::optional<QHostAddress> own = ownAddress();
+    if (!own) {
         return 0;
     }
-    // The kernel answers within send(), so the answer is there or never comes.
-    std::array<char, 4096> buffer{};
-    const ssize_t size = recv(kernel.get(), buffer.data(), buffer.size(), MSG_DONTWAIT);
-    if (size <= 0) {
-        return 0;
-    }
-    return outgoingInterface(std::span(buffer).first(static_cast<std::size_t>(size)));
+    const QList<QNetworkInterface> all = QNetworkInterface::allInterfaces();
+    const auto found = std::ranges::find_if(all, [&](const QNetworkInterface& candidate) {
+        return std::ranges::any_of(candidate.addressEntries(),
+                                   [&](const auto& entry) { return entry.ip() == *own; });
+    });
+    return found == all.end() ? 0 : found->index();
 }
 
 } // namespace pevrix

@@ -10,12 +10,6 @@
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
-namespace {
-
-constexpr quint16 kDefaultPort = 8788; // what the server would listen on if nobody else did
-
-} // namespace
-
 PairingInfo describePairing(const QString& token, const QString& hostName,
                             const QStringList& endpoints, quint16 port, bool captureMode)
 {
@@ -37,11 +31,10 @@ PairingInfo describePairing(const QString& token, const QString& hostName,
     return info;
 }
 
-PairingInfo refreshPairing(const QString& tokenFolder, quint16 boundPort, bool captureMode)
+PairingInfo refreshPairing(const QString& tokenFolder, quint16 port, bool captureMode)
 {
     const QString token = makePairingToken();
     writeTokenFile(tokenFolder, token);
-    const quint16 port = boundPort != 0 ? boundPort : kDefaultPort;
     return describePairing(token, QHostInfo::localHostName(), findLanEndpoints(port), port,
                            captureMode);
 }

@@ -16,7 +16,7 @@ struct PairingInfo
     QString qrDataUrl;   // the code as a PNG data URL, empty when the URI is too long for one
 };
 
-// Derives what is shown from what is known. `endpoints` are "ADDRESS:PORT" texts, best first.
+// Puts together what is shown. `endpoints` are "ADDRESS:PORT" texts, best first.
 // In capture mode PC name, shown token, address text and the code's endpoints are fixed
 // demonstration values, so that published screenshots do not show the real ones.
 [[nodiscard]] PairingInfo describePairing(const QString& token, const QString& hostName,
@@ -24,11 +24,11 @@ struct PairingInfo
                                           bool captureMode);
 
 // Makes a new token, forgetting the one before, leaves it in `tokenFolder`'s side file and
-// describes the pairing of this machine as it is now. `boundPort` is the phone server's port, 0
-// when it does not listen. Call it after the server has begun to listen and whenever trust is
-// taken back; then, before the event loop runs again, hand `token` and `pcName` to the server:
-// from then on it refuses phones that come with an older code.
-[[nodiscard]] PairingInfo refreshPairing(const QString& tokenFolder, quint16 boundPort,
+// describes the pairing of this machine as it is now. `port` is where phones connect. Call it after
+// the server has begun to listen and whenever trust is taken back; then, before the event loop runs
+// again, hand `token` and `pcName` to the server: from then on it refuses phones that come with an
+// older code.
+[[nodiscard]] PairingInfo refreshPairing(const QString& tokenFolder, quint16 port,
                                          bool captureMode);
 
 } // namespace pevrix

@@ -1,5 +1,6 @@
 #include "pairing/Pairing.h"
 
+#include "pairing/LanEndpoints.h"
 #include "pairing/PairingToken.h"
 #include "pairing/PairingUri.h"
 #include "pairing/QrImage.h"
@@ -89,14 +90,9 @@ TEST(Pairing, RefreshMakesANewTokenAndReplacesTheFile)
     EXPECT_EQ(contentOf(tokenFile(folder)), second.token.toStdString());
     EXPECT_EQ(second.pcName, QHostInfo::localHostName());
 
-    const auto uri = parsePairingUri(second.uri);
-    ASSERT_TRUE(uri) << second.uri.toStdString();
-    EXPECT_EQ(uri->token, second.token);
-    EXPECT_EQ(uri->pcName, second.pcName);
-    EXPECT_EQ(uri->endpoints.value(0, u"No LAN address found"_s), second.addressText);
-    for (const QString& endpoint : uri->endpoints) {
-        EXPECT_EQ(parsePairingEndpoint(endpoint)->port, 5000);
-    }
+    const QStringList endpoints = findLanEndpoints(5000);
+    EXPECT_EQ(second.uri, writePairingUri({second.pcName, second.token, endpoints}));
+    EXPECT_EQ(second.addressText, endpoints.value(0, u"No LAN address found"_s));
 }
 
 TEST(Pairing, RefreshWorksWhereTheFileCannotBeWritten)
@@ -113,10 +109,10 @@ TEST(Pairing, RefreshWorksWhereTheFileCannotBeWritten)
 TEST(Pairing, RefreshInCaptureModeShowsDemoValuesButKeepsTheRealToken)
 {
     const QTemporaryDir folder;
-    const PairingInfo info = refreshPairing(folder.path(), 0, true);
+    const PairingInfo info = refreshPairing(folder.path(), 8788, true);
     EXPECT_EQ(contentOf(tokenFile(folder)), info.token.toStdString());
     EXPECT_EQ(info.token.size(), 22);
-    EXPECT_EQ(info.addressText, u"192.168.1.42:8788"_s); // not listening: the default
+    EXPECT_EQ(info.addressText, u"192.168.1.42:8788"_s);
     EXPECT_TRUE(info.uri.startsWith(u"pevrix://pair?v=1&pc=DESKTOP-PEVRIX&t=Bm4Rt8Wq2Zx6Hn3K"_s));
 }
 
