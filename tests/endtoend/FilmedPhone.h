@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/phonesim/PatternSource.h"
+#include "tools/phonesim/PatternSource_linux.h"
 #include "tools/phonesim/Phone.h"
 
 #include <QFile>

@@ -2,6 +2,8 @@
 
 // COM objects of the tests' own, in the place of the system's.
 
+#include "tools/doubles/ComObject_win.h"
+
 #include <functional>
 #include <windows.h>
 // After windows.h, whose types they use.
@@ -9,36 +11,6 @@
 #include <wrl/client.h>
 
 namespace pevrix {
-
-// The reference counting of a COM object with one interface.
-template <typename Interface>
-class ComObject : public Interface
-{
-public:
-    virtual ~ComObject() = default;
-
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override
-    {
-        const bool known = id == __uuidof(IUnknown) || id == __uuidof(Interface);
-        *object = known ? static_cast<Interface*>(this) : nullptr;
-        if (known) {
-            AddRef();
-        }
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --m_references;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
-
-private:
-    ULONG m_references = 1;
-};
 
 // While it lives, CoCreateInstance() makes an object of this class with `make`, which returns null
 // and sets a result where it shall fail. The thread must be in an apartment.
@@ -64,7 +36,7 @@ public:
     ScriptedClass& operator=(const ScriptedClass&) = delete;
 
 private:
-    class Factory final : public ComObject<IClassFactory>
+    class Factory final : public CountedObject<IClassFactory>
     {
     public:
         explicit Factory(Make make)

@@ -49,7 +49,7 @@ struct FirewallScript
 
 // The part of IDispatch that nobody calls.
 template <typename Interface>
-class ScriptedObject : public ComObject<Interface>
+class ScriptedObject : public CountedObject<Interface>
 {
 public:
     explicit ScriptedObject(FirewallScript& script)
@@ -142,7 +142,7 @@ private:
     const std::shared_ptr<Rule> m_rule;
 };
 
-class ScriptedList final : public ComObject<IEnumVARIANT>
+class ScriptedList final : public CountedObject<IEnumVARIANT>
 {
 public:
     explicit ScriptedList(FirewallScript& script)

@@ -43,7 +43,7 @@ struct WriterScript
 
 constexpr DWORD kStream = 3;
 
-class ScriptedWriter final : public ComObject<IMFSinkWriter>
+class ScriptedWriter final : public CountedObject<IMFSinkWriter>
 {
 public:
     explicit ScriptedWriter(WriterScript& script)

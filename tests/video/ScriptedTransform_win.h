@@ -48,7 +48,7 @@ struct Script
     LONGLONG inputDuration = 0;
 };
 
-class ScriptedTransform final : public ComObject<IMFTransform>
+class ScriptedTransform final : public CountedObject<IMFTransform>
 {
 public:
     explicit ScriptedTransform(Script& script)

@@ -12,10 +12,6 @@ namespace pevrix {
 
 namespace {
 
-constexpr int kOk = 0;
-constexpr int kNotRight = 1;
-constexpr int kWrongArguments = 2;
-
 // Of 255. Layouts with 8 bits of luma and chroma are within 2.
 constexpr int kMostColourDifference = 3;
 constexpr int kMostBarBrightness = 3;
@@ -284,16 +280,6 @@ int run(const ReaderOptions& options)
 
 int main(int argc, char** argv)
 {
-    // Each line is there at once for whoever reads along.
-    std::setvbuf(stdout, nullptr, _IONBF, 0);
-    if (argc == 2 && std::string_view(argv[1]) == "--help") {
-        std::fputs(pevrix::kReaderUsage, stdout);
-        return pevrix::kOk;
-    }
-    const auto options = pevrix::readOptions({argv + 1, static_cast<std::size_t>(argc - 1)});
-    if (!options) {
-        std::fputs(pevrix::kReaderUsage, stderr);
-        return pevrix::kWrongArguments;
-    }
-    return pevrix::run(*options);
+    using namespace pevrix;
+    return runProgram({argv, static_cast<std::size_t>(argc)}, kReaderUsage, readOptions, run);
 }

@@ -14,10 +14,6 @@ namespace pevrix {
 
 namespace {
 
-constexpr int kOk = 0;
-constexpr int kNotRight = 1;
-constexpr int kWrongArguments = 2;
-
 constexpr const char* kUsage =
     "Usage: camsender --library FILE [--rate N] [--first N] STEP...\n"
     "\n"
@@ -236,15 +232,6 @@ int run(const SenderOptions& options)
 
 int main(int argc, char** argv)
 {
-    std::setvbuf(stdout, nullptr, _IONBF, 0);
-    if (argc == 2 && std::string_view(argv[1]) == "--help") {
-        std::fputs(pevrix::kUsage, stdout);
-        return pevrix::kOk;
-    }
-    const auto options = pevrix::readSenderOptions({argv + 1, static_cast<std::size_t>(argc - 1)});
-    if (!options) {
-        std::fputs(pevrix::kUsage, stderr);
-        return pevrix::kWrongArguments;
-    }
-    return pevrix::run(*options);
+    using namespace pevrix;
+    return runProgram({argv, static_cast<std::size_t>(argc)}, kUsage, readSenderOptions, run);
 }

@@ -2,6 +2,7 @@
 
 #include "tools/camreader/RawPicture.h"
 
+#include <cstdio>
 #include <optional>
 #include <span>
 #include <string>
@@ -29,6 +30,31 @@ struct ReaderOptions
 
 // A number that is not negative and makes up the whole text.
 [[nodiscard]] std::optional<double> parseNumber(std::string_view text);
+
+// Exit codes of both programs.
+inline constexpr int kOk = 0;
+inline constexpr int kNotRight = 1;
+inline constexpr int kWrongArguments = 2;
+
+// What main() of both programs does: reads the arguments and runs, or prints the usage.
+template <typename Options>
+int runProgram(std::span<char* const> arguments, const char* usage,
+               std::optional<Options> (*read)(std::span<char* const> arguments),
+               int (*run)(const Options& options))
+{
+    // Each line is there at once for whoever reads along.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    if (arguments.size() == 2 && std::string_view(arguments[1]) == "--help") {
+        std::fputs(usage, stdout);
+        return kOk;
+    }
+    const std::optional<Options> options = read(arguments.subspan(1));
+    if (!options) {
+        std::fputs(usage, stderr);
+        return kWrongArguments;
+    }
+    return run(*options);
+}
 
 // Empty when the arguments are wrong.
 [[nodiscard]] std::optional<ReaderOptions> readOptions(std::span<char* const> arguments);

@@ -22,7 +22,7 @@ HRESULT handOut(T* object, T** to)
 }
 
 // The filter's one pin.
-class OnePin final : public IEnumPins
+class OnePin final : public CountedObject<IEnumPins>
 {
 public:
     OnePin(Microsoft::WRL::ComPtr<IPin> pin, bool passed)
@@ -30,23 +30,6 @@ public:
         , m_passed(passed)
     {}
 
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override
-    {
-        if (id != IID_IUnknown && id != IID_IEnumPins) {
-            *object = nullptr;
-            return E_NOINTERFACE;
-        }
-        return handOut<IEnumPins>(this, reinterpret_cast<IEnumPins**>(object));
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --m_references;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
     STDMETHODIMP Next(ULONG count, IPin** pins, ULONG* fetched) override
     {
         const ULONG given = count > 0 && !m_passed ? 1 : 0;
@@ -77,33 +60,11 @@ public:
     }
 
 private:
-    ~OnePin() = default;
-
-    std::atomic<ULONG> m_references = 1;
     const Microsoft::WRL::ComPtr<IPin> m_pin;
     bool m_passed;
 };
 
 } // namespace
-
-STDMETHODIMP SinkFilter::QueryInterface(REFIID id, void** object)
-{
-    if (id != IID_IUnknown && id != IID_IPersist && id != IID_IMediaFilter &&
-        id != IID_IBaseFilter) {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    return handOut<IBaseFilter>(this, reinterpret_cast<IBaseFilter**>(object));
-}
-
-STDMETHODIMP_(ULONG) SinkFilter::Release()
-{
-    const ULONG left = --m_references;
-    if (left == 0) {
-        delete this;
-    }
-    return left;
-}
 
 STDMETHODIMP SinkFilter::GetClassID(CLSID* id)
 {

@@ -2,6 +2,7 @@
 
 #include "tools/camreader/MediaType_win.h"
 #include "tools/camreader/Watcher.h"
+#include "tools/doubles/ComObject_win.h"
 
 #include <atomic>
 #include <mutex>
@@ -65,22 +66,16 @@ private:
 
 // Where a graph's pictures end: the watcher looks at each. Takes the formats that videoFormat()
 // knows.
-class SinkFilter final : public IBaseFilter
+class SinkFilter final : public CountedObject<IBaseFilter>
 {
 public:
     // The watcher must outlive the filter. The new filter has one reference, the caller's.
     explicit SinkFilter(Watcher& watcher)
         : m_pin(*this, watcher)
     {}
-    SinkFilter(const SinkFilter&) = delete;
-    SinkFilter& operator=(const SinkFilter&) = delete;
 
     [[nodiscard]] SinkPin& pin() { return m_pin; }
     [[nodiscard]] FILTER_STATE state() const { return m_state; }
-
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override;
 
     STDMETHODIMP GetClassID(CLSID* id) override;
     STDMETHODIMP Stop() override { return enter(State_Stopped); }
@@ -96,10 +91,12 @@ public:
     STDMETHODIMP QueryVendorInfo(LPWSTR*) override { return E_NOTIMPL; }
 
 private:
-    ~SinkFilter() = default;
+    [[nodiscard]] bool implements(REFIID id) const override
+    {
+        return id == IID_IPersist || id == IID_IMediaFilter || id == IID_IBaseFilter;
+    }
     HRESULT enter(FILTER_STATE state);
 
-    std::atomic<ULONG> m_references = 1;
     std::atomic<FILTER_STATE> m_state = State_Stopped;
     SinkPin m_pin;
     Microsoft::WRL::ComPtr<IReferenceClock> m_clock;

@@ -1,6 +1,6 @@
 #include "tools/phonesim/Options.h"
 
-#include "tools/phonesim/PatternSource.h"
+#include "tools/phonesim/PatternSource_linux.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -81,7 +81,7 @@ Options readOptions(const QCoreApplication& application)
     parser.addHelpOption();
     parser.addOptions({
         {u"host"_s, u"The PC to connect to."_s, u"HOST"_s, u"127.0.0.1"_s},
-        {u"port"_s, u"The PC's port."_s, u"PORT"_s, u"8788"_s},
+        {u"port"_s, u"The PC's port."_s, u"PORT"_s, QString::number(kDefaultPort)},
         {u"token-file"_s, u"The file with the pairing token; waits until it is there."_s,
          u"FILE"_s},
         {u"usbmux"_s, u"Be a phone on a cable: play the usbmux daemon and wait for the PC."_s},

@@ -110,7 +110,6 @@ void Phone::obey(const Message& message)
         greet();
         break;
     case MessageType::HelloReply:
-        m_accepted = true;
         enter(State::Holding);
         sendThumbnail();
         m_thumbnailTimer.start(kThumbnailInterval);

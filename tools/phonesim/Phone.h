@@ -71,7 +71,6 @@ public:
     {
         return m_state == State::Holding || m_state == State::Streaming;
     }
-    [[nodiscard]] bool wasAccepted() const { return m_accepted; }
     // What the PC refused the phone with, as "CODE: message"; empty when it did not.
     [[nodiscard]] QString refusal() const { return m_refusal; }
     [[nodiscard]] qint64 framesSent() const { return m_framesSent; }
@@ -108,7 +107,6 @@ private:
     MessageSplitter m_splitter;
     State m_state = State::Connecting;
     QString m_refusal;
-    bool m_accepted = false;
     bool m_stalled = false;
     bool m_leaving = false;
     bool m_announce = true; // the next frame begins a stream

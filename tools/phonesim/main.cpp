@@ -1,6 +1,6 @@
 #include "tools/phonesim/MuxDaemon.h"
 #include "tools/phonesim/Options.h"
-#include "tools/phonesim/PatternSource.h"
+#include "tools/phonesim/PatternSource_linux.h"
 #include "tools/phonesim/Phone.h"
 
 #include <QDeadlineTimer>

@@ -28,7 +28,7 @@ package_windows() {
     make_installer "$version" "$stage" "out/Pevrix-$version-setup.exe"
 
     say "trying the installer under Wine"
-    in_environment xvfb-run -a bash tools/dev/windows-package-session.sh \
+    in_environment xvfb-run -a bash tools/windows/package-session.sh \
         "out/Pevrix-$version-setup.exe" ||
         fail "the installer does not work" "see the messages above"
     du -k out/Pevrix-* | awk '{print $2 ": " $1 " kB"}'

@@ -4,7 +4,7 @@
 #
 # PEVRIX_QT_WINDOWS=FOLDER  the Qt for Windows
 # PEVRIX_SOFTCAM=FILE       another camera library for the program that is run or packaged
-source tools/dev/windows-camera.sh
+source tools/windows/camera.sh
 
 command_windows() {
     local action=${1:-}
@@ -22,7 +22,7 @@ command_windows() {
     case $action in
         test) test_windows "$@" ;;
         run) run_windows "$@" ;;
-        package) source tools/dev/windows-package.sh && package_windows ;;
+        package) source tools/windows/package.sh && package_windows ;;
     esac
 }
 
@@ -127,7 +127,7 @@ stage_windows_program() {
 
 test_windows() {
     say "testing under Wine (windows)"
-    in_environment xvfb-run -a bash tools/dev/windows-session.sh "$@" ||
+    in_environment xvfb-run -a bash tools/windows/session.sh "$@" ||
         fail "tests failed" "run one alone with: ./dev windows test -R NAME"
     [ $# = 0 ] || return 0
     try_windows_camera
@@ -135,7 +135,7 @@ test_windows() {
         build_preset native --target phonesim
         PEVRIX_SOFTCAM= stage_windows_program
         say "the program, with a simulated phone"
-        in_environment bash tools/dev/windows-program-session.sh ||
+        in_environment bash tools/windows/program-session.sh ||
             fail "the Windows program failed" "see the messages above"
     fi
 }
@@ -147,5 +147,5 @@ run_windows() {
         display=(xvfb-run -a)
     fi
     stage_windows_program
-    in_environment "${display[@]}" tools/dev/wine-run build/windows/program/pevrix.exe "$@"
+    in_environment "${display[@]}" tools/windows/wine-run build/windows/program/pevrix.exe "$@"
 }

@@ -3,6 +3,6 @@
 set -euo pipefail
 
 unset DISPLAY
-source tools/dev/wine-home.sh
+source tools/windows/wine-home.sh
 tools/windows/try-camera --libraries build/windows/bin --tools build/windows/tools \
     ${PEVRIX_WINE32:+--tools32 build/windows-x86/tools} --work build/windows/camera-trial

@@ -25,7 +25,7 @@ source tools/dev/session.sh
 # What this session registers is gone when it ends, so that nobody finds it in the Wine home.
 end_all() {
     end_processes
-    tools/dev/wine-run regsvr32 /s /u "$library" >/dev/null 2>&1 || true
+    tools/windows/wine-run regsvr32 /s /u "$library" >/dev/null 2>&1 || true
     end_wine
 }
 trap end_processes EXIT
@@ -34,11 +34,11 @@ rm -rf "$work" "${log%/*}" "${settings%/*}" out/windows.png
 mkdir -p "$work" out
 
 start_display 1280x800
-source tools/dev/wine-home.sh
+source tools/windows/wine-home.sh
 trap end_all EXIT
 
-tools/dev/wine-run regsvr32 /s "$library" >"$work/regsvr32" 2>&1 || fail "the camera was not registered"
-tools/dev/wine-run "$home/pevrix.exe" --shot 540x640 \
+tools/windows/wine-run regsvr32 /s "$library" >"$work/regsvr32" 2>&1 || fail "the camera was not registered"
+tools/windows/wine-run "$home/pevrix.exe" --shot 540x640 \
     --out "Z:$PWD/out/windows.png" --shot-active "Windows demo" --shot-delay 90000 \
     >"$work/program" 2>&1 &
 program=$!
@@ -58,7 +58,7 @@ start_phone "Camera demo"
 wait_for "$log" 'phone 1 connected' "the simulated phone did not pair"
 wait_for "$log" 'first picture of the stream, 1280x720' "no picture of the phone's video came"
 
-tools/dev/wine-run build/windows/tools/camreader.exe read --interval 0.25 \
+tools/windows/wine-run build/windows/tools/camreader.exe read --interval 0.25 \
     $(tools/windows/check-phone-picture --options) >"$work/reader" 2>&1 &
 reader=$!
 pids+=($reader)

@@ -1,4 +1,4 @@
-#include "tools/phonesim/PatternSource.h"
+#include "tools/phonesim/PatternSource_linux.h"
 
 #include <libyuv.h>
 

@@ -23,7 +23,7 @@ ensure_wine32() {
         log=$(log_path wine32)
         partial=$folder.$$.partial
         say "fetching what Wine needs for 32-bit programs"
-        if ! in_environment bash tools/dev/fetch-wine32.sh "$partial" >"$log" 2>&1; then
+        if ! in_environment bash tools/windows/fetch-wine32.sh "$partial" >"$log" 2>&1; then
             rm -rf "$partial"
             say "no archive has it ($log): what is of 32 bits is skipped"
             return
@@ -36,6 +36,6 @@ ensure_wine32() {
 # The camera library alone, with a sender and readers of ours.
 try_windows_camera() {
     say "the camera library, with readers of 64 and 32 bits"
-    in_environment bash tools/dev/windows-camera-session.sh ||
+    in_environment bash tools/windows/camera-session.sh ||
         fail "the camera library failed" "see the messages above"
 }

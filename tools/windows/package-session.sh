@@ -7,7 +7,7 @@ installer=$1
 build=$PWD/build/windows
 wine_home=$build/installed-wine
 rm -rf "$wine_home"
-source tools/dev/wine-home.sh
+source tools/windows/wine-home.sh
 
 drive=$WINEPREFIX/drive_c
 program="$drive/Program Files/Pevrix"
@@ -26,7 +26,7 @@ logs=$build/package-logs
 rm -rf "$logs"
 mkdir -p "$logs"
 
-wine_run() { tools/dev/wine-run "$@" </dev/null; }
+wine_run() { tools/windows/wine-run "$@" </dev/null; }
 
 fail() {
     printf 'installer: %s.\n' "$1" >&2
@@ -67,7 +67,7 @@ start_readers() {
     for folder in "${readers[@]}"; do
         log=$logs/reader${#reader_pids[@]}
         : >"$log"
-        tools/dev/wine-run "$folder/camreader.exe" read >"$log" 2>&1 </dev/null &
+        tools/windows/wine-run "$folder/camreader.exe" read >"$log" 2>&1 </dev/null &
         reader_pids+=($!)
         wait_until "a program could not read the camera" grep -q 'pictures=[1-9]' "$log"
     done
@@ -112,14 +112,14 @@ for round in first second; do
 done
 
 seen 1 || fail "programs do not list the camera after two installations"
-timeout 120 tools/dev/wine-run "$program/pevrix.exe" --shot 540x640 --out "Z:$PWD/out/windows-installed.png" \
+timeout 120 tools/windows/wine-run "$program/pevrix.exe" --shot 540x640 --out "Z:$PWD/out/windows-installed.png" \
     </dev/null >/dev/null 2>&1 || fail "the installed program ended with status $?"
 [ -s out/windows-installed.png ] || fail "the installed program did not show its window"
 listened 1 || fail "the installed program did not listen"
 mkdir -p "$user/AppData/Roaming/Pevrix"
 touch "$user/AppData/Roaming/Pevrix/Pevrix.ini"
 
-tools/dev/wine-run "$program/pevrix.exe" </dev/null >/dev/null 2>&1 &
+tools/windows/wine-run "$program/pevrix.exe" </dev/null >/dev/null 2>&1 &
 wait_until "the installed program did not start a second time" listened 2
 wine_run "$installer" /S && status=0 || status=$?
 [ $status = 3 ] || fail "installing over the running program ended with status $status"

@@ -4,7 +4,7 @@ set -euo pipefail
 
 build=$PWD/build/windows
 [ -n "${PEVRIX_QT_WINDOWS:-}" ] || unset DISPLAY
-source tools/dev/wine-home.sh
+source tools/windows/wine-home.sh
 
 # Every program is one test to ctest, which does not see what a program skips.
 list_skipped() {

@@ -15,7 +15,7 @@ end_wine() {
 trap end_wine EXIT
 
 boot_wine() {
-    if ! tools/dev/wine-run wineboot --init >"$build/wine.log" 2>&1 </dev/null; then
+    if ! tools/windows/wine-run wineboot --init >"$build/wine.log" 2>&1 </dev/null; then
         cat "$build/wine.log"
         echo "Wine did not start"
         exit 1
