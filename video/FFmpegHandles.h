@@ -1,6 +1,6 @@
 #pragma once
 
-// The one place where FFmpeg's headers come in and its objects are freed.
+// The only place that includes FFmpeg's headers and frees its objects.
 
 extern "C" {
 #include <libavcodec/avcodec.h>

@@ -57,11 +57,11 @@ public:
     void reset();
 
 private:
-    struct Transform;
+    struct BackEnd;
 
     FrameCallback m_onFrame;
     std::vector<std::uint8_t> m_bgr;
-    std::unique_ptr<Transform> m_transform;
+    std::unique_ptr<BackEnd> m_backEnd;
 };
 
 } // namespace pevrix

@@ -5,7 +5,7 @@
 
 namespace pevrix {
 
-struct H264Decoder::Transform
+struct H264Decoder::BackEnd
 {
     std::unique_ptr<IStreamDecoder> decoder;
 };
@@ -29,33 +29,33 @@ bool H264Decoder::initialize(std::uint32_t /*width*/, std::uint32_t /*height*/)
     if (decoder == nullptr) {
         return false;
     }
-    m_transform = std::make_unique<Transform>(std::move(decoder));
+    m_backEnd = std::make_unique<BackEnd>(std::move(decoder));
     return true;
 }
 
 bool H264Decoder::initialized() const
 {
-    return m_transform != nullptr;
+    return m_backEnd != nullptr;
 }
 
 void H264Decoder::feed(std::span<const std::uint8_t> data, std::int64_t timestampUs)
 {
-    if (m_transform == nullptr || data.empty()) {
+    if (m_backEnd == nullptr || data.empty()) {
         return;
     }
-    if (!m_transform->decoder->send(data, timestampUs)) {
+    if (!m_backEnd->decoder->send(data, timestampUs)) {
         drain();
-        static_cast<void>(m_transform->decoder->send(data, timestampUs));
+        static_cast<void>(m_backEnd->decoder->send(data, timestampUs));
     }
     drain();
 }
 
 void H264Decoder::drain()
 {
-    if (m_transform == nullptr) {
+    if (m_backEnd == nullptr) {
         return;
     }
-    while (const auto picture = m_transform->decoder->receive(m_bgr)) {
+    while (const auto picture = m_backEnd->decoder->receive(m_bgr)) {
         if (m_onFrame) {
             m_onFrame(m_bgr.data(), picture->width, picture->height, picture->ptsUsec);
         }
@@ -64,7 +64,7 @@ void H264Decoder::drain()
 
 void H264Decoder::reset()
 {
-    m_transform.reset();
+    m_backEnd.reset();
 }
 
 } // namespace pevrix

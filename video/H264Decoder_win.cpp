@@ -119,7 +119,7 @@ ComPtr<IMFMediaType> firstNv12Type(IMFTransform& transform)
 
 // Lives from the first initialize() to the end of the decoder, because Media Foundation stays
 // started; whether the decoder is initialised is whether it holds a transform.
-struct H264Decoder::Transform
+struct H264Decoder::BackEnd
 {
     MediaPlatform platform;
     ComPtr<IMFTransform> transform;
@@ -143,7 +143,7 @@ struct H264Decoder::Transform
     [[nodiscard]] bool convert(IMFSample& picture, std::vector<std::uint8_t>& bgr) const;
 };
 
-bool H264Decoder::Transform::open()
+bool H264Decoder::BackEnd::open()
 {
     const HRESULT created = CoCreateInstance(CLSID_CMSH264DecoderMFT, nullptr, CLSCTX_INPROC_SERVER,
                                              IID_PPV_ARGS(&transform));
@@ -168,7 +168,7 @@ bool H264Decoder::Transform::open()
 
 // Takes the first NV12 type that the transform offers, and its size and stride. Those count even if
 // the transform then refuses the type.
-bool H264Decoder::Transform::negotiateOutput()
+bool H264Decoder::BackEnd::negotiateOutput()
 {
     const ComPtr<IMFMediaType> type = firstNv12Type(*transform.Get());
     if (type == nullptr) {
@@ -193,7 +193,7 @@ bool H264Decoder::Transform::negotiateOutput()
     return true;
 }
 
-void H264Decoder::Transform::readOutputStreamInfo()
+void H264Decoder::BackEnd::readOutputStreamInfo()
 {
     MFT_OUTPUT_STREAM_INFO info{};
     if (FAILED(transform->GetOutputStreamInfo(0, &info))) {
@@ -210,7 +210,7 @@ void H264Decoder::Transform::readOutputStreamInfo()
     }
 }
 
-void H264Decoder::Transform::tearDown()
+void H264Decoder::BackEnd::tearDown()
 {
     if (transform != nullptr) {
         transform->ProcessMessage(MFT_MESSAGE_NOTIFY_END_OF_STREAM, 0);
@@ -223,7 +223,7 @@ void H264Decoder::Transform::tearDown()
 }
 
 // One call for output. `picture` stays null when the transform reports success without one.
-HRESULT H264Decoder::Transform::nextOutput(ComPtr<IMFSample>& picture)
+HRESULT H264Decoder::BackEnd::nextOutput(ComPtr<IMFSample>& picture)
 {
     ComPtr<IMFSample> ours;
     if (!transformAllocates) {
@@ -248,14 +248,14 @@ HRESULT H264Decoder::Transform::nextOutput(ComPtr<IMFSample>& picture)
 
 // The picture is too large for the memory that it was given. As long as the transform keeps it, it
 // refuses all further input.
-void H264Decoder::Transform::giveUpOutput(HRESULT reason)
+void H264Decoder::BackEnd::giveUpOutput(HRESULT reason)
 {
     if (reason != MF_E_TRANSFORM_NEED_MORE_INPUT && !sizeAllowed()) {
         transform->ProcessMessage(MFT_MESSAGE_COMMAND_FLUSH, 0);
     }
 }
 
-bool H264Decoder::Transform::convert(IMFSample& picture, std::vector<std::uint8_t>& bgr) const
+bool H264Decoder::BackEnd::convert(IMFSample& picture, std::vector<std::uint8_t>& bgr) const
 try {
     ComPtr<IMFMediaBuffer> buffer;
     if (!sizeAllowed() || FAILED(picture.ConvertToContiguousBuffer(&buffer))) {
@@ -299,15 +299,15 @@ bool H264Decoder::initialize(std::uint32_t width, std::uint32_t height)
     reset();
     // The thread may be in an apartment already, of either kind: both will do.
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    if (m_transform == nullptr) {
-        m_transform = std::make_unique<Transform>();
+    if (m_backEnd == nullptr) {
+        m_backEnd = std::make_unique<BackEnd>();
     }
-    if (!m_transform->platform.start(MFSTARTUP_LITE)) {
+    if (!m_backEnd->platform.start(MFSTARTUP_LITE)) {
         return false;
     }
-    m_transform->width = width;
-    m_transform->height = height;
-    if (!m_transform->open()) {
+    m_backEnd->width = width;
+    m_backEnd->height = height;
+    if (!m_backEnd->open()) {
         reset();
         return false;
     }
@@ -316,7 +316,7 @@ bool H264Decoder::initialize(std::uint32_t width, std::uint32_t height)
 
 bool H264Decoder::initialized() const
 {
-    return m_transform != nullptr && m_transform->transform != nullptr;
+    return m_backEnd != nullptr && m_backEnd->transform != nullptr;
 }
 
 void H264Decoder::feed(std::span<const std::uint8_t> data, std::int64_t timestampUs)
@@ -328,10 +328,10 @@ void H264Decoder::feed(std::span<const std::uint8_t> data, std::int64_t timestam
     if (sample == nullptr) {
         return;
     }
-    HRESULT result = m_transform->transform->ProcessInput(0, sample.Get(), 0);
+    HRESULT result = m_backEnd->transform->ProcessInput(0, sample.Get(), 0);
     for (int i = 0; result == MF_E_NOTACCEPTING && i < kMaxRefusals; ++i) {
         drain();
-        result = m_transform->transform->ProcessInput(0, sample.Get(), 0);
+        result = m_backEnd->transform->ProcessInput(0, sample.Get(), 0);
     }
     sample.Reset();
     drain();
@@ -341,32 +341,32 @@ void H264Decoder::drain()
 {
     for (int pass = 0; pass < kMaxPassesPerDrain && initialized(); ++pass) {
         ComPtr<IMFSample> picture;
-        const HRESULT result = m_transform->nextOutput(picture);
+        const HRESULT result = m_backEnd->nextOutput(picture);
         if (result == MF_E_TRANSFORM_STREAM_CHANGE) {
             picture.Reset();
-            static_cast<void>(m_transform->negotiateOutput());
+            static_cast<void>(m_backEnd->negotiateOutput());
             continue;
         }
         if (FAILED(result)) {
-            m_transform->giveUpOutput(result);
+            m_backEnd->giveUpOutput(result);
             return;
         }
-        if (picture == nullptr || !m_onFrame || !m_transform->convert(*picture.Get(), m_bgr)) {
+        if (picture == nullptr || !m_onFrame || !m_backEnd->convert(*picture.Get(), m_bgr)) {
             continue;
         }
         LONGLONG time = 0;
         if (FAILED(picture->GetSampleTime(&time))) {
             time = 0;
         }
-        m_onFrame(m_bgr.data(), static_cast<int>(m_transform->width),
-                  static_cast<int>(m_transform->height), time / kTicksPerMicrosecond);
+        m_onFrame(m_bgr.data(), static_cast<int>(m_backEnd->width),
+                  static_cast<int>(m_backEnd->height), time / kTicksPerMicrosecond);
     }
 }
 
 void H264Decoder::reset()
 {
-    if (m_transform != nullptr) {
-        m_transform->tearDown();
+    if (m_backEnd != nullptr) {
+        m_backEnd->tearDown();
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// The one place where Media Foundation's headers come in, with the two of its pairs of calls that
-// are no COM references.
+// The only place that includes Media Foundation's headers, with owners for its two pairs of calls
+// that are not COM references.
 
 #include <windows.h>
 // After windows.h, whose types they use.

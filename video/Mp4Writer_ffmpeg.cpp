@@ -199,8 +199,8 @@ void Mp4Writer::restoreStart(const std::string& start) const
     file.write(start.data(), static_cast<std::streamsize>(start.size()));
 }
 
-// Closes the file and cuts off the fragment or index that did not fit. Nothing stays of a file that
-// has no fragment.
+// Closes the file and cuts off the fragment or index that did not fit. A file without any fragment
+// is removed.
 void Mp4Writer::keepWholeFragments()
 {
     m_output.reset();

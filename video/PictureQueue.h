@@ -10,10 +10,10 @@
 
 namespace pevrix {
 
-// Takes pictures from one thread to a slower one and their memory back. Bounded: when `limit`
-// pictures wait, the oldest gives way and is counted, because the thread of the live video must
-// never be held back. `Picture` owns its memory, and a default one has none: once `limit` + 2 are
-// on their way, no further memory is asked for.
+// Passes pictures from one thread to a slower one, and their memory back. Bounded: when `limit`
+// pictures wait, the oldest is dropped and counted, because the thread of the live video must never
+// wait. `Picture` owns its memory, and a default-constructed one has none: once `limit` + 2 of them
+// exist, nothing more is allocated.
 template <typename Picture>
 class PictureQueue
 {
