@@ -1,5 +1,6 @@
 #include "app/CaptureMode.h"
 
+#include "app/Log.h"
 #include "controller/AppController.h"
 
 #include <QCoreApplication>
@@ -97,9 +98,9 @@ void CaptureMode::grab()
     const QString file = m_options.output.isEmpty() ? datedFile() : m_options.output;
     const QImage picture = m_window ? m_window->grabWindow() : QImage();
     if (!picture.isNull() && picture.save(file)) {
-        qInfo("Pevrix: shot saved to %s", qUtf8Printable(file));
+        qCInfo(appLog, "Pevrix: shot saved to %s", qUtf8Printable(file));
     } else {
-        qWarning("Pevrix: shot FAILED for %s", qUtf8Printable(file));
+        qCWarning(appLog, "Pevrix: shot FAILED for %s", qUtf8Printable(file));
     }
     QCoreApplication::exit(0); // not quit(), which the window may refuse
 }

@@ -12,8 +12,9 @@ namespace pevrix {
 class AppController;
 
 // Takes one picture of the program's own window and quits. The picture is taken soon after the
-// first video frame, or after the options' delay when none comes; its fate goes to the log. Make
-// it before the controller starts, so that pairing shows demonstration values only. GUI thread.
+// first video frame, or after the options' delay when none comes; the log tells whether it was
+// written. Create this before the controller starts, so that pairing shows demonstration values
+// only. GUI thread.
 class CaptureMode final : public QObject
 {
     Q_OBJECT

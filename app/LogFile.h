@@ -8,8 +8,8 @@ namespace pevrix {
 
 // The program's log: bare message texts, one a line, appended to Pevrix/pevrix.log below a base
 // folder and echoed to standard error. There is no rotation during a run; a file that has grown
-// beyond kMaxLogBytes is deleted when the object is made. write() may be called from any thread:
-// lines interleave, whole.
+// beyond kMaxLogBytes is deleted when the object is made. Any thread may call write(); lines stay
+// whole.
 //
 // The temporary folder of Linux is everybody's: there nothing is written through a link, into a
 // file or a folder of somebody else, and nobody else may read it.

@@ -2,8 +2,8 @@
 
 namespace pevrix {
 
-// A windowed program has no console to be interrupted from, and at the end of a Windows session Qt
-// says that it is about to quit.
+// A program with a window has no console that could interrupt it, and at the end of a Windows
+// session Qt emits aboutToQuit() by itself.
 void quitOnSystemSignals(QCoreApplication&) {}
 
 } // namespace pevrix

@@ -35,7 +35,7 @@ public:
     // Says, beside the icon, that the program runs on here without its window.
     void tellWhereTheWindowIs();
 
-    // Says everything in the language that is installed now.
+    // Sets all texts again, in the language that is installed now.
     void retranslate();
 
     [[nodiscard]] QSystemTrayIcon& icon() { return m_icon; }

@@ -1,5 +1,6 @@
 #include "app/CaptureMode.h"
 #include "app/HiddenWindow.h"
+#include "app/Log.h"
 #include "app/LogFile.h"
 #include "app/NativeWindow.h"
 #include "app/QuitSignals.h"
@@ -134,7 +135,8 @@ int main(int argc, char** argv)
     }
     engine.load(QUrl(u"qrc:/qml/Main.qml"_s));
     if (engine.rootObjects().isEmpty()) {
-        qWarning("Pevrix: Main.qml failed to load (see %%LOCALAPPDATA%%\\Pevrix\\pevrix.log).");
+        qCWarning(appLog,
+                  "Pevrix: Main.qml failed to load (see %%LOCALAPPDATA%%\\Pevrix\\pevrix.log).");
         return -1;
     }
     Tray tray;

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <memory>
 
-// Finding the virtual camera library at run time; it is no link-time dependency, so that the
-// program runs without it and a user may exchange it. Each function is safe from any thread.
+// Finds the virtual camera library at run time. The program does not link it, so that it runs
+// without the library and a user may replace it. Any thread may call these functions.
 namespace pevrix {
 
 struct CameraLibraryUnload

@@ -6,10 +6,10 @@ namespace pevrix {
 // needs to be registered: whether the camera library can be found.
 [[nodiscard]] bool isCameraRegistered();
 
-// Registers the camera library that lies beside the executable, or takes its registration back.
-// The system asks the user for administrator rights, and the call waits for the outcome, at most 30
-// seconds once they are granted; isCameraRegistered() tells it. Does nothing without a library, or
-// where nothing needs to be registered.
+// Registers the camera library that lies beside the executable, or removes its registration. The
+// system asks the user for administrator rights, and the call waits for the outcome, at most 30
+// seconds once they are granted; isCameraRegistered() tells whether it worked. Does nothing without
+// a library, or where nothing needs to be registered.
 void runCameraRegistration(bool unregister);
 
 } // namespace pevrix

@@ -8,7 +8,7 @@ constexpr wchar_t kRegistrationKey[] =
 
 } // namespace
 
-// Where the key points to is not looked at: a camera of another installation serves as well.
+// The path in the key is not checked: the camera of another installation is just as good.
 bool isCameraRegistered()
 {
     HKEY key = nullptr;

@@ -8,7 +8,7 @@
 
 namespace pevrix {
 
-// What a thread that sends at a fixed rate needs of time; tests drive it by hand.
+// The clock of a thread that sends at a fixed rate; tests drive it by hand.
 struct PacingTime
 {
     using Clock = std::chrono::steady_clock;
@@ -19,10 +19,10 @@ struct PacingTime
     };
 };
 
-// The deadlines of a fixed rate. They are absolute, so that the rate does not drift by what each
-// cycle costs. A thread that was held up makes up for the missed ones back to back; only when it is
-// more than a second late, as after the computer slept, they move: eight hours would be 860,000
-// pictures at once.
+// The deadlines of a fixed rate. They are absolute, so that the time that each cycle takes does not
+// slow the rate down. A thread that was held up catches up on the missed cycles back to back. Only
+// when it is more than a second late, as after the computer slept, the deadlines move: eight hours
+// of sleep would otherwise be 860,000 pictures at once.
 class FrameClock
 {
 public:

@@ -23,8 +23,8 @@ public:
     PacedThread(const PacedThread&) = delete;
     PacedThread& operator=(const PacedThread&) = delete;
 
-    // Does the work for the first time at once. False when the system has no thread left. It must
-    // be stopped.
+    // Does the work for the first time at once. False when the system has no thread left. The
+    // thread must not be running.
     [[nodiscard]] bool start(std::chrono::nanoseconds period, std::function<void()> work)
     {
         m_running = true;

@@ -123,8 +123,8 @@ void SoftcamSink::clearEntryPoints()
     m_isConnectedFn = nullptr;
 }
 
-// Both buffers of the camera's life are allocated here. False when there is no memory or no thread
-// to be had.
+// Allocates both buffers for as long as the camera exists. False when the system has no memory or
+// no thread left.
 bool SoftcamSink::startSender(int width, int height)
 try {
     Pixels picture(pictureBytes(width, height));

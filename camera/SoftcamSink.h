@@ -9,11 +9,11 @@
 
 namespace pevrix {
 
-// The virtual camera behind the camera library, which is loaded by the first start() and kept
-// until destruction. Pictures come when they come and go out at the camera's rate: sendFrame()
-// leaves the newest one in a mailbox, and a sender thread of the sink's own sends the mailbox's
-// content once per period, again and again until a newer one is there. Nothing is sent before the
-// first picture. One copy per picture, no allocation.
+// The virtual camera behind the camera library, which is loaded by the first start() and kept until
+// destruction. Pictures may come at any time and go out at the camera's rate: sendFrame() leaves
+// the newest picture in a mailbox, and the sink's own thread sends what is in the mailbox once per
+// period, the same picture again until there is a newer one. Nothing is sent before the first
+// picture. Each picture is copied once, without allocation.
 //
 // start() and stop() belong to one thread at a time; everything else may be called by any.
 class SoftcamSink final : public IVirtualCameraSink
@@ -29,7 +29,7 @@ public:
     [[nodiscard]] bool start(int width, int height, float fps) override;
     void sendFrame(const std::uint8_t* pixels) override;
 
-    // Waits for the sender, up to one period, and after a camera existed another 100 ms.
+    // Waits for the sender, up to one period, and if there was a camera for another 100 ms.
     void stop() override;
     [[nodiscard]] bool isActive() const override;
 

@@ -1,5 +1,7 @@
 #include "controller/AppController.h"
 
+#include "controller/Log.h"
+#include "phone/Log.h"
 #include "phone/Protocol.h"
 
 #include <QCoreApplication>
@@ -64,7 +66,7 @@ AppController::AppController(const ControllerOptions& options, QObject* parent)
 AppController::~AppController()
 {
     stop();
-    // The sockets close while members go; nothing of that concerns us any more.
+    // The members that are destroyed next close their sockets and report it; we no longer listen.
     m_server.disconnect(this);
     m_usb.disconnect(this);
 }
@@ -108,7 +110,7 @@ void AppController::connectUsb()
     connect(&m_server, &PhoneServer::usbByeReceived, &m_usb, &UsbMuxClient::noteUsbBye);
     connect(&m_usb, &UsbMuxClient::tunnelReady, &m_server, &PhoneServer::addUsbSocket);
     connect(&m_usb, &UsbMuxClient::availabilityChanged, this, [this](bool available) {
-        qInfo("Pevrix: the USB service is %s", available ? "available" : "gone");
+        qCInfo(usbLog, "Pevrix: the USB service is %s", available ? "available" : "gone");
         Q_EMIT changed();
     });
 }
@@ -136,7 +138,7 @@ void AppController::start()
         return;
     }
     if (!m_pipeline.createCamera()) {
-        qWarning("Pevrix: the virtual camera could not be created");
+        qCWarning(cameraLog, "Pevrix: the virtual camera could not be created");
         setStatus(u"softcam.dll not found or camera unavailable"_s);
         return;
     }
@@ -183,18 +185,18 @@ void AppController::onStatisticsTick()
     Q_EMIT changed();
 }
 
-// Another program, or another Pevrix, may hold the usual port: any other serves as well, since
-// the code tells the phone which one.
+// Another program, or another Pevrix, may have the usual port. Any other port is as good, because
+// the pairing code tells the phone which one it is.
 void AppController::listen()
 {
     const bool listening = m_server.port() != 0; // since before a stop()
     if (!listening && !m_server.listen(m_options.port) && !m_server.listen(0)) {
         m_serverInfo = u"Failed to listen"_s;
-        qWarning("Pevrix: no port to listen on");
+        qCWarning(phoneLog, "Pevrix: no port to listen on");
         return;
     }
     m_serverInfo = u"Listening on "_s + QString::number(m_server.port());
-    qInfo("Pevrix: listening on port %d", m_server.port());
+    qCInfo(phoneLog, "Pevrix: listening on port %d", m_server.port());
 }
 
 void AppController::refreshPairingInfo()
@@ -202,7 +204,8 @@ void AppController::refreshPairingInfo()
     const QString tokenFolder = m_options.tokenFolder.isEmpty()
                                     ? QCoreApplication::applicationDirPath()
                                     : m_options.tokenFolder;
-    m_pairing = refreshPairing(tokenFolder, m_server.port(), m_captureMode);
+    const quint16 port = m_server.port() != 0 ? m_server.port() : kDefaultPort;
+    m_pairing = refreshPairing(tokenFolder, port, m_captureMode);
     m_server.setToken(m_pairing.token);
     m_server.setPcName(m_pairing.pcName);
     m_pipeline.setPairAddress(m_pairing.addressText);
@@ -217,10 +220,11 @@ void AppController::stop()
     m_statisticsTimer.stop();
     watchFirewall();
     m_pipeline.stop();
-    qInfo("Pevrix: stopped after %lld access units received, %lld pictures decoded, "
-          "%lld sent to the camera",
-          static_cast<long long>(framesReceived()), static_cast<long long>(framesDecoded()),
-          static_cast<long long>(framesSent()));
+    qCInfo(controllerLog,
+           "Pevrix: stopped after %lld access units received, %lld pictures decoded, "
+           "%lld sent to the camera",
+           static_cast<long long>(framesReceived()), static_cast<long long>(framesDecoded()),
+           static_cast<long long>(framesSent()));
 }
 
 void AppController::toggleOutput()
@@ -264,8 +268,8 @@ void AppController::watchFirewall()
 void AppController::onPhoneConnected(PhoneRoster::Phone phone)
 {
     if (const auto note = m_phoneLines.admit()) {
-        qInfo("Pevrix: phone %d connected over %s%s", phone.id, phone.usb ? "USB" : "Wi-Fi",
-              note->c_str());
+        qCInfo(phoneLog, "Pevrix: phone %d connected over %s%s", phone.id,
+               phone.usb ? "USB" : "Wi-Fi", note->c_str());
     }
     m_pipeline.expectStream();
     m_phones.add(std::move(phone));
@@ -276,7 +280,7 @@ void AppController::onPhoneConnected(PhoneRoster::Phone phone)
 void AppController::onPhoneDisconnected(int id)
 {
     if (const auto note = m_phoneLines.admit()) {
-        qInfo("Pevrix: phone %d disconnected%s", id, note->c_str());
+        qCInfo(phoneLog, "Pevrix: phone %d disconnected%s", id, note->c_str());
     }
     m_phones.remove(id);
     watchFirewall();

@@ -99,7 +99,7 @@ public:
     [[nodiscard]] bool osDark() const;
     [[nodiscard]] int themeMode() const { return m_settings.themeMode(); }
     [[nodiscard]] QString appVersion() const;
-    // Asked of the system at each read.
+    // The system is asked at each read.
     [[nodiscard]] bool cameraRegistered() const { return m_options.system.isCameraRegistered(); }
     [[nodiscard]] bool recording() const { return m_pipeline.isRecording(); }
     // Full path of the last recording that was started.
@@ -107,7 +107,7 @@ public:
     [[nodiscard]] QString recordingFolder() const { return m_settings.recordingFolder(); }
     [[nodiscard]] bool minimizeToTray() const { return m_settings.minimizeToTray(); }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
-    // Whether the firewall keeps phones out, as of the last time that it was asked.
+    // Whether the firewall keeps phones out, by its last answer.
     [[nodiscard]] bool firewallBlocked() const { return m_firewall.isBlocking(); }
 
     // Takes a path or a "file:" URL. An empty one is ignored.
@@ -118,8 +118,8 @@ public:
     // What lasts of the window and the tray lies there, too.
     [[nodiscard]] Settings& settings() { return m_settings; }
 
-    // From the next pairing code on, what is shown of the pairing are demonstration values, so
-    // that a published picture of the window tells nothing of this PC.
+    // From the next pairing code on the window shows demonstration values in place of this PC's
+    // name, address and token, so that a picture of it can be published.
     void setCaptureMode(bool on) { m_captureMode = on; }
 
 public Q_SLOTS:
@@ -142,9 +142,9 @@ public Q_SLOTS:
     // Forgets every trusted phone and makes a new pairing code. Phones that are connected stay.
     void regeneratePairing();
 
-    // These three ask the user for administrator rights and wait for the outcome: the window
-    // stands still until then, at most for half a minute once the rights are granted. A refusal
-    // leaves everything as it was.
+    // The system asks the user for administrator rights, and these three wait for the outcome: the
+    // window does not react until then, at most for half a minute once the rights are granted. When
+    // the user refuses, nothing changes.
     void registerCamera();
     void unregisterCamera();
     void allowThroughFirewall();

@@ -18,16 +18,16 @@ public:
     // The camera's rate in pictures a second, whatever the phone sends.
     static constexpr float kFps = 30;
 
-    // `sink` must outlive the output.
+    // `sink` must outlive this object.
     explicit CameraOutput(IVirtualCameraSink& sink)
         : m_sink(sink)
     {}
 
-    // Creates the camera in the present size. False when there is none to be had.
+    // Creates the camera in the present size. False when the system has no camera to give.
     [[nodiscard]] bool create();
 
-    // Makes the camera anew in another size. False when there is none to be had: the size counts
-    // all the same, and so do pictures. Nobody may be in show().
+    // Replaces the camera by one of another size. False when the system has no camera to give; the
+    // new size is kept nevertheless, and pictures are still counted. No thread may be in show().
     [[nodiscard]] bool resize(QSize size);
 
     void remove() { m_sink.stop(); }

@@ -24,7 +24,7 @@ constexpr QRgb kPausedDotColor = qRgb(0xf5, 0xa6, 0x23);
 // 96 dots per inch: a desktop with another resolution would let the text outgrow its box.
 constexpr int kDotsPerMeter = 3780;
 
-// What the pairing says when this computer has no address: nothing worth showing to a camera.
+// What the pairing says when this computer has no address; the card does not show it.
 constexpr auto kNoAddress = "No LAN address found"_L1;
 
 struct CardText

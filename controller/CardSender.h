@@ -8,8 +8,8 @@
 
 namespace pevrix {
 
-// Feeds the camera with a still picture 30 times a second, on a thread of its own, while no video
-// does. The thread is stopped and joined by stop() and by the destructor.
+// Sends a still picture to the camera 30 times a second, on a thread of its own, while there is no
+// video. The thread is stopped and joined by stop() and by the destructor.
 class CardSender
 {
 public:

@@ -1,5 +1,7 @@
 #include "controller/FirewallWatch.h"
 
+#include "controller/Log.h"
+
 #include <QCoreApplication>
 
 #include <filesystem>
@@ -28,7 +30,7 @@ bool FirewallWatch::refresh()
     if (blocking == m_blocking) {
         return false;
     }
-    qInfo("Pevrix: the firewall %s phones", blocking ? "blocks" : "no longer blocks");
+    qCInfo(systemLog, "Pevrix: the firewall %s phones", blocking ? "blocks" : "no longer blocks");
     m_blocking = blocking;
     return true;
 }

@@ -9,8 +9,8 @@
 
 namespace pevrix {
 
-// Knows whether the firewall keeps phones out. The firewall has hundreds of rules to look at, so
-// it is asked seldom, and only while somebody may be waiting in vain for a phone. GUI thread.
+// Knows whether the firewall keeps phones out. Asking means to look at hundreds of rules, so it is
+// done rarely, and only while no phone is connected. GUI thread.
 class FirewallWatch final : public QObject
 {
     Q_OBJECT
@@ -20,17 +20,17 @@ public:
     FirewallWatch(const SystemFunctions& system, std::chrono::milliseconds interval,
                   QObject* parent = nullptr);
 
-    // As of the last time that it was asked.
+    // The last answer.
     [[nodiscard]] bool isBlocking() const { return m_blocking; }
 
-    // Asks now. True when the answer is another one than before.
+    // Asks now. True when the answer has changed.
     bool refresh();
 
     // Whether to ask regularly.
     void setWaiting(bool waiting);
 
 Q_SIGNALS:
-    // Asked regularly, it gave another answer.
+    // The answer of a regular question is different from the one before.
     void changed();
 
 private:

@@ -7,7 +7,7 @@
 
 namespace pevrix {
 
-// What follows from the coming and going of phones: told to the phones and to the video's way.
+// Carries out what follows when phones come and go: tells the phones and the video pipeline.
 class IVideoSwitch
 {
 public:
@@ -64,8 +64,8 @@ private:
     IVideoSwitch& m_video;
     PhoneRoster m_roster;
     QHash<int, QSize> m_streamSizes; // what each connected phone last announced
-    // Described on a connection that has not said hello. The latest alone: anybody may describe
-    // one.
+    // Described on a connection that has not said hello. Only the latest is kept, because anybody
+    // may send one.
     struct
     {
         int id = PhoneRoster::kNoPhone;

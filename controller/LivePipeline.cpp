@@ -1,6 +1,8 @@
 #include "controller/LivePipeline.h"
 
 #include "controller/Card.h"
+#include "controller/Log.h"
+#include "phone/Log.h"
 #include "picture/PictureSize.h"
 #include "video/VideoBackEnd.h"
 
@@ -43,7 +45,7 @@ LivePipeline::LivePipeline(IVirtualCameraSink& sink, PipelineTime time, QObject*
 
 LivePipeline::~LivePipeline()
 {
-    blockSignals(true); // whoever listens may be half destroyed
+    blockSignals(true); // the receivers may be half destroyed
     stop();
 }
 
@@ -89,8 +91,8 @@ bool LivePipeline::resizeCamera(QSize size)
         return true;
     }
     if (const auto note = m_streamLines.admit()) {
-        qWarning("Pevrix: there is no virtual camera of %d x %d%s", size.width(), size.height(),
-                 note->c_str());
+        qCWarning(cameraLog, "Pevrix: there is no virtual camera of %d x %d%s", size.width(),
+                  size.height(), note->c_str());
     }
     return true;
 }
@@ -102,7 +104,8 @@ void LivePipeline::expectStream()
     }
     m_loading = std::jthread([] {
         if (const std::string problem = loadVideoBackEnd(); !problem.empty()) {
-            qWarning("Pevrix: video can be neither decoded nor recorded: %s", problem.c_str());
+            qCWarning(videoLog, "Pevrix: video can be neither decoded nor recorded: %s",
+                      problem.c_str());
         }
     });
 }
@@ -113,10 +116,10 @@ void LivePipeline::startStream(QSize size, bool direct)
         return;
     }
     if (!isPictureSize(size.width(), size.height())) {
-        // The pictures themselves will tell.
+        // The pictures will tell their real size.
         if (const auto note = m_streamLines.admit()) {
-            qWarning("Pevrix: a stream announced as %d x %d%s", size.width(), size.height(),
-                     note->c_str());
+            qCWarning(videoLog, "Pevrix: a stream announced as %d x %d%s", size.width(),
+                      size.height(), note->c_str());
         }
         size = cameraSize();
     }
@@ -147,7 +150,7 @@ void LivePipeline::startDecoder()
     if (size && !m_decoder.initialize(static_cast<std::uint32_t>(size->width()),
                                       static_cast<std::uint32_t>(size->height()))) {
         if (const auto note = m_streamLines.admit()) {
-            qWarning("Pevrix: there is no decoder for the stream%s", note->c_str());
+            qCWarning(videoLog, "Pevrix: there is no decoder for the stream%s", note->c_str());
         }
     }
 }
@@ -197,8 +200,8 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
     if (!m_firstFrameSeen) {
         m_firstFrameSeen = true;
         if (const auto note = m_streamLines.admit()) {
-            qInfo("Pevrix: first picture of the stream, %dx%d%s", size.width(), size.height(),
-                  note->c_str());
+            qCInfo(videoLog, "Pevrix: first picture of the stream, %dx%d%s", size.width(),
+                   size.height(), note->c_str());
         }
     }
     follow(m_stall.pictureCame());
@@ -236,14 +239,15 @@ SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
         }
         return picture;
     }
-    // A paused card of the old size may be on its way to the camera that goes.
+    // The card's thread may be sending a card of the old size to the old camera.
     m_cards.stop();
     if (!resizeCamera(size)) {
         return nullptr;
     }
     if (const auto note = m_streamLines.admit()) {
-        qInfo("Pevrix: virtual camera adopts decoder output %dx%d (STREAM_INFO said %dx%d)%s",
-              size.width(), size.height(), camera.width(), camera.height(), note->c_str());
+        qCInfo(cameraLog,
+               "Pevrix: virtual camera adopts decoder output %dx%d (STREAM_INFO said %dx%d)%s",
+               size.width(), size.height(), camera.width(), camera.height(), note->c_str());
     }
     m_queue.clear();
     m_pool.clear();
@@ -301,14 +305,14 @@ void LivePipeline::enterStall()
 {
     clearQueue();
     feedCard(drawPausedCard(cameraSize()));
-    qInfo("Pevrix: stall -> paused card (active phone stopped sending video)");
+    qCInfo(phoneLog, "Pevrix: stall -> paused card (active phone stopped sending video)");
     setState(State::Stalled);
 }
 
 void LivePipeline::clearStall()
 {
     m_cards.stop();
-    qInfo("Pevrix: stall cleared -> live feed resumed");
+    qCInfo(phoneLog, "Pevrix: stall cleared -> live feed resumed");
     setState(State::Live);
 }
 

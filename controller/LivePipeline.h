@@ -24,7 +24,7 @@
 
 namespace pevrix {
 
-// What the pipeline takes from the outside of time; tests drive it by hand.
+// The pipeline's clock and timers; tests drive them by hand.
 struct PipelineTime
 {
     using Clock = std::chrono::steady_clock;
@@ -33,8 +33,8 @@ struct PipelineTime
     bool timersRun = true; // false: the test calls pacingTick() and checkStall()
 };
 
-// The way of the active phone's video through the program: encoded bytes in; pictures out to the
-// camera, the recorder and the preview. Keeps the camera fed with a card while there is no video.
+// The way of the active phone's video through the program: encoded bytes come in, pictures go out
+// to the camera, the recorder and the preview. While there is no video, the camera gets a card.
 // Everything but the card sender's thread runs on the GUI thread, and no feed() returns before
 // the pictures that it completed are delivered or queued.
 class LivePipeline final : public QObject
@@ -48,11 +48,11 @@ public:
     // A stream also starts from NotStarted: a phone on a cable needs no listening server.
     enum class State
     {
-        NotStarted, // nothing feeds the camera
-        Idle,       // the idle card does
-        Live,       // decoded pictures do
-        Stalled,    // the paused card does: the phone stopped sending
-        Stopped,    // nothing does
+        NotStarted, // the camera gets nothing
+        Idle,       // the camera gets the idle card
+        Live,       // the camera gets decoded pictures
+        Stalled,    // the camera gets the paused card: the phone stopped sending
+        Stopped,    // the camera gets nothing
     };
 
     // Decoders round sizes up to whole macroblocks; more than this is another size.
@@ -63,7 +63,7 @@ public:
                           QObject* parent = nullptr);
     ~LivePipeline() override;
 
-    // Creates the camera. False when there is none to be had; nothing has changed then.
+    // Creates the camera. False, and nothing changes, when the system has no camera to give.
     [[nodiscard]] bool createCamera() { return m_camera.create(); }
 
     // Sends the idle card from now on. To be called once the pairing address is known.

@@ -8,9 +8,9 @@
 
 namespace pevrix {
 
-// The phones connected now, in order of connection, the one whose video is used, and the names
-// that the user gave to phones. Plain logic without signals or storage: every operation says what
-// follows from it, and the caller tells the phones and stores the names.
+// The phones connected now, in order of connection, the active one, whose video is used, and the
+// names that the user gave to phones. Plain logic without signals or storage: every operation
+// returns what has changed, and the caller tells the phones and stores the names.
 class PhoneRoster
 {
 public:

@@ -1,5 +1,7 @@
 #include "controller/Recording.h"
 
+#include "controller/Log.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -55,7 +57,7 @@ bool Recording::start(const QString& path, QSize size, int fps)
     if (m_started) {
         m_path = path;
     } else {
-        qWarning("Pevrix: cannot record to %s", qUtf8Printable(path));
+        qCWarning(videoLog, "Pevrix: cannot record to %s", qUtf8Printable(path));
     }
     return m_started;
 }
@@ -67,12 +69,12 @@ void Recording::stop()
     }
     const bool complete = m_recorder.close();
     if (const auto dropped = m_recorder.droppedPictures(); dropped > 0) {
-        qWarning("Pevrix: the recording lacks %llu pictures; the encoder was too slow",
-                 static_cast<unsigned long long>(dropped));
+        qCWarning(videoLog, "Pevrix: the recording lacks %llu pictures; the encoder was too slow",
+                  static_cast<unsigned long long>(dropped));
     }
     if (!complete) {
         const RecordingFailure failure = failureAt(m_path);
-        qWarning("Pevrix: the recording lacks its end: %s", explain(failure));
+        qCWarning(videoLog, "Pevrix: the recording lacks its end: %s", explain(failure));
         if (m_onFailure) {
             m_onFailure(failure);
         }

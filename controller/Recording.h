@@ -18,7 +18,7 @@ enum class RecordingFailure
     WriteFailed, // the encoder or the disk, who knows
 };
 
-// The recording of the live pictures to a file. GUI thread. What goes wrong is logged here.
+// Records the live pictures to a file and logs what goes wrong. GUI thread.
 class Recording final : public IPictureConsumer
 {
 public:
@@ -29,8 +29,8 @@ public:
         : m_onFailure(std::move(onFailure))
     {}
 
-    // Begins a new file, making its folder when it is missing. False while one runs, and when
-    // nothing can be recorded there.
+    // Begins a new file; makes its folder when it is missing. False when a recording is running
+    // already, and when nothing can be recorded there.
     [[nodiscard]] bool start(const QString& path, QSize size, int fps);
 
     // Completes the file. Safe when nothing is recorded.
@@ -55,7 +55,7 @@ private:
     const OnFailure m_onFailure;
     Mp4Recorder m_recorder;
     QString m_path;
-    bool m_started = false; // and not stopped; it may have ended by itself
+    bool m_started = false; // and not stopped yet, though it may have ended by itself
 };
 
 } // namespace pevrix

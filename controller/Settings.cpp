@@ -1,5 +1,7 @@
 #include "controller/Settings.h"
 
+#include "controller/Log.h"
+
 #include <QDir>
 #include <QEvent>
 #include <QFile>
@@ -30,7 +32,7 @@ constexpr auto kNames = "names"_L1;
 constexpr int kMaxWindowSide = 32'768;
 constexpr int kMaxWindowOffset = 1'000'000;
 
-// A settings file holds a few kilobytes; far larger ones are not read to be looked at.
+// A settings file has a few kilobytes; a far larger one is not read for inspection.
 constexpr qint64 kMaxInspectedBytes = qint64{16} * 1024 * 1024;
 
 bool isIntactLine(QByteArrayView line)
@@ -40,7 +42,7 @@ bool isIntactLine(QByteArrayView line)
            (line.startsWith('[') && line.endsWith(']'));
 }
 
-// The store itself takes any bytes for an INI file and silently drops what it cannot read.
+// QSettings takes any bytes as an INI file and silently drops what it cannot read.
 bool looksDamaged(const QByteArray& bytes)
 {
     if (bytes.isEmpty()) {
@@ -178,8 +180,9 @@ void Settings::keepDamagedFile() const
     const QString copy = m_store->fileName() + u".damaged"_s;
     QFile::remove(copy);
     const bool kept = file.copy(copy);
-    qWarning("Pevrix: the settings file cannot be read whole, defaults are used for the rest (%s)",
-             kept ? qPrintable(u"a copy is kept as "_s + copy) : "it could not be copied");
+    qCWarning(controllerLog,
+              "Pevrix: the settings file cannot be read whole, defaults are used for the rest (%s)",
+              kept ? qPrintable(u"a copy is kept as "_s + copy) : "it could not be copied");
 }
 
 int Settings::themeMode() const

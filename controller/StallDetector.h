@@ -5,8 +5,8 @@
 
 namespace pevrix {
 
-// Tells when live video stands still, from the number of its pictures at regular checks. Plain
-// logic with the caller's clock.
+// Tells when live video has stalled, from the number of its pictures at regular checks. Plain logic
+// with the caller's clock.
 class StallDetector
 {
 public:
@@ -45,10 +45,8 @@ public:
         return stalls ? Change::Stalled : Change::None;
     }
 
-    // A picture came: the stall ends without waiting for the next check.
+    // A picture has come: a stall ends at once, without waiting for the next check.
     [[nodiscard]] Change pictureCame() { return resume(); }
-
-    [[nodiscard]] bool isStalled() const { return m_stalled; }
 
 private:
     Change resume()

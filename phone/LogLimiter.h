@@ -12,7 +12,7 @@ namespace pevrix {
 // interval and counts the rest. Plain code for one thread.
 //
 //     if (const auto note = m_limiter.admit()) {
-//         qWarning("...%s", note->c_str());
+//         qCWarning(phoneLog, "...%s", note->c_str());
 //     }
 class LogLimiter
 {

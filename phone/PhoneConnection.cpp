@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 // it. Below 1 MiB the throughput suffers from the many small turns.
 constexpr qint64 kReadBufferSize = qint64{1024} * 1024;
 
-// Of a stranger's, whose throughput need not be great. There may be many of them.
+// The same for a stranger, whose throughput does not matter. There may be many of them.
 constexpr qint64 kStrangerReadBufferSize = qint64{64} * 1024;
 
 // How long a phone, and a stranger, may keep the event loop busy before the others get their turn.
@@ -227,7 +227,7 @@ void PhoneConnection::onBytesWritten(qint64 count)
 void PhoneConnection::onDisconnected()
 {
     if (m_turn == Turn::Running) {
-        m_state = State::Closing; // by one who heard of a message
+        m_state = State::Closing; // closed by the receiver of a message
     } else if (open() && m_socket->bytesAvailable() > 0) {
         wantTurn(); // what the peer sent before it ended the connection still counts
     }

@@ -34,7 +34,8 @@ public:
         Ended,
     };
 
-    // What hears of a connection. May call anything of it, also end it, from within these.
+    // Is told what happens on a connection. From within these calls it may call any function of the
+    // connection, and may end it.
     class Host
     {
     public:
@@ -49,8 +50,8 @@ public:
         ~Host() = default;
     };
 
-    // Adopts and owns a connected socket. Of a connection that we close, the peer has closeGrace
-    // to accept what it was sent before.
+    // Adopts and owns a connected socket. When we close the connection, the peer has `closeGrace`
+    // to take what it was sent before.
     PhoneConnection(int id, QTcpSocket* socket, bool usb, std::chrono::milliseconds closeGrace,
                     Host& host, QObject* parent = nullptr);
     ~PhoneConnection() override;
@@ -61,13 +62,13 @@ public:
     // Neither closing nor ended.
     [[nodiscard]] bool open() const { return m_state < State::Closing; }
     [[nodiscard]] bool handshaken() const { return m_state == State::Handshaken; }
-    // Anybody may connect from the network; nobody knows them before an accepted hello, also not
-    // while their connection is being closed.
+    // Anybody may connect from the network. Who has not said an accepted hello is a stranger, even
+    // while the connection is being closed.
     [[nodiscard]] bool stranger() const { return !m_usb && !m_hello && m_state != State::Ended; }
     // The hello accepted last; stays when the connection closes.
     [[nodiscard]] const std::optional<Hello>& hello() const { return m_hello; }
 
-    // The peer leaves so much of what it was sent that its own messages wait.
+    // The peer has taken so little of what it was sent that its own messages have to wait.
     [[nodiscard]] bool backlogged() const;
     // Since the last sign of life: received bytes or, of a backlogged peer, bytes taken.
     [[nodiscard]] std::chrono::milliseconds silence() const;
@@ -97,7 +98,7 @@ private:
 
     void onReadyRead();
     void wantTurn();
-    // Whether it stopped only because the turn is over.
+    // True when it stopped only because the turn was over.
     [[nodiscard]] bool readMessages();
     [[nodiscard]] qint64 maxBacklog() const;
     [[nodiscard]] MessageSplitter::Result readMessage(QElapsedTimer::Duration now);

@@ -1,5 +1,7 @@
 #include "phone/PhoneServer.h"
 
+#include "phone/Log.h"
+
 #include <QDeadlineTimer>
 #include <QNetworkProxy>
 
@@ -48,8 +50,8 @@ PhoneServer::~PhoneServer() = default;
 bool PhoneServer::listen(quint16 port)
 {
     if (!m_server.listen(QHostAddress::Any, port)) {
-        qWarning("Pevrix: cannot listen on port %d: %s", port,
-                 qUtf8Printable(m_server.errorString()));
+        qCWarning(phoneLog, "Pevrix: cannot listen on port %d: %s", port,
+                  qUtf8Printable(m_server.errorString()));
         return false;
     }
     m_port = m_server.serverPort();
@@ -213,8 +215,8 @@ void PhoneServer::keepAlive()
 void PhoneServer::onAcceptError()
 {
     if (const auto note = m_acceptErrors.admit()) {
-        qWarning("Pevrix: cannot accept a connection: %s%s", qUtf8Printable(m_server.errorString()),
-                 note->c_str());
+        qCWarning(phoneLog, "Pevrix: cannot accept a connection: %s%s",
+                  qUtf8Printable(m_server.errorString()), note->c_str());
     }
 }
 

@@ -48,8 +48,8 @@ public:
     // that a flood of connections never keeps a phone of another address out. Far above what phones
     // cause.
     static constexpr int kMaxStrangers = 128;
-    // And beyond this many bytes, unread, of incomplete messages and of answers that they do not
-    // take, the one that holds most of them.
+    // Beyond this many bytes that all strangers together make us hold (unread bytes, incomplete
+    // messages, answers that they do not take), the stranger that holds most is dropped.
     static constexpr qint64 kMaxStrangersBytes = 4 * qint64{kMaxPayload};
 
     explicit PhoneServer(const PhoneServerTimings& timings = {}, QObject* parent = nullptr);
@@ -65,7 +65,8 @@ public:
     // Adopts a connected tunnel to a phone on USB and greets the phone. Takes ownership.
     void addUsbSocket(QTcpSocket* socket);
 
-    // Tells the handshaken phone of that session to stream or to hold; no such phone: nothing.
+    // Tells the handshaken phone of that session to stream or to hold. Does nothing when there is
+    // no such phone.
     void setActive(int id, bool active);
 
     // The token that unknown phones must present; empty, as it is at first, means that none is

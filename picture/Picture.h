@@ -31,8 +31,8 @@ using SharedPicture = std::shared_ptr<const Picture>;
     return std::make_shared<const Picture>(Picture{width, height, std::move(pixels)});
 }
 
-// Gives pictures to fill, in the memory of earlier ones that nobody has any more: in steady state
-// no memory is asked for. Used by one thread at a time; what it gave may outlive it.
+// Gives pictures to fill, in the memory of earlier pictures that are no longer in use, so that a
+// running stream allocates nothing. Used by one thread at a time; its pictures may outlive it.
 class PicturePool
 {
 public:
@@ -56,7 +56,7 @@ public:
         return picture;
     }
 
-    // Gives the memory back: the next pictures are of another size.
+    // Frees the memory. To be called when the next pictures have another size.
     void clear() { m_pictures.clear(); }
 
 private:

@@ -5,9 +5,9 @@
 
 namespace pevrix {
 
-// Nothing larger is decoded, shown to a camera or drawn. What phones send fits: 4K, upright or
-// lying. A stream may declare 16384 x 16384 in a few bytes, each reference picture of which costs
-// 400 MB, and a phone announces its size before a single picture was seen.
+// Nothing larger is decoded, sent to a camera or drawn. What phones send fits: 4K, upright or
+// lying. A few bytes of a stream can declare 16384 x 16384, where each reference picture takes 400
+// MB, and a phone announces its size before its first picture.
 inline constexpr std::int64_t kMaxPicturePixels = std::int64_t{4096} * 4096;
 
 // Whether a picture of this size may be allocated: not empty and within the limit.

@@ -7,8 +7,8 @@
 
 namespace pevrix {
 
-// What a reader sees while no program sends: a camera with a line through it on a dark ground, in
-// this size. Packed like a picture that is sent (blue, green, red). Drawn point by point, for the
+// What a reader sees while no program sends: a crossed-out camera on a dark background, in this
+// size. Packed like a picture that is sent (blue, green, red). Drawn point by point, because the
 // readers' programs may have neither fonts nor a desktop. Throws std::bad_alloc.
 [[nodiscard]] std::vector<std::uint8_t> absentCard(const CameraFormat& size);
 

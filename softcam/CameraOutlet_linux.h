@@ -10,9 +10,8 @@
 
 namespace pevrix {
 
-// Where the pictures of one camera after the other come out: a PipeWire source, and the first free
-// v4l2loopback device beside it where there is one. Both go on while cameras are deleted and made
-// anew.
+// Hands out the pictures of one camera after the other: to a PipeWire source, and to the first free
+// v4l2loopback device where there is one. Both go on while cameras are deleted and created again.
 //
 //   closed -- open() --> open -- close() --> waiting for another camera -- five seconds --> closed
 //                          ^------------------- open() ---------------------|
@@ -32,7 +31,7 @@ public:
     void open(const CameraFormat& format);
     void close();
 
-    // Copies the picture for the outlet's thread; not even that while nobody watches. One thread at
+    // Copies the picture for the outlet's thread; does nothing while nobody watches. One thread at
     // a time. Throws std::bad_alloc.
     void sendFrame(const BgrPicture& picture);
 

@@ -18,9 +18,9 @@ inline constexpr wchar_t kPinName[] = L"Capture";
 
 // The filter's output. It is a part of its filter, whose references it counts.
 //
-// Offered are the present camera's size, then the usual ones, each in all layouts; taken is every
-// size and rate, for programs keep the format that they were given once, and whatever the camera is
-// by then, its pictures are scaled.
+// It offers the present camera's size, then the usual ones, each in all layouts, and accepts every
+// size and rate: programs keep the format that they were given once, and pictures of another camera
+// are scaled to it.
 class CameraPin final : public IPin,
                         public IAMStreamConfig,
                         public IKsPropertySet,
@@ -101,8 +101,8 @@ private:
     CameraFilter& m_filter;
     std::unique_ptr<PictureStream> m_stream; // guarded by the filter's state lock
 
-    // Guards the rest, for moments: nobody who asks has to wait for a change of state. Changes are
-    // made with the filter's state lock as well.
+    // Guards the rest and is held briefly, so that a question never waits for a change of state.
+    // Who changes something holds the filter's state lock as well.
     Lock m_lock;
     std::optional<Connection> m_connection;
     std::optional<StreamFormat> m_chosen; // by SetFormat()

@@ -16,7 +16,8 @@ constexpr auto kLookForSender = 250ms;
 // taken for a live one.
 constexpr auto kGrace = 1s;
 
-// A sender that writes at the same moment over and over is given up on until the next picture.
+// A sender that overwrites the picture this often while it is read gets no further try until the
+// next picture.
 constexpr int kTries = 3;
 
 bool isSenderAlive()

@@ -5,7 +5,7 @@
 namespace pevrix {
 namespace {
 
-// Soon enough for a reader's first picture and for noticing its death, and nothing to pay for.
+// Soon enough for a reader's first picture and to notice when a reader has died, and cheap.
 constexpr ULONGLONG kLookForReadersMs = 250;
 
 constexpr DWORD kReadAndWrite = FILE_MAP_READ | FILE_MAP_WRITE;
@@ -135,7 +135,7 @@ void CameraSender::lookForReaders()
         }
     }
     if (hadReaders && m_readers.empty()) {
-        m_writer->forget(); // the next reader comes to a picture of now
+        m_writer->forget(); // so that the next reader does not see an old picture first
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// What of the kernel's objects needs giving back, and who else may open those with a name.
+// Owners for objects of the kernel, and who else may open those with a name.
 
 #include "softcam/PictureFormat.h"
 

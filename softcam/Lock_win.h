@@ -4,8 +4,8 @@
 
 namespace pevrix {
 
-// Mutexes that are nothing but memory: this library comes and goes in programs of other people, and
-// the run time's own keep a handle of the kernel for as long as the process lives.
+// Mutexes that need nothing but memory: other programs load and unload this library, and the run
+// time's own mutexes keep a handle of the kernel until the process ends.
 
 // For std::lock_guard; held for moments, never while foreign code is called.
 class Lock

@@ -90,7 +90,7 @@ libyuv::FilterMode filterFor(const BgrPicture& picture, const PictureArea& area)
     return shrinks ? libyuv::kFilterBox : libyuv::kFilterBilinear;
 }
 
-// In place; nothing overflows that was never more than white.
+// In place. It does not overflow, because no sample was brighter than white before the loss.
 void addToPlane(std::uint8_t* plane, int stride, int width, int height, std::uint8_t value)
 {
     for (int y = 0; y < height; ++y) {
@@ -257,8 +257,8 @@ void PictureConverter::scaleYuv(const BgrPicture& picture, std::uint8_t* to)
     }
 }
 
-// The box filter rounds means down, at some ratios by one in most of a flat area, which shows as a
-// tinge. Tried once for each size, with a flat picture.
+// The box filter rounds means down. At some ratios it loses one in most of a flat area, which is
+// visible as a tinge. How much is tried out once for each size, with a flat picture.
 std::uint8_t PictureConverter::lossOf(const BgrPicture& picture, const PictureArea& area)
 {
     if (m_known.width == picture.width && m_known.height == picture.height) {

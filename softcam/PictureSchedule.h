@@ -7,8 +7,8 @@
 
 namespace pevrix {
 
-// When a reader gets its pictures: at the rate that it has agreed on, whatever the rate of those
-// who send. Plain logic with the caller's clock; used by one thread at a time.
+// When a reader gets its pictures: at the rate that it has agreed on, whatever the sender's rate
+// is. Plain logic with the caller's clock; used by one thread at a time.
 //
 // Its ticks are an interval apart, and each hands on one picture. A new picture is handed on at
 // once when that is less than half an interval before the tick, else it waits for that moment; of
@@ -16,9 +16,9 @@ namespace pevrix {
 // an interval after the tick. So a sender of the reader's rate is never held up, and its jitter
 // changes nothing.
 //
-// A picture that comes too late finds the last one handed on in its place, and all that follow
-// would wait for their ticks from then on. The ticks make up for it by coming a little earlier, by
-// one interval in all for each such time.
+// When a picture comes too late, the last one is handed on in its place, and all later pictures
+// would have to wait for their ticks. To make up for it, the ticks then come a little earlier, by
+// one interval in all for each late picture.
 class PictureSchedule
 {
 public:

@@ -14,8 +14,8 @@ namespace pevrix {
 class CameraReader;
 
 // The thread that hands pictures to one connected pin while the filter is not stopped. It looks for
-// a sender all that time, so that one knows of the reader, but hands on nothing unless it runs.
-// When the other side refuses a picture, it ends in silence.
+// a sender all that time, so that the sender knows of the reader, but hands on pictures only while
+// it runs. It ends silently when the other side refuses a picture.
 class PictureStream
 {
 public:
@@ -26,7 +26,7 @@ public:
         StreamFormat format;
     };
 
-    // Null when there is no thread or no memory to be had.
+    // Null when the system has no thread or no memory left.
     [[nodiscard]] static std::unique_ptr<PictureStream> start(Target target);
 
     // Waits for the thread. The allocator must be decommitted by then, so that it gets no buffer.

@@ -21,9 +21,9 @@ public:
     PipeWireParams(const PipeWireParams&) = delete; // the list points into the bytes
     PipeWireParams& operator=(const PipeWireParams&) = delete;
 
-    // What the camera offers: its own size in each layout, of plain values, because browsers skip
-    // an entry that leaves a choice when they list what there is. Then every other size, for
-    // Firefox remembers what it listed when it first saw the camera, and asks for that ever after.
+    // What the camera offers: first its own size in each layout, as plain values, because browsers
+    // do not list an entry that leaves a choice. Then every other size, because Firefox remembers
+    // what it listed when it first saw the camera, and keeps asking for that.
     void addFormats(const CameraFormat& format);
 
     // What buffers have to be like once a layout is agreed on: in one block, in memory that can be

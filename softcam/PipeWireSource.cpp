@@ -19,8 +19,8 @@ pw_properties* contextProperties()
     return pw_properties_new("module.rt", "false", nullptr);
 }
 
-// Class, role and description are what makes a node a camera for portals, session managers and
-// browsers; the description is the name that they show.
+// By class, role and description, portals, session managers and browsers recognise a camera; the
+// description is the name that they show.
 pw_properties* nodeProperties()
 {
     return pw_properties_new(PW_KEY_MEDIA_TYPE, "Video", PW_KEY_MEDIA_CLASS, "Video/Source",
@@ -44,8 +44,8 @@ struct PipeWireSource::Callbacks
 
     static void stateChanged(void* data, pw_stream_state, pw_stream_state state, const char*)
     {
-        // An error is that of one consumer which asked for a format that is not offered; the node
-        // stays and serves the next one.
+        // An error concerns one consumer, which asked for a format that is not offered; the node
+        // stays and serves the next consumer.
         self(data).setStreaming(state == PW_STREAM_STATE_STREAMING);
         if (state == PW_STREAM_STATE_UNCONNECTED) {
             self(data).reconnectLater();

@@ -115,7 +115,7 @@ void removeIfEmpty(const wchar_t* path, RegistryView view)
     }
 }
 
-// All that registering makes; a key that is not there is none to fail at.
+// Removes everything that registering creates. A missing key is not an error.
 HRESULT removeKeys(RegistryView view)
 {
     HRESULT result = S_OK;
@@ -165,7 +165,7 @@ STDAPI DllRegisterServer()
     return pevrix::withoutThrowing([] {
         const HRESULT result = pevrix::registerAll();
         if (FAILED(result)) {
-            pevrix::removeAll(); // half a camera is none
+            pevrix::removeAll(); // leave no half-registered camera
         }
         return result;
     });

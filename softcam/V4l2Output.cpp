@@ -113,7 +113,7 @@ void V4l2Output::show(const BgrPicture& picture)
     } catch (const std::bad_alloc&) {
         return;
     }
-    // A picture that the device refuses is lost, and nothing is to be done about it.
+    // A picture that the device refuses is lost; there is nothing that we could do.
     [[maybe_unused]] const ssize_t written = write(m_device.descriptor(), m_picture.get(), m_size);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// What of COM needs giving back and is no reference to an object.
+// Owners for what COM hands out besides references to objects.
 
 #include <string>
 #include <string_view>
@@ -10,8 +10,8 @@
 
 namespace pevrix {
 
-// The calling thread's stay in a single-threaded apartment, or in the one that it is in already.
-// Everything got from COM must be released before it ends.
+// Keeps the calling thread in a single-threaded apartment, or in the one that it is in already.
+// Everything that came from COM must be released before this object ends.
 class Apartment
 {
 public:

@@ -26,8 +26,8 @@ inline constexpr DWORD kNothingRan = 1;
 std::wstring fileBeside(const LaunchCalls& calls, const wchar_t* name);
 
 // Starts a program with administrator rights, for which the system asks the user, and waits at most
-// 30 seconds for its end. Returns the exit code; whether the system has changed is better asked of
-// it.
+// 30 seconds for its end. Returns the exit code. To learn whether something has changed, ask the
+// system, not the exit code.
 DWORD runElevated(const LaunchCalls& calls, const std::wstring& file,
                   const std::wstring& parameters);
 

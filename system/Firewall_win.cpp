@@ -10,7 +10,8 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// Removing goes by name, which several rules may share, and takes out one of them at a time.
+// Rules are removed by name. Several rules may have the same name, and each call removes one of
+// them.
 constexpr int kRemovalPasses = 16;
 
 class FirewallSession
@@ -143,7 +144,7 @@ bool addApplicationRule(const std::filesystem::path& applicationPath, const std:
     if (!session.isOpen()) {
         return false;
     }
-    // Where old rules stay the new one is wanted all the same.
+    // The new rule is wanted even if old ones could not be removed.
     removeRulesForApplication(session.rules(), applicationPath);
     return addRule(session.rules(), {ruleName, applicationPath.native()});
 }

@@ -63,8 +63,7 @@ void FramePreview::updateContentRect()
     }
 }
 
-// Without a texture there is no node at all: the software renderer does not survive one that has
-// none.
+// Returns no node while there is no texture: the software renderer crashes with a node without one.
 QSGNode* FramePreview::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*)
 {
     auto* node = static_cast<QSGSimpleTextureNode*>(oldNode);

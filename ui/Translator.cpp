@@ -98,7 +98,7 @@ void Translator::install()
         return;
     }
     m_appTranslator = load(u":/i18n/pevrix_"_s + code + u".qm"_s);
-    // Of Portuguese, Qt speaks the Brazilian kind only.
+    // Qt's own texts exist in Brazilian Portuguese only.
     m_qtTranslator = load(u":/i18n/qtbase_"_s + (code == "pt"_L1 ? u"pt_BR"_s : code) + u".qm"_s);
 }
 

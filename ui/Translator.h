@@ -12,9 +12,9 @@ class QTranslator;
 
 namespace pevrix {
 
-// The language of the interface: keeps the choice, installs the catalogs that belong to it into
-// the application and lets the QML say everything anew when the choice changes. A catalog that is
-// missing is passed over, so that its strings stay English. GUI thread.
+// The language of the interface: keeps the choice, installs its catalogs into the application and
+// makes the QML engine set all texts again when the choice changes. A missing catalog is skipped,
+// so that its texts stay English. GUI thread.
 class Translator final : public QObject
 {
     Q_OBJECT

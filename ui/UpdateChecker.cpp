@@ -16,7 +16,7 @@ namespace {
 
 constexpr QLatin1StringView kOwnVersion(PEVRIX_VERSION);
 
-// An answer is a line of text. A server that sends without end is hung up on.
+// An answer is a line of text. The connection to a server that sends more than this is closed.
 constexpr qint64 kMaxAnswerBytes = qint64{64} * 1024;
 
 // A browser opens it: another scheme may start any program, or show a page that anybody on the way

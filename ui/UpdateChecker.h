@@ -11,17 +11,17 @@ class QNetworkReply;
 
 namespace pevrix {
 
-// Where the vendor is to be asked, and how long.
+// Where the vendor is asked, and how long an answer may take.
 struct UpdateSite
 {
     QString siteUrl; // root of the web site, without a slash at its end
-    QUrl endpoint;   // answers with a JSON object: "version" and, if it likes, "url"
+    QUrl endpoint;   // answers with a JSON object: "version" and optionally "url"
     std::chrono::milliseconds timeout{15000};
 };
 
-// Asks the vendor whether a newer version exists. Best effort: whatever goes wrong leaves
-// everything as it is, without a word. An update that was found stays found until the program
-// ends. GUI thread.
+// Asks the vendor whether a newer version exists. Best effort: any failure leaves everything as it
+// is and is not reported. An update that was found stays available until the program ends. GUI
+// thread.
 class UpdateChecker final : public QObject
 {
     Q_OBJECT

@@ -1,0 +1,7 @@
+#include "phone/Log.h"
+
+namespace pevrix {
+
+Q_LOGGING_CATEGORY(phoneLog, "pevrix.phone")
+
+} // namespace pevrix
