@@ -1,6 +1,7 @@
 #include "app/SingleInstance.h"
 
 #include "app/InstanceChannel.h"
+#include "app/Log.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -52,16 +53,19 @@ bool SingleInstance::claim(bool show)
             return true;
         }
         if (m_lock.error() != QLockFile::LockFailedError) {
-            qWarning("Pevrix: the settings folder takes no lock; another Pevrix is not looked for");
+            qCWarning(
+                appLog,
+                "Pevrix: the settings folder takes no lock; another Pevrix is not looked for");
             return true;
         }
         if (!show || askForWindow()) {
-            qInfo("Pevrix: another Pevrix is running, this one ends");
+            qCInfo(appLog, "Pevrix: another Pevrix is running, this one ends");
             return false;
         }
         QThread::sleep(kRetryInterval);
     } while (!deadline.hasExpired());
-    qWarning("Pevrix: another Pevrix is running but does not answer, this one starts beside it");
+    qCWarning(appLog,
+              "Pevrix: another Pevrix is running but does not answer, this one starts beside it");
     return true;
 }
 
@@ -69,8 +73,8 @@ void SingleInstance::listen()
 {
     QLocalServer::removeServer(m_channel); // a crashed one's
     if (!m_server.listen(m_channel)) {
-        qWarning("Pevrix: a second start will not find this one (%s)",
-                 qUtf8Printable(m_server.errorString()));
+        qCWarning(appLog, "Pevrix: a second start will not find this one (%s)",
+                  qUtf8Printable(m_server.errorString()));
     }
 }
 

@@ -76,7 +76,7 @@ void connectWindow(QQuickWindow& window, HiddenWindow& hidden, Tray& tray, Singl
 {
     QObject::connect(&tray, &Tray::showRequested, &window, [&window] { showWindow(window); });
     QObject::connect(&instance, &SingleInstance::windowAskedFor, &window, [&window] {
-        qInfo("Pevrix: started once more, the window comes to the front");
+        qCInfo(appLog, "Pevrix: started once more, the window comes to the front");
         showWindow(window);
     });
     // After a start in the notification area that is minimised, else as it was.
