@@ -19,7 +19,8 @@ using CameraLibrary = std::unique_ptr<void, CameraLibraryUnload>;
 [[nodiscard]] std::filesystem::path cameraLibraryName();
 
 // Loads the file of this name from the folder of the running executable, else from wherever the
-// system looks for libraries. Null when neither has it or it cannot be loaded.
+// system looks for libraries, but for the current folder. Null when neither has it or it cannot be
+// loaded.
 [[nodiscard]] CameraLibrary loadCameraLibrary(const std::filesystem::path& name);
 
 // The address of an exported function, to be cast to its type; null when there is none.

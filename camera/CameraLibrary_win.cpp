@@ -23,6 +23,7 @@ CameraLibrary loadCameraLibrary(const std::filesystem::path& name)
             return library;
         }
     }
+    SetDllDirectoryW(L""); // not in the folder that the program happens to be started in
     return CameraLibrary{LoadLibraryW(name.c_str())};
 }
 

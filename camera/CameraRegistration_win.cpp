@@ -23,10 +23,11 @@ bool isCameraRegistered()
 DWORD launchCameraRegistration(const LaunchCalls& calls, bool unregister)
 {
     const std::wstring library = fileBeside(calls, L"softcam.dll");
-    if (library.empty()) {
+    const std::wstring tool = systemProgram(L"regsvr32.exe");
+    if (library.empty() || tool.empty()) {
         return kNothingRan;
     }
-    return runElevated(calls, L"regsvr32", (unregister ? L"/s /u \"" : L"/s \"") + library + L'"');
+    return runElevated(calls, tool, (unregister ? L"/s /u \"" : L"/s \"") + library + L'"');
 }
 
 void runCameraRegistration(bool unregister)

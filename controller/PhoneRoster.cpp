@@ -1,5 +1,7 @@
 #include "controller/PhoneRoster.h"
 
+#include "phone/PlainText.h"
+
 #include <QVariantMap>
 
 #include <algorithm>
@@ -71,7 +73,7 @@ bool PhoneRoster::rename(int id, const QString& newName)
     if (phone == m_phones.end()) {
         return false;
     }
-    const QString name = newName.trimmed();
+    const QString name = plainText(newName.trimmed(), kMaxNameLength);
     if (name.isEmpty()) {
         m_names.remove(phone->deviceId);
     } else {

@@ -44,8 +44,9 @@ public:
     // True when the phone is listed and was not active yet.
     bool setActive(int id);
 
-    // Renames the device of a listed phone. White space around the name is dropped; a name of
-    // nothing else gives the phone its own name back. False when the phone is not listed.
+    // Renames the device of a listed phone. White space around the name is dropped, and the rest
+    // is as plainText() makes it; a name of white space alone gives the phone its own name back.
+    // False when the phone is not listed.
     bool rename(int id, const QString& newName);
 
     [[nodiscard]] bool isEmpty() const { return m_phones.empty(); }

@@ -52,6 +52,10 @@ public:
     // messages, answers that they do not take), the stranger that holds most is dropped.
     static constexpr qint64 kMaxStrangersBytes = 4 * qint64{kMaxPayload};
 
+    // Phones that are trusted; whoever has the token can say hello with any number of ids. Beyond
+    // this the one that has not said hello for longest is trusted no more.
+    static constexpr qsizetype kMaxTrusted = 256;
+
     explicit PhoneServer(const PhoneServerTimings& timings = {}, QObject* parent = nullptr);
     ~PhoneServer() override;
 
@@ -78,7 +82,11 @@ public:
     // here alone: who stores them sets them once and takes them again after devicePaired().
     void setTrusted(const QHash<QString, QString>& trusted) { m_trusted = trusted; }
     [[nodiscard]] const QHash<QString, QString>& trusted() const { return m_trusted; }
-    void clearTrusted() { m_trusted.clear(); }
+    void clearTrusted()
+    {
+        m_trusted.clear();
+        m_lastUse.clear();
+    }
 
     // Video frame messages received, all phones together, the ones too short to use included.
     [[nodiscard]] qint64 framesReceived() const { return m_framesReceived; }
@@ -114,6 +122,7 @@ private:
     void passOnVideoFrame(int id, const Message& message);
     void handleHello(PhoneConnection& from, const Hello& hello);
     [[nodiscard]] bool admit(PhoneConnection& newcomer, const Hello& hello);
+    void forgetUnusedPhone();
     [[nodiscard]] bool settleDuplicates(PhoneConnection& newcomer, const QString& deviceId);
     static void refuse(PhoneConnection& connection, Refusal refusal);
 
@@ -131,6 +140,8 @@ private:
     QString m_token;
     QString m_pcName;
     QHash<QString, QString> m_trusted; // device id to token
+    QHash<QString, qint64> m_lastUse;  // of those that said hello since the start: m_uses then
+    qint64 m_uses = 0;
     QTimer m_pingTimer;
     QElapsedTimer m_clock;
     qint64 m_lastKeepAliveMs = 0; // on m_clock

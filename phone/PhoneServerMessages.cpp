@@ -2,6 +2,8 @@
 #include "phone/Handshake.h"
 #include "phone/PhoneServer.h"
 
+#include <algorithm>
+
 namespace pevrix {
 
 void PhoneServer::onMessage(PhoneConnection& from, const Message& message)
@@ -66,11 +68,31 @@ bool PhoneServer::admit(PhoneConnection& newcomer, const Hello& hello)
         refuse(newcomer, *verdict.refusal);
         return false;
     }
+    if (verdict.newlyTrusted || m_trusted.contains(hello.deviceId)) {
+        m_lastUse.insert(hello.deviceId, ++m_uses);
+    }
     if (verdict.newlyTrusted) {
         m_trusted.insert(hello.deviceId, hello.token);
+        while (m_trusted.size() > kMaxTrusted) {
+            forgetUnusedPhone();
+        }
         Q_EMIT devicePaired(hello.deviceId, hello.token);
     }
     return hello.deviceId.isEmpty() || settleDuplicates(newcomer, hello.deviceId);
+}
+
+void PhoneServer::forgetUnusedPhone()
+{
+    for (const auto& [id, connection] : m_connections) {
+        if (connection->handshaken() && m_trusted.contains(connection->hello()->deviceId)) {
+            m_lastUse.insert(connection->hello()->deviceId, m_uses); // it is in use
+        }
+    }
+    const QList<QString> ids = m_trusted.keys();
+    const auto unused = std::ranges::min_element(
+        ids, {}, [this](const QString& id) { return m_lastUse.value(id); });
+    m_trusted.remove(*unused);
+    m_lastUse.remove(*unused);
 }
 
 bool PhoneServer::settleDuplicates(PhoneConnection& newcomer, const QString& deviceId)

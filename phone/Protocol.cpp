@@ -1,5 +1,7 @@
 #include "phone/Protocol.h"
 
+#include "phone/PlainText.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -92,9 +94,10 @@ Hello parseHello(const QByteArray& payload)
         .version = object["v"_L1].toInt(),
         .token = object["token"_L1].toString(),
         .deviceId = object["deviceId"_L1].toString(),
-        .name = object["name"_L1].toString(u"Phone"_s),
-        .model = object["modelName"_L1].toString(object["model"_L1].toString()),
-        .os = object["osVersion"_L1].toString(),
+        .name = plainText(object["name"_L1].toString(u"Phone"_s), kMaxNameLength),
+        .model = plainText(object["modelName"_L1].toString(object["model"_L1].toString()),
+                           kMaxNameLength),
+        .os = plainText(object["osVersion"_L1].toString(), kMaxNameLength),
     };
 }
 

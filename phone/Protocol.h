@@ -94,6 +94,7 @@ encodeVideoFrameHeader(qint64 ptsUsec, bool keyframe, qsizetype accessUnitSize);
 
 // What the phone says about itself. Text that does not parse, or is no JSON object, reads as an
 // empty object; a missing or mistyped key takes its default.
+// Name, model and system are as plainText() makes them.
 struct Hello
 {
     int version = 0;

@@ -2,6 +2,7 @@
 
 #include "system/Firewall.h"
 
+#include <array>
 #include <memory>
 
 namespace pevrix {
@@ -26,6 +27,14 @@ std::wstring fileBeside(const LaunchCalls& calls, const wchar_t* name)
     }
     std::wstring path = folder + name;
     return GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES ? std::wstring() : path;
+}
+
+std::wstring systemProgram(const wchar_t* name)
+{
+    std::array<wchar_t, MAX_PATH> folder{};
+    const UINT length = GetSystemDirectoryW(folder.data(), MAX_PATH);
+    return length == 0 || length >= MAX_PATH ? std::wstring()
+                                             : std::wstring(folder.data(), length) + L'\\' + name;
 }
 
 DWORD runElevated(const LaunchCalls& calls, const std::wstring& file,

@@ -25,6 +25,10 @@ inline constexpr DWORD kNothingRan = 1;
 // administrator rights; empty when it is missing.
 std::wstring fileBeside(const LaunchCalls& calls, const wchar_t* name);
 
+// The full path of a program of the system's own folder: another one of its name may lie wherever
+// else the system looks. Empty when that folder is not known.
+std::wstring systemProgram(const wchar_t* name);
+
 // Starts a program with administrator rights, for which the system asks the user, and waits at most
 // 30 seconds for its end. Returns the exit code. To learn whether something has changed, ask the
 // system, not the exit code.

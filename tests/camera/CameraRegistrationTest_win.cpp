@@ -95,13 +95,15 @@ TEST_F(LaunchTest, AsksForRightsAndWaitsForTheProgram)
     copyTo(L"pevrix-camsetup.exe");
     const std::wstring library = L'"' + (folder / "softcam.dll").native() + L'"';
     const std::wstring helper = folder / "pevrix-camsetup.exe";
+    const std::wstring tool = systemProgram(L"regsvr32.exe");
+    EXPECT_TRUE(std::filesystem::exists(tool));
     const struct
     {
         std::function<DWORD()> function;
         Launch launch;
     } rows[] = {
-        {registerCamera, {L"runas", L"regsvr32", L"/s " + library, 0x40, 30'000}},
-        {unregisterCamera, {L"runas", L"regsvr32", L"/s /u " + library, 0x40, 30'000}},
+        {registerCamera, {L"runas", tool, L"/s " + library, 0x40, 30'000}},
+        {unregisterCamera, {L"runas", tool, L"/s /u " + library, 0x40, 30'000}},
         {allow, {L"runas", helper, L"--firewall", 0x40, 30'000}},
     };
     for (const auto& row : rows) {

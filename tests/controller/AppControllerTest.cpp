@@ -1,6 +1,8 @@
 // The controller by itself and with phones in the network.
+#include "phone/PlainText.h"
 #include "phone/Protocol.h"
 #include "tests/controller/AppControllerFixture.h"
+#include "tests/support/HostileNames.h"
 
 #include <QSignalSpy>
 #include <QTcpSocket>
@@ -69,6 +71,39 @@ TEST_F(AppControllerTest, NamesAndTrustOutliveConnectionsAndThePrograms)
     m_app->renamePhone(m_app->activeId(), u"  "_s);
     EXPECT_EQ(m_app->phoneName(), u"Simulated phone"_s);
     EXPECT_FALSE(stored("names/phonesim-1").isValid());
+}
+
+TEST_F(AppControllerTest, TakesHostileNamesForTextWhereverTheyGo)
+{
+    static QStringList logged;
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& line) { logged << line; });
+    startApp();
+    PhoneIdentity identity;
+    for (const HostileName& name : hostileNames()) {
+        if (name.shown.contains(QChar(0xFFFD))) {
+            continue; // the simulated phone does not send halves
+        }
+        identity.deviceId += u"\n[x]=;<b>"_s;
+        identity.name = identity.model = name.sent;
+        const auto simulated = wifiPhone(identity);
+        ASSERT_TRUE(waitForPhones(1));
+        EXPECT_EQ(phone()[u"name"_s], name.shown);
+        EXPECT_EQ(phone()[u"model"_s], name.shown);
+        m_app->renamePhone(m_app->activeId(), u"my "_s + name.sent);
+        const QString renamed = phone()[u"name"_s].toString();
+        EXPECT_TRUE(renamed.startsWith("my "_L1) && renamed.size() <= kMaxNameLength);
+        m_app->stop(); // which writes the settings
+        const Settings again(path("settings.ini"));
+        EXPECT_EQ(again.names().value(identity.deviceId), renamed);
+        EXPECT_EQ(again.trusted().value(identity.deviceId), token());
+        startApp();
+    }
+    m_app.reset();
+    qInstallMessageHandler(before);
+    for (const QString& line : std::as_const(logged)) {
+        EXPECT_FALSE(line.contains(u'\n') || line.contains("passwd"_L1)) << qPrintable(line);
+    }
 }
 
 TEST_F(AppControllerTest, TakesNoPhonesWithoutACamera)

@@ -165,6 +165,30 @@ TEST_F(PhoneServerTest, RemembersPairedPhonesUntilTheyAreCleared)
     EXPECT_EQ(log.last(), u"disconnected 1"_s);
 }
 
+TEST_F(PhoneServerTest, ForgetsThePhoneThatWasUnusedForLongestWhenManyArePaired)
+{
+    server->setTrusted({{u"never seen"_s, u"T"_s}, {u"used"_s, u"T"_s}});
+    TestPhone connected(server->port());
+    ASSERT_TRUE(connected.sendAndSettle(helloMessage("connected")));
+    TestPhone crowd(server->port());
+    ASSERT_TRUE(crowd.sendAndSettle(helloMessage("used")));
+    const auto pair = [&](int first, int count) {
+        QByteArray hellos;
+        for (int i = first; i < first + count; ++i) {
+            hellos += helloMessage(QByteArray::number(i));
+        }
+        return crowd.sendAndSettle(hellos);
+    };
+    ASSERT_TRUE(pair(0, static_cast<int>(PhoneServer::kMaxTrusted) - 2));
+    EXPECT_EQ(server->trusted().size(), PhoneServer::kMaxTrusted);
+    EXPECT_FALSE(server->trusted().contains(u"never seen"_s));
+    EXPECT_TRUE(server->trusted().contains(u"used"_s));
+    ASSERT_TRUE(pair(1000, 300));
+    EXPECT_EQ(server->trusted().size(), PhoneServer::kMaxTrusted);
+    EXPECT_TRUE(server->trusted().contains(u"connected"_s));
+    EXPECT_FALSE(server->trusted().contains(u"used"_s));
+}
+
 TEST_F(PhoneServerTest, KeepsOneConnectionOfAPhoneAndPrefersUsb)
 {
     TestPhone first(server->port());
