@@ -12,6 +12,8 @@
 #include <QStyleHints>
 #include <QUrl>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
@@ -274,7 +276,7 @@ void AppController::onPhoneConnected(PhoneRoster::Phone phone)
     m_pipeline.expectStream();
     m_phones.add(std::move(phone));
     watchFirewall();
-    Q_EMIT changed();
+    tellSoon();
 }
 
 void AppController::onPhoneDisconnected(int id)
@@ -284,7 +286,21 @@ void AppController::onPhoneDisconnected(int id)
     }
     m_phones.remove(id);
     watchFirewall();
-    Q_EMIT changed();
+    tellSoon();
+}
+
+// Once for all that phones did in this pass of the event loop: the interface reads everything anew.
+void AppController::tellSoon()
+{
+    if (!std::exchange(m_toldSoon, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                m_toldSoon = false;
+                Q_EMIT changed();
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 void AppController::setThemeMode(int mode)

@@ -178,6 +178,7 @@ private:
     void onPipelineState();
     void onStatisticsTick();
     void watchFirewall();
+    void tellSoon();
 
     // IVideoSwitch
     void askForVideo(int id, bool on) override { m_server.setActive(id, on); }
@@ -202,6 +203,7 @@ private:
     LiveStatistics m_statistics;
     bool m_appConnected = false;
     bool m_captureMode = false;
+    bool m_toldSoon = false; // changed() is on its way
 };
 
 } // namespace pevrix
