@@ -10,6 +10,7 @@
 #include "controller/AppController.h"
 #include "qml/Interface.h"
 #include "system/Console.h"
+#include "system/Pace.h"
 #include "ui/Translator.h"
 #include "ui/UpdateChecker.h"
 
@@ -101,6 +102,7 @@ int main(int argc, char** argv)
         return 0;
     }
     installLogHandler();
+    keepPaceWhileHidden();
     QQuickWindow::setDefaultAlphaBuffer(true);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Pevrix"_s);

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "system/Pace.h"
+
 #include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <thread>
 
 namespace pevrix {
 
@@ -14,9 +15,7 @@ struct PacingTime
     using Clock = std::chrono::steady_clock;
 
     std::function<Clock::time_point()> now = Clock::now;
-    std::function<void(Clock::time_point)> sleepUntil = [](Clock::time_point time) {
-        std::this_thread::sleep_until(time);
-    };
+    std::function<void(Clock::time_point)> sleepUntil = pevrix::sleepUntil;
 };
 
 // The deadlines of a fixed rate. They are absolute, so that the time that each cycle takes does not

@@ -3,6 +3,7 @@
 // Owners for objects of the kernel, and who else may open those with a name.
 
 #include "softcam/PictureFormat.h"
+#include "system/Handle_win.h"
 
 #include <cstddef>
 #include <memory>
@@ -11,12 +12,6 @@
 #include <windows.h>
 
 namespace pevrix {
-
-struct HandleClose
-{
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using UniqueHandle = std::unique_ptr<void, HandleClose>; // null where a call returned null
 
 struct ViewUnmap
 {
