@@ -1,9 +1,10 @@
 #include "system/ElevatedLaunch_win.h"
 
 #include "system/Firewall.h"
+#include "system/Handle_win.h"
 
 #include <array>
-#include <memory>
+#include <atomic>
 
 namespace pevrix {
 namespace {
@@ -11,11 +12,26 @@ namespace {
 // Both programs are done in a moment; what takes longer hangs, and the window with it.
 constexpr DWORD kLongestWaitMs = 30'000;
 
-struct HandleClose
+// Windows may hand on messages while its question stands, a second press on our button among them.
+std::atomic<bool> s_isAsking = false;
+
+class Asking
 {
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
+public:
+    [[nodiscard]] bool isFirst() const { return m_isFirst; }
+    Asking() = default;
+    ~Asking()
+    {
+        if (m_isFirst) {
+            s_isAsking = false;
+        }
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+private:
+    const bool m_isFirst = !s_isAsking.exchange(true);
 };
-using UniqueHandle = std::unique_ptr<void, HandleClose>;
 
 } // namespace
 
@@ -40,9 +56,14 @@ std::wstring systemProgram(const wchar_t* name)
 DWORD runElevated(const LaunchCalls& calls, const std::wstring& file,
                   const std::wstring& parameters)
 {
+    const Asking asking;
+    if (!asking.isFirst()) {
+        return kNothingRan;
+    }
     SHELLEXECUTEINFOW info{};
     info.cbSize = sizeof(info);
     info.fMask = SEE_MASK_NOCLOSEPROCESS;
+    info.hwnd = GetActiveWindow(); // without one the question may come up behind it
     info.lpVerb = L"runas";
     info.lpFile = file.c_str();
     info.lpParameters = parameters.c_str();

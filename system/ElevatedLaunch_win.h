@@ -31,7 +31,7 @@ std::wstring systemProgram(const wchar_t* name);
 
 // Starts a program with administrator rights, for which the system asks the user, and waits at most
 // 30 seconds for its end. Returns the exit code. To learn whether something has changed, ask the
-// system, not the exit code.
+// system, not the exit code. Runs nothing while another call waits for the user.
 DWORD runElevated(const LaunchCalls& calls, const std::wstring& file,
                   const std::wstring& parameters);
 
