@@ -2,6 +2,8 @@
 #include "system/Firewall.h"
 #include "system/FirewallRules_win.h"
 
+#include <algorithm>
+#include <array>
 #include <vector>
 #include <wrl/client.h>
 
@@ -13,6 +15,8 @@ using Microsoft::WRL::ComPtr;
 // Rules are removed by name. Several rules may have the same name, and each call removes one of
 // them.
 constexpr int kRemovalPasses = 16;
+
+constexpr int kGuidCharacters = 39; // with braces and the closing zero
 
 class FirewallSession
 {
@@ -48,16 +52,31 @@ bool equalIgnoringCase(std::wstring_view a, std::wstring_view b)
                                 static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
 }
 
+// The firewall's own console writes paths as %ProgramFiles%\... Empty when it has no variable.
+std::wstring expanded(std::wstring_view path)
+{
+    if (path.find(L'%') == std::wstring_view::npos) {
+        return {};
+    }
+    const std::wstring from(path);
+    std::wstring to(ExpandEnvironmentStringsW(from.c_str(), nullptr, 0), L'\0');
+    const DWORD size =
+        ExpandEnvironmentStringsW(from.c_str(), to.data(), static_cast<DWORD>(to.size()));
+    to.resize(size > 0 && size <= to.size() ? size - 1 : 0);
+    return to;
+}
+
 bool isFor(INetFwRule& rule, const std::wstring& applicationPath)
 {
     Bstr application;
     return SUCCEEDED(rule.get_ApplicationName(application.put())) &&
-           equalIgnoringCase(application.view(), applicationPath);
+           (equalIgnoringCase(application.view(), applicationPath) ||
+            equalIgnoringCase(expanded(application.view()), applicationPath));
 }
 
-// Calls `visit` with each rule for this program. False when the rules cannot be listed.
+// Calls `visit` with each rule. False when the rules cannot be listed.
 template <typename Visit>
-bool visitRules(INetFwRules& rules, const std::wstring& applicationPath, Visit visit)
+bool visitAllRules(INetFwRules& rules, Visit visit)
 {
     ComPtr<IUnknown> list;
     ComPtr<IEnumVARIANT> items;
@@ -72,11 +91,21 @@ bool visitRules(INetFwRules& rules, const std::wstring& applicationPath, Visit v
         }
         ComPtr<INetFwRule> rule;
         if (item.object() != nullptr &&
-            SUCCEEDED(item.object()->QueryInterface(IID_PPV_ARGS(&rule))) &&
-            isFor(*rule.Get(), applicationPath)) {
+            SUCCEEDED(item.object()->QueryInterface(IID_PPV_ARGS(&rule)))) {
             visit(*rule.Get());
         }
     }
+}
+
+// The same with the rules for this program.
+template <typename Visit>
+bool visitRules(INetFwRules& rules, const std::wstring& applicationPath, Visit visit)
+{
+    return visitAllRules(rules, [&](INetFwRule& rule) {
+        if (isFor(rule, applicationPath)) {
+            visit(rule);
+        }
+    });
 }
 
 // Whether the rule does this to incoming connections, now, in one of these kinds of network.
@@ -114,6 +143,28 @@ bool addRule(INetFwRules& rules, const FirewallRule& values)
            SUCCEEDED(rule->put_Action(values.action)) &&
            SUCCEEDED(rule->put_Profiles(values.profiles)) &&
            SUCCEEDED(rule->put_Enabled(values.enabled)) && SUCCEEDED(rules.Add(rule.Get()));
+}
+
+struct NamedRule
+{
+    ComPtr<INetFwRule> rule;
+    std::wstring name;
+};
+
+// Gives the rule a name of its own where a rule of another program has the same: that one might be
+// taken out in its place. A rule that keeps its name goes by it.
+void tellApart(NamedRule& rule, const std::vector<std::wstring>& others)
+{
+    const auto isShared = [&](const std::wstring& other) {
+        return equalIgnoringCase(other, rule.name);
+    };
+    GUID unique{};
+    std::array<wchar_t, kGuidCharacters> text{};
+    if (std::ranges::any_of(others, isShared) && SUCCEEDED(CoCreateGuid(&unique)) &&
+        StringFromGUID2(unique, text.data(), kGuidCharacters) == kGuidCharacters &&
+        putText(*rule.rule.Get(), &INetFwRule::put_Name, text.data())) {
+        rule.name = text.data();
+    }
 }
 
 } // namespace
@@ -170,18 +221,25 @@ bool removeRulesForApplication(INetFwRules& rules, const std::filesystem::path& 
         return false;
     }
     for (int pass = 0; pass < kRemovalPasses; ++pass) {
-        std::vector<std::wstring> names;
-        const bool listed = visitRules(rules, applicationPath.native(), [&](INetFwRule& rule) {
+        std::vector<NamedRule> ours;
+        std::vector<std::wstring> others;
+        const bool listed = visitAllRules(rules, [&](INetFwRule& rule) {
             Bstr name;
-            if (SUCCEEDED(rule.get_Name(name.put()))) {
-                names.emplace_back(name.view());
+            if (FAILED(rule.get_Name(name.put()))) {
+                return;
+            }
+            if (isFor(rule, applicationPath.native())) {
+                ours.push_back({&rule, std::wstring(name.view())});
+            } else {
+                others.emplace_back(name.view());
             }
         });
-        if (names.empty()) {
+        if (ours.empty()) {
             return listed;
         }
-        for (const std::wstring& name : names) {
-            rules.Remove(Bstr(name).get());
+        for (NamedRule& rule : ours) {
+            tellApart(rule, others);
+            rules.Remove(Bstr(rule.name).get());
         }
     }
     return false;

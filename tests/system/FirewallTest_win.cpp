@@ -88,6 +88,9 @@ TEST_F(FirewallTest, BlocksWhenAnActiveInboundRuleForTheProgramDoes)
         {"no rules", {}, false},
         {"block", {blockRule()}, true},
         {"block, in other letter case", {makeRule(kShouted, NET_FW_ACTION_BLOCK)}, true},
+        {"block, with a variable",
+         {makeRule(L"%SystemDrive%\\Programme\\Pevrix ü\\pevrix.exe", NET_FW_ACTION_BLOCK)},
+         true},
         {"allow", {allow}, false},
         {"block before allow", {blockRule(), allow}, true},
         {"allow before block", {allow, blockRule()}, true},
@@ -180,6 +183,17 @@ TEST_F(FirewallTest, GivesUpRemovingRulesThatStay)
     EXPECT_TRUE(script.rules.empty());
     script.listResult = E_NOTIMPL;
     EXPECT_FALSE(removeRulesForApplication(*rules.Get(), kProgram));
+}
+
+// Windows names the rules of its own question by the program's description.
+TEST_F(FirewallTest, SparesARuleOfAnotherProgramWithTheSameName)
+{
+    const auto other = makeRule(L"D:\\pevrix.exe", NET_FW_ACTION_ALLOW);
+    script.rules = {other, blockRule(), blockRule()};
+    ASSERT_TRUE(addApplicationRule(kProgram, L"Pevrix"));
+    ASSERT_EQ(script.rules.size(), 2U);
+    EXPECT_EQ(script.rules[0], other);
+    EXPECT_EQ(other->texts["Name"], L"Query user");
 }
 
 TEST_F(FirewallTest, AddsNoIncompleteRule)
