@@ -78,29 +78,35 @@ VIDEO_STREAM_CONFIG_CAPS capabilitiesOf(const StreamFormat& format)
 
 STDMETHODIMP CameraPin::SetFormat(AM_MEDIA_TYPE* type)
 {
-    const std::lock_guard lock(m_filter.stateLock());
-    if (!m_filter.isStopped()) {
-        return VFW_E_NOT_STOPPED;
+    std::optional<StreamFormat> format;
+    std::optional<Connection> now;
+    {
+        const std::lock_guard lock(m_filter.stateLock());
+        if (!m_filter.isStopped()) {
+            return VFW_E_NOT_STOPPED;
+        }
+        format = type == nullptr ? std::nullopt : streamFormatOf(*type);
+        if (type != nullptr && !format) {
+            return VFW_E_INVALIDMEDIATYPE;
+        }
+        now = connection();
+        if (!format || !now) {
+            const std::lock_guard own(m_lock);
+            m_chosen = format;
+            return S_OK;
+        }
     }
-    const auto format = type == nullptr ? std::nullopt : streamFormatOf(*type);
-    if (type != nullptr && !format) {
-        return VFW_E_INVALIDMEDIATYPE;
-    }
-    if (format && connection()) {
-        return reconnect(*type, *format);
-    }
-    const std::lock_guard own(m_lock);
-    m_chosen = format;
-    return S_OK;
+    return reconnect(*now->peer.Get(), *type, *format);
 }
 
-HRESULT CameraPin::reconnect(const AM_MEDIA_TYPE& type, const StreamFormat& format)
+// Without the state lock: the graph has one of its own, which it holds when it changes our state.
+HRESULT CameraPin::reconnect(IPin& peer, const AM_MEDIA_TYPE& type, const StreamFormat& format)
 {
     const auto graph = m_filter.graph();
     if (!graph) {
         return VFW_E_NOT_IN_GRAPH;
     }
-    if (connection()->peer->QueryAccept(&type) != S_OK) {
+    if (peer.QueryAccept(&type) != S_OK) {
         return VFW_E_INVALIDMEDIATYPE;
     }
     const auto before = chosen();

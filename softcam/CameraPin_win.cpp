@@ -22,7 +22,10 @@ CameraPin::CameraPin(CameraFilter& filter)
 
 HRESULT CameraPin::startStream()
 {
-    auto target = connection();
+    const auto target = connection();
+    if (m_stream && m_stream->hasEnded()) {
+        stopStream(); // a new one has a new chance
+    }
     if (m_stream || !target) {
         return S_OK;
     }

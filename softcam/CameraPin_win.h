@@ -96,13 +96,14 @@ private:
     [[nodiscard]] HRESULT connectWithAny(IPin& peer, const AM_MEDIA_TYPE* partial);
     [[nodiscard]] HRESULT connectWithTypesOf(IPin& peer, const AM_MEDIA_TYPE* partial);
     [[nodiscard]] HRESULT connectWith(IPin& peer, const StreamFormat& format);
-    [[nodiscard]] HRESULT reconnect(const AM_MEDIA_TYPE& type, const StreamFormat& format);
+    [[nodiscard]] HRESULT reconnect(IPin& peer, const AM_MEDIA_TYPE& type,
+                                    const StreamFormat& format);
 
     CameraFilter& m_filter;
     std::unique_ptr<PictureStream> m_stream; // guarded by the filter's state lock
 
     // Guards the rest and is held briefly, so that a question never waits for a change of state.
-    // Who changes something holds the filter's state lock as well.
+    // Who changes the connection holds the filter's state lock as well.
     Lock m_lock;
     std::optional<Connection> m_connection;
     std::optional<StreamFormat> m_chosen; // by SetFormat()

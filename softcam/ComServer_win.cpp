@@ -60,7 +60,6 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void* /*reserved*
 {
     if (reason == DLL_PROCESS_ATTACH) {
         pevrix::s_module = module;
-        DisableThreadLibraryCalls(module);
     }
     return TRUE;
 }

@@ -91,6 +91,38 @@ std::optional<CameraFormat> sizeOf(const BITMAPINFOHEADER& header, PixelLayout l
     return cameraFormat(header.biWidth, height, 0);
 }
 
+// A media type as far as this camera understands it; the picture is the whole bitmap.
+struct Described
+{
+    StreamFormat format;
+    VIDEOINFOHEADER info{};
+
+    // Whether what is to be shown is all of this picture.
+    [[nodiscard]] bool shows(const CameraFormat& picture) const
+    {
+        return isEmptyOrWhole(info.rcSource, picture) && isEmptyOrWhole(info.rcTarget, picture);
+    }
+};
+
+std::optional<Described> described(const AM_MEDIA_TYPE& type)
+{
+    const LayoutEntry* entry = entryOf(type.subtype);
+    if (type.majortype != MEDIATYPE_Video || type.formattype != FORMAT_VideoInfo ||
+        entry == nullptr || type.pbFormat == nullptr || type.cbFormat < sizeof(VIDEOINFOHEADER)) {
+        return std::nullopt;
+    }
+    Described result;
+    std::memcpy(&result.info, type.pbFormat, sizeof(result.info)); // it may not be aligned
+    const BITMAPINFOHEADER& header = result.info.bmiHeader;
+    const auto picture = sizeOf(header, entry->layout);
+    if (!picture || !suits(entry->layout, *picture) || header.biCompression != entry->compression ||
+        header.biBitCount != entry->bitsPerPixel) {
+        return std::nullopt;
+    }
+    result.format = {entry->layout, *picture};
+    return result;
+}
+
 } // namespace
 
 void setInterval(CameraFormat& format, REFERENCE_TIME interval)
@@ -160,23 +192,23 @@ void MediaType::free(AM_MEDIA_TYPE* type)
 
 std::optional<StreamFormat> streamFormatOf(const AM_MEDIA_TYPE& type)
 {
-    const LayoutEntry* entry = entryOf(type.subtype);
-    if (type.majortype != MEDIATYPE_Video || type.formattype != FORMAT_VideoInfo ||
-        entry == nullptr || type.pbFormat == nullptr || type.cbFormat < sizeof(VIDEOINFOHEADER)) {
+    auto result = described(type);
+    if (!result || !result->shows(result->format.picture)) {
         return std::nullopt;
     }
-    VIDEOINFOHEADER info; // the memory may not be aligned
-    std::memcpy(&info, type.pbFormat, sizeof(info));
-    const auto picture = sizeOf(info.bmiHeader, entry->layout);
-    if (!picture || !suits(entry->layout, *picture) ||
-        info.bmiHeader.biCompression != entry->compression ||
-        info.bmiHeader.biBitCount != entry->bitsPerPixel ||
-        !isEmptyOrWhole(info.rcSource, *picture) || !isEmptyOrWhole(info.rcTarget, *picture)) {
+    setInterval(result->format.picture, result->info.AvgTimePerFrame);
+    return result->format;
+}
+
+std::optional<std::uint32_t> rowWidthOf(const AM_MEDIA_TYPE& type, const StreamFormat& format)
+{
+    const auto result = described(type);
+    if (!result || result->format.layout != format.layout ||
+        result->format.picture.height != format.picture.height ||
+        result->format.picture.width < format.picture.width || !result->shows(format.picture)) {
         return std::nullopt;
     }
-    StreamFormat format{entry->layout, *picture};
-    setInterval(format.picture, info.AvgTimePerFrame);
-    return format;
+    return result->format.picture.width;
 }
 
 bool matches(const AM_MEDIA_TYPE& partial, const StreamFormat& format)

@@ -56,6 +56,11 @@ private:
 // fields is looked at.
 [[nodiscard]] std::optional<StreamFormat> streamFormatOf(const AM_MEDIA_TYPE& type);
 
+// How far apart, in pixels, the rows of memory are that a type asks for which is attached to a
+// sample of this format: the picture's width or more. Empty when the type is of another picture.
+[[nodiscard]] std::optional<std::uint32_t> rowWidthOf(const AM_MEDIA_TYPE& type,
+                                                      const StreamFormat& format);
+
 // Whether a type that may leave out what does not matter takes in this format.
 [[nodiscard]] bool matches(const AM_MEDIA_TYPE& partial, const StreamFormat& format);
 

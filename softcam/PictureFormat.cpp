@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <numeric>
 
 namespace pevrix {
@@ -70,6 +71,26 @@ std::size_t pictureSize(PixelLayout layout, const CameraFormat& format)
     const std::size_t firstPlane = rowSize(layout, format) * format.height;
     const bool planar = layout == PixelLayout::Nv12 || layout == PixelLayout::I420;
     return planar ? firstPlane + firstPlane / 2 : firstPlane;
+}
+
+void copyToWiderRows(PixelLayout layout, const CameraFormat& format, std::uint32_t rowWidth,
+                     const std::uint8_t* from, std::uint8_t* to)
+{
+    CameraFormat wide = format;
+    wide.width = rowWidth;
+    const std::size_t row = rowSize(layout, format);
+    const std::size_t wideRow = rowSize(layout, wide);
+    const auto copy = [&](std::size_t rows, std::size_t part) {
+        for (std::size_t y = 0; y < rows; ++y, from += row / part, to += wideRow / part) {
+            std::memcpy(to, from, row / part);
+        }
+    };
+    copy(format.height, 1);
+    if (layout == PixelLayout::Nv12) {
+        copy(format.height / 2, 1);
+    } else if (layout == PixelLayout::I420) {
+        copy(format.height, 2); // half the rows of each, one after the other
+    }
 }
 
 } // namespace pevrix

@@ -53,4 +53,10 @@ enum class PixelLayout
 [[nodiscard]] std::size_t rowSize(PixelLayout layout, const CameraFormat& format);
 [[nodiscard]] std::size_t pictureSize(PixelLayout layout, const CameraFormat& format);
 
+// Copies a picture into memory laid out for one whose rows are `rowWidth` pixels, of which it takes
+// the left ones. Both widths must suit the layout, `rowWidth` must be no smaller than the
+// picture's.
+void copyToWiderRows(PixelLayout layout, const CameraFormat& format, std::uint32_t rowWidth,
+                     const std::uint8_t* from, std::uint8_t* to);
+
 } // namespace pevrix

@@ -18,14 +18,6 @@ namespace {
 using Microsoft::WRL::ComPtr;
 using HundredNanoseconds = std::chrono::duration<REFERENCE_TIME, std::ratio<1, 10'000'000>>;
 
-// The plain timer's steps of 16 ms are half a picture; the fine one came with Windows 10.
-UniqueHandle makeTimer()
-{
-    HANDLE timer = CreateWaitableTimerExW(nullptr, nullptr, CREATE_WAITABLE_TIMER_HIGH_RESOLUTION,
-                                          TIMER_ALL_ACCESS);
-    return UniqueHandle(timer != nullptr ? timer : CreateWaitableTimerW(nullptr, FALSE, nullptr));
-}
-
 // False when the first was set, or when the wait failed: waiting for the rest would never end then.
 template <std::size_t kCount>
 bool waitForOthers(const std::array<HANDLE, kCount>& handles)
@@ -60,7 +52,7 @@ private:
 std::unique_ptr<PictureStream> PictureStream::start(Target target)
 {
     std::unique_ptr<PictureStream> stream(new (std::nothrow) PictureStream(std::move(target)));
-    if (!stream || !stream->m_stop || !stream->m_changed || !stream->m_timer) {
+    if (!stream || !stream->m_stop || !stream->m_changed || stream->m_timer.handle() == nullptr) {
         return nullptr;
     }
     const std::uintptr_t thread =
@@ -73,8 +65,8 @@ PictureStream::PictureStream(Target target)
     : m_target(std::move(target))
     , m_stop(CreateEventW(nullptr, TRUE, FALSE, nullptr))
     , m_changed(CreateEventW(nullptr, FALSE, FALSE, nullptr))
-    , m_timer(makeTimer())
     , m_format(m_target.format)
+    , m_rowWidth(m_format.picture.width)
 {}
 
 PictureStream::~PictureStream()
@@ -100,8 +92,7 @@ void PictureStream::run(ComPtr<IReferenceClock> clock, REFERENCE_TIME start)
 void PictureStream::pause()
 {
     const std::lock_guard lock(m_lock);
-    m_running = false;
-    m_clock.Reset();
+    m_running = false; // the clock stays: a picture may be on its way
     SetEvent(m_changed.get());
 }
 
@@ -158,12 +149,9 @@ bool PictureStream::waitForRun()
 
 bool PictureStream::waitUntil(Clock::time_point time, const CameraReader& reader)
 {
-    const auto left = std::chrono::duration_cast<HundredNanoseconds>(time - Clock::now());
-    LARGE_INTEGER due{};
-    due.QuadPart = -std::max<REFERENCE_TIME>(left.count(), 1); // negative: from now
-    SetWaitableTimer(m_timer.get(), &due, 0, nullptr, nullptr, FALSE);
+    m_timer.set(time);
     return waitForOthers(
-        std::array{m_stop.get(), m_changed.get(), reader.pictureCame(), m_timer.get()});
+        std::array{m_stop.get(), m_changed.get(), reader.pictureCame(), m_timer.handle()});
 }
 
 bool PictureStream::handOn(std::span<const std::uint8_t> picture)
@@ -175,23 +163,9 @@ bool PictureStream::handOn(std::span<const std::uint8_t> picture)
 
 bool PictureStream::fill(IMediaSample& sample, std::span<const std::uint8_t> picture)
 {
-    AM_MEDIA_TYPE* newType = nullptr;
-    if (sample.GetMediaType(&newType) == S_OK) {
-        const auto format = streamFormatOf(*newType);
-        MediaType::free(newType);
-        if (!format || format->layout != m_format.layout ||
-            format->picture.width != m_format.picture.width ||
-            format->picture.height != m_format.picture.height) {
-            return false;
-        }
-    }
-    BYTE* bytes = nullptr;
-    if (FAILED(sample.GetPointer(&bytes)) || bytes == nullptr || sample.GetSize() < 0 ||
-        static_cast<std::size_t>(sample.GetSize()) < picture.size()) {
+    if (!takeType(sample) || !copy(sample, picture)) {
         return false;
     }
-    std::memcpy(bytes, picture.data(), picture.size());
-    sample.SetActualDataLength(static_cast<long>(picture.size()));
     REFERENCE_TIME start = std::max(streamTime(), m_lastStamp + 1);
     REFERENCE_TIME end = start + m_format.interval();
     m_lastStamp = start;
@@ -200,6 +174,38 @@ bool PictureStream::fill(IMediaSample& sample, std::span<const std::uint8_t> pic
     sample.SetSyncPoint(TRUE);
     sample.SetPreroll(FALSE);
     sample.SetDiscontinuity(std::exchange(m_discontinuity, false) ? TRUE : FALSE);
+    return true;
+}
+
+// A renderer tells the rows of its memory by a type on the first sample that has such rows.
+bool PictureStream::takeType(IMediaSample& sample)
+{
+    AM_MEDIA_TYPE* type = nullptr;
+    if (sample.GetMediaType(&type) != S_OK) {
+        return true;
+    }
+    const auto width = rowWidthOf(*type, m_format);
+    MediaType::free(type);
+    m_rowWidth = width.value_or(m_rowWidth);
+    return width.has_value();
+}
+
+bool PictureStream::copy(IMediaSample& sample, std::span<const std::uint8_t> picture) const
+{
+    CameraFormat memory = m_format.picture;
+    memory.width = m_rowWidth;
+    const std::size_t size = pictureSize(m_format.layout, memory);
+    BYTE* bytes = nullptr;
+    if (FAILED(sample.GetPointer(&bytes)) || bytes == nullptr || sample.GetSize() < 0 ||
+        static_cast<std::size_t>(sample.GetSize()) < size) {
+        return false;
+    }
+    if (size == picture.size()) {
+        std::memcpy(bytes, picture.data(), size);
+    } else {
+        copyToWiderRows(m_format.layout, m_format.picture, m_rowWidth, picture.data(), bytes);
+    }
+    sample.SetActualDataLength(static_cast<long>(size));
     return true;
 }
 

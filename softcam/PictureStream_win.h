@@ -3,6 +3,7 @@
 #include "softcam/KernelObjects_win.h"
 #include "softcam/Lock_win.h"
 #include "softcam/MediaType_win.h"
+#include "system/WaitableTimer_win.h"
 
 #include <chrono>
 #include <memory>
@@ -13,9 +14,9 @@ namespace pevrix {
 
 class CameraReader;
 
-// The thread that hands pictures to one connected pin while the filter is not stopped. It looks for
-// a sender all that time, so that the sender knows of the reader, but hands on pictures only while
-// it runs. It ends silently when the other side refuses a picture.
+// The thread that hands pictures to one connected pin while the filter is not stopped. A sender
+// knows of the reader all that time, but new ones are looked for, and pictures handed on, only
+// while it runs. It ends silently when the other side refuses a picture.
 class PictureStream
 {
 public:
@@ -38,6 +39,12 @@ public:
     void run(Microsoft::WRL::ComPtr<IReferenceClock> clock, REFERENCE_TIME start);
     void pause();
 
+    // Whether the other side has refused a picture: no more will come.
+    [[nodiscard]] bool hasEnded() const
+    {
+        return WaitForSingleObject(m_thread.get(), 0) == WAIT_OBJECT_0;
+    }
+
 private:
     using Clock = std::chrono::steady_clock;
 
@@ -52,12 +59,14 @@ private:
     [[nodiscard]] bool waitForRun();
     [[nodiscard]] bool handOn(std::span<const std::uint8_t> picture);
     [[nodiscard]] bool fill(IMediaSample& sample, std::span<const std::uint8_t> picture);
+    [[nodiscard]] bool takeType(IMediaSample& sample);
+    [[nodiscard]] bool copy(IMediaSample& sample, std::span<const std::uint8_t> picture) const;
     [[nodiscard]] REFERENCE_TIME streamTime();
 
     const Target m_target;
     UniqueHandle m_stop;    // manual reset
     UniqueHandle m_changed; // auto-reset: runs or pauses
-    UniqueHandle m_timer;
+    WaitableTimer m_timer;
     UniqueHandle m_thread;
 
     Lock m_lock; // guards the next four
@@ -69,6 +78,7 @@ private:
 
     // The thread's own.
     StreamFormat m_format;
+    std::uint32_t m_rowWidth; // of the other side's memory, in pixels
     REFERENCE_TIME m_lastStamp = -1;
     bool m_discontinuity = true;
 };

@@ -97,11 +97,12 @@ HRESULT copyFilterTo(RegistryView view)
     LSTATUS status = from.open(kInstanceKey, RegistryView::Own);
     status = status != ERROR_SUCCESS ? status : to.create(kInstanceKey, view);
     for (DWORD index = 0; status == ERROR_SUCCESS; ++index) {
-        const auto value = from.value(index);
-        if (!value) {
-            break;
+        RegistryKey::Value value;
+        status = from.value(index, value);
+        if (status == ERROR_NO_MORE_ITEMS) {
+            return S_OK;
         }
-        status = to.set(*value);
+        status = status != ERROR_SUCCESS ? status : to.set(value);
     }
     return resultOf(status);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -63,24 +62,26 @@ public:
                               static_cast<DWORD>(value.data.size()));
     }
 
-    // The value at this place; empty past the end.
-    [[nodiscard]] std::optional<Value> value(DWORD index) const
+    // The value at this place; ERROR_NO_MORE_ITEMS past the end.
+    LSTATUS value(DWORD index, Value& value) const
     {
         DWORD longestName = 0;
         DWORD largest = 0;
-        if (RegQueryInfoKeyW(m_key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                             &longestName, &largest, nullptr, nullptr) != ERROR_SUCCESS) {
-            return std::nullopt;
+        LSTATUS status =
+            RegQueryInfoKeyW(m_key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                             &longestName, &largest, nullptr, nullptr);
+        if (status != ERROR_SUCCESS) {
+            return status;
         }
         DWORD nameLength = longestName + 1;
-        Value value{std::wstring(nameLength, L'\0'), REG_NONE, std::vector<BYTE>(largest)};
-        if (RegEnumValueW(m_key, index, value.name.data(), &nameLength, nullptr, &value.type,
-                          value.data.data(), &largest) != ERROR_SUCCESS) {
-            return std::nullopt;
+        value = {std::wstring(nameLength, L'\0'), REG_NONE, std::vector<BYTE>(largest)};
+        status = RegEnumValueW(m_key, index, value.name.data(), &nameLength, nullptr, &value.type,
+                               value.data.data(), &largest);
+        if (status == ERROR_SUCCESS) {
+            value.name.resize(nameLength);
+            value.data.resize(largest);
         }
-        value.name.resize(nameLength);
-        value.data.resize(largest);
-        return value;
+        return status;
     }
 
     [[nodiscard]] bool isEmpty() const

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 using namespace pevrix;
@@ -58,6 +59,17 @@ TEST_P(Conversions, KeepColoursAndProportionsBetweenBlackBars)
         EXPECT_EQ(wrongPlaces(converted.data(), layout, reader, picture), 0)
             << "layout " << static_cast<int>(layout);
         EXPECT_EQ(converted.back(), kGuard);
+
+        CameraFormat memory = reader;
+        memory.width += 16;
+        std::vector<std::uint8_t> wide(pictureSize(layout, memory) + 1, kGuard);
+        copyToWiderRows(layout, reader, memory.width, converted.data(), wide.data());
+        for (const auto& [x, y] : {std::pair(0, 0), std::pair(readerWidth - 1, readerHeight - 1),
+                                   std::pair(readerWidth / 3, readerHeight / 2)}) {
+            EXPECT_EQ(samplesAt(wide.data(), layout, memory, x, y),
+                      samplesAt(converted.data(), layout, reader, x, y));
+        }
+        EXPECT_EQ(wide.back(), kGuard);
     }
 }
 
