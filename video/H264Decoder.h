@@ -21,7 +21,7 @@ class H264Decoder
 public:
     // Packed 3-byte pixels in the order blue, green, red, top row first, rows of exactly
     // width * 3 bytes. The pointer is valid only during the call; of the decoder, the callback
-    // may call swapPixels() alone.
+    // may call swapPixels() and shownSize() alone.
     using FrameCallback =
         std::function<void(const std::uint8_t* bgr, int width, int height, std::int64_t ptsUsec)>;
 
@@ -52,6 +52,17 @@ public:
     // For the callback: takes the memory of the picture that is being delivered, which stays where
     // it is, and leaves the decoder other memory for the next one.
     void swapPixels(std::vector<std::uint8_t>& pixels) { m_bgr.swap(pixels); }
+
+    struct Size
+    {
+        int width = 0;
+        int height = 0;
+    };
+
+    // For the callback: the part of the picture that is being delivered, from its top left corner,
+    // that is meant to be seen. It is smaller than the picture where the system's decoder delivers
+    // whole macroblocks.
+    [[nodiscard]] Size shownSize() const;
 
     // Drops the decoder with its parameter sets and reference pictures; the callback stays.
     void reset();

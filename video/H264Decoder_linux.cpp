@@ -8,6 +8,7 @@ namespace pevrix {
 struct H264Decoder::BackEnd
 {
     std::unique_ptr<IStreamDecoder> decoder;
+    Size shown{};
 };
 
 H264Decoder::H264Decoder(FrameCallback onFrame)
@@ -56,10 +57,16 @@ void H264Decoder::drain()
         return;
     }
     while (const auto picture = m_backEnd->decoder->receive(m_bgr)) {
+        m_backEnd->shown = {picture->width, picture->height};
         if (m_onFrame) {
             m_onFrame(m_bgr.data(), picture->width, picture->height, picture->ptsUsec);
         }
     }
+}
+
+H264Decoder::Size H264Decoder::shownSize() const
+{
+    return m_backEnd != nullptr ? m_backEnd->shown : Size{};
 }
 
 void H264Decoder::reset()

@@ -48,15 +48,11 @@ constexpr std::uint64_t nv12Extent(std::uint32_t width, std::uint32_t height, st
     return (nv12Rows(height) - 1) * pitch + (std::uint64_t{width} + 1) / 2 * 2;
 }
 
-ComPtr<IMFSample> makeSample(DWORD bytes)
+// Whether all references but the caller's one are gone.
+bool isOnlyOurs(IUnknown& object)
 {
-    ComPtr<IMFSample> sample;
-    ComPtr<IMFMediaBuffer> buffer;
-    if (FAILED(MFCreateSample(&sample)) || FAILED(MFCreateMemoryBuffer(bytes, &buffer)) ||
-        FAILED(sample->AddBuffer(buffer.Get()))) {
-        return nullptr;
-    }
-    return sample;
+    object.AddRef();
+    return object.Release() == 1;
 }
 
 ComPtr<IMFSample> makeInputSample(std::span<const std::uint8_t> data, std::int64_t timestampUs)
@@ -67,7 +63,8 @@ ComPtr<IMFSample> makeInputSample(std::span<const std::uint8_t> data, std::int64
     const auto size = static_cast<DWORD>(data.size());
     ComPtr<IMFSample> sample;
     ComPtr<IMFMediaBuffer> buffer;
-    if (FAILED(MFCreateMemoryBuffer(size, &buffer)) || FAILED(MFCreateSample(&sample))) {
+    if (FAILED(mediaFunctions().createMemoryBuffer(size, &buffer)) ||
+        FAILED(mediaFunctions().createSample(&sample))) {
         return nullptr;
     }
     {
@@ -88,7 +85,7 @@ ComPtr<IMFSample> makeInputSample(std::span<const std::uint8_t> data, std::int64
 ComPtr<IMFMediaType> makeInputType(std::uint32_t width, std::uint32_t height)
 {
     ComPtr<IMFMediaType> type;
-    if (FAILED(MFCreateMediaType(&type))) {
+    if (FAILED(mediaFunctions().createMediaType(&type))) {
         return nullptr;
     }
     type->SetGUID(MF_MT_MAJOR_TYPE, MFMediaType_Video);
@@ -127,13 +124,17 @@ struct H264Decoder::BackEnd
     std::uint32_t height = 0;
     std::uint32_t stride = 0; // bytes from one row of luma to the next
     std::uint32_t outputBufferSize = 0;
-    bool transformAllocates = false; // the output samples
+    bool transformAllocates = false;     // the output samples
+    ComPtr<IMFMediaBuffer> outputBuffer; // of ours, until the transform keeps it or needs more
+    Size shown;                          // the part of the picture that is meant to be seen
 
     [[nodiscard]] bool open();
     [[nodiscard]] bool negotiateOutput();
+    void readShownSize(IMFMediaType& type);
     void readOutputStreamInfo();
     void tearDown();
 
+    [[nodiscard]] ComPtr<IMFSample> makeSample();
     [[nodiscard]] HRESULT nextOutput(ComPtr<IMFSample>& picture);
     void giveUpOutput(HRESULT reason);
     [[nodiscard]] bool sizeAllowed() const
@@ -181,6 +182,7 @@ bool H264Decoder::BackEnd::negotiateOutput()
         width = static_cast<std::uint32_t>(size >> 32);
         height = static_cast<std::uint32_t>(size & 0xffffffff);
     }
+    readShownSize(*type.Get());
     UINT32 declaredStride = 0;
     if (FAILED(type->GetUINT32(MF_MT_DEFAULT_STRIDE, &declaredStride)) || declaredStride == 0) {
         declaredStride = width;
@@ -191,6 +193,20 @@ bool H264Decoder::BackEnd::negotiateOutput()
     }
     readOutputStreamInfo();
     return true;
+}
+
+// Windows' decoder delivers whole macroblocks and tells here which of their rows and columns count.
+void H264Decoder::BackEnd::readShownSize(IMFMediaType& type)
+{
+    shown = {static_cast<int>(width), static_cast<int>(height)};
+    MFVideoArea area{};
+    UINT32 size = 0;
+    if (SUCCEEDED(type.GetBlob(MF_MT_MINIMUM_DISPLAY_APERTURE, reinterpret_cast<UINT8*>(&area),
+                               sizeof(area), &size)) &&
+        size == sizeof(area) && area.Area.cx > 0 && area.Area.cx <= shown.width &&
+        area.Area.cy > 0 && area.Area.cy <= shown.height) {
+        shown = {area.Area.cx, area.Area.cy};
+    }
 }
 
 void H264Decoder::BackEnd::readOutputStreamInfo()
@@ -220,6 +236,28 @@ void H264Decoder::BackEnd::tearDown()
     stride = 0;
     outputBufferSize = 0;
     transformAllocates = false;
+    outputBuffer.Reset();
+    shown = {};
+}
+
+// In a new sample, so that it has no time of an earlier picture. The memory is made anew only when
+// it must be: the system would zero some megabytes for each picture.
+ComPtr<IMFSample> H264Decoder::BackEnd::makeSample()
+{
+    const DWORD bytes = std::min(outputBufferSize, kMaxOutputBytes);
+    DWORD has = 0;
+    if (outputBuffer != nullptr && (!isOnlyOurs(*outputBuffer.Get()) ||
+                                    FAILED(outputBuffer->GetMaxLength(&has)) || has < bytes)) {
+        outputBuffer.Reset();
+    }
+    ComPtr<IMFSample> sample;
+    if (FAILED(mediaFunctions().createSample(&sample)) ||
+        (outputBuffer == nullptr &&
+         FAILED(mediaFunctions().createMemoryBuffer(bytes, &outputBuffer)))) {
+        return nullptr;
+    }
+    outputBuffer->SetCurrentLength(0);
+    return SUCCEEDED(sample->AddBuffer(outputBuffer.Get())) ? sample : nullptr;
 }
 
 // One call for output. `picture` stays null when the transform reports success without one.
@@ -227,7 +265,7 @@ HRESULT H264Decoder::BackEnd::nextOutput(ComPtr<IMFSample>& picture)
 {
     ComPtr<IMFSample> ours;
     if (!transformAllocates) {
-        ours = makeSample(std::min(outputBufferSize, kMaxOutputBytes));
+        ours = makeSample();
         if (ours == nullptr) {
             return E_OUTOFMEMORY;
         }
@@ -361,6 +399,11 @@ void H264Decoder::drain()
         m_onFrame(m_bgr.data(), static_cast<int>(m_backEnd->width),
                   static_cast<int>(m_backEnd->height), time / kTicksPerMicrosecond);
     }
+}
+
+H264Decoder::Size H264Decoder::shownSize() const
+{
+    return m_backEnd != nullptr ? m_backEnd->shown : Size{};
 }
 
 void H264Decoder::reset()

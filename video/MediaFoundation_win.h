@@ -1,7 +1,7 @@
 #pragma once
 
-// The only place that includes Media Foundation's headers, with owners for its two pairs of calls
-// that are not COM references.
+// The only place that includes Media Foundation's headers, with its functions and owners for its two
+// pairs of calls that are not COM references.
 
 #include <windows.h>
 // After windows.h, whose types they use.
@@ -19,6 +19,24 @@
 
 namespace pevrix {
 
+// Media Foundation's functions, which answer E_NOTIMPL where it is missing. Some editions of
+// Windows (those named N, servers) have it only as a feature to be added, and a program that is
+// linked with its libraries does not even start there: they are loaded with the first call.
+struct MediaFunctions
+{
+    decltype(&MFStartup) startup = nullptr;
+    decltype(&MFShutdown) shutdown = nullptr;
+    decltype(&MFCreateAttributes) createAttributes = nullptr;
+    decltype(&MFCreateMediaType) createMediaType = nullptr;
+    decltype(&MFCreateMemoryBuffer) createMemoryBuffer = nullptr;
+    decltype(&MFCreateSample) createSample = nullptr;
+    decltype(&MFCreateSinkWriterFromURL) createSinkWriter = nullptr;
+    bool complete = true; // none is missing
+};
+
+// Any thread.
+[[nodiscard]] const MediaFunctions& mediaFunctions();
+
 // One start of Media Foundation, ended with the object. What belongs to the platform (transforms,
 // samples) must be gone by then.
 class MediaPlatform
@@ -28,7 +46,7 @@ public:
     ~MediaPlatform()
     {
         if (m_started) {
-            MFShutdown();
+            mediaFunctions().shutdown();
         }
     }
     MediaPlatform(const MediaPlatform&) = delete;
@@ -37,7 +55,7 @@ public:
     // True at once when it is started already. `flags`: MFSTARTUP_LITE or MFSTARTUP_FULL.
     [[nodiscard]] bool start(DWORD flags)
     {
-        m_started = m_started || SUCCEEDED(MFStartup(MF_VERSION, flags));
+        m_started = m_started || SUCCEEDED(mediaFunctions().startup(MF_VERSION, flags));
         return m_started;
     }
 

@@ -15,13 +15,27 @@ struct Mp4Recorder::Platform
 {
     using Clock = std::chrono::steady_clock;
 
-    std::function<decltype(MFStartup)> startup = MFStartup;
-    std::function<decltype(MFShutdown)> shutdown = MFShutdown;
-    std::function<decltype(MFCreateAttributes)> createAttributes = MFCreateAttributes;
-    std::function<decltype(MFCreateSinkWriterFromURL)> createSinkWriter = MFCreateSinkWriterFromURL;
-    std::function<decltype(MFCreateMediaType)> createMediaType = MFCreateMediaType;
-    std::function<decltype(MFCreateMemoryBuffer)> createMemoryBuffer = MFCreateMemoryBuffer;
-    std::function<decltype(MFCreateSample)> createSample = MFCreateSample;
+    std::function<decltype(MFStartup)> startup = [](auto... arguments) {
+        return mediaFunctions().startup(arguments...);
+    };
+    std::function<decltype(MFShutdown)> shutdown = [](auto... arguments) {
+        return mediaFunctions().shutdown(arguments...);
+    };
+    std::function<decltype(MFCreateAttributes)> createAttributes = [](auto... arguments) {
+        return mediaFunctions().createAttributes(arguments...);
+    };
+    std::function<decltype(MFCreateSinkWriterFromURL)> createSinkWriter = [](auto... arguments) {
+        return mediaFunctions().createSinkWriter(arguments...);
+    };
+    std::function<decltype(MFCreateMediaType)> createMediaType = [](auto... arguments) {
+        return mediaFunctions().createMediaType(arguments...);
+    };
+    std::function<decltype(MFCreateMemoryBuffer)> createMemoryBuffer = [](auto... arguments) {
+        return mediaFunctions().createMemoryBuffer(arguments...);
+    };
+    std::function<decltype(MFCreateSample)> createSample = [](auto... arguments) {
+        return mediaFunctions().createSample(arguments...);
+    };
     std::function<decltype(DeleteFileW)> deleteFile = DeleteFileW;
     std::function<Clock::time_point()> now = Clock::now;
 };

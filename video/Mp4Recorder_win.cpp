@@ -1,6 +1,7 @@
 #include "video/Mp4Recorder.h"
 #include "video/Mp4RecorderPlatform_win.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -16,6 +17,9 @@ constexpr std::uint32_t kBytesPerPixel = 4; // of what the writer takes: blue, g
 // Pictures that may wait for the encoder, in bytes: half a second of 1920 x 1080 at 30 a second.
 // The writer itself knows no bound when it must not make its caller wait.
 constexpr std::uint32_t kMaxWaitingBytes = 128 * 1024 * 1024;
+
+// An encoder keeps some for itself before the first one is out.
+constexpr std::uint32_t kMinWaitingPictures = 8;
 
 // A picture that is lost is no reason to end a recording; a writer that takes none for so long does
 // not recover, as on a full disk.
@@ -188,13 +192,20 @@ ComPtr<IMFMediaBuffer> Mp4Recorder::Recording::makeBuffer(const std::uint8_t* pi
     return buffer;
 }
 
-// Whether the encoder has not kept up. A writer that does not tell counts as one that has.
+// Whether the encoder has not kept up. A writer that does not tell counts as one that has. Bytes
+// may be counted on either side of the encoder, pictures are counted on both.
 bool Mp4Recorder::Recording::isBehind() const
 {
     MF_SINK_WRITER_STATISTICS statistics{};
     statistics.cb = sizeof statistics;
-    return SUCCEEDED(writer->GetStatistics(streamIndex, &statistics)) &&
-           statistics.dwByteCountQueued > kMaxWaitingBytes;
+    if (FAILED(writer->GetStatistics(streamIndex, &statistics))) {
+        return false;
+    }
+    const std::uint64_t most =
+        std::max(kMaxWaitingBytes / (width * height * kBytesPerPixel), kMinWaitingPictures);
+    return statistics.dwByteCountQueued > kMaxWaitingBytes ||
+           (statistics.qwNumSamplesEncoded > 0 &&
+            statistics.qwNumSamplesReceived > statistics.qwNumSamplesEncoded + most);
 }
 
 void Mp4Recorder::Recording::add(const std::uint8_t* pixels)

@@ -1,11 +1,13 @@
+#include "video/MediaFoundation_win.h"
 #include "video/VideoBackEnd.h"
 
 namespace pevrix {
 
-// Media Foundation is linked, and starts with the decoder.
 std::string loadVideoBackEnd()
 {
-    return {};
+    return mediaFunctions().complete ? std::string()
+                                     : "this Windows lacks Media Foundation; its settings have the "
+                                       "Media Feature Pack among the optional features";
 }
 
 } // namespace pevrix

@@ -162,6 +162,16 @@ TEST_F(H264DecoderScripted, PassesOverOutputTypesOtherThanNv12)
     EXPECT_THAT(m_pictures, ElementsAre(nv12.at(6, 2, 0)));
 }
 
+TEST_F(H264DecoderScripted, TellsWhichPartOfAPictureIsMeantToBeSeen)
+{
+    for (const auto& [declared, shown] : {std::pair{0L, 8}, {6L, 6}, {8L, 8}, {9L, 8}, {-1L, 8}}) {
+        m_script.types[0].shownWidth = declared;
+        start();
+        EXPECT_EQ(m_decoder->shownSize().width, shown);
+        EXPECT_EQ(m_decoder->shownSize().height, 4);
+    }
+}
+
 TEST_F(H264DecoderScripted, DrainsATransformThatRefusesInput)
 {
     start();

@@ -31,7 +31,7 @@ struct WriterScript
     ComPtr<IMFMediaType> outputType{};
     ComPtr<IMFMediaType> inputType{};
     std::vector<ComPtr<IMFSample>> samples{};
-    DWORD waitingBytes = 0;
+    MF_SINK_WRITER_STATISTICS statistics{};
 
     HRESULT step(const std::string& name)
     {
@@ -83,7 +83,7 @@ public:
     {
         EXPECT_EQ(index, kStream);
         EXPECT_EQ(statistics->cb, sizeof *statistics);
-        statistics->dwByteCountQueued = m_script.waitingBytes;
+        *statistics = m_script.statistics;
         return m_script.failing == "GetStatistics" ? E_FAIL : S_OK;
     }
 
@@ -335,13 +335,28 @@ TEST_F(Mp4RecorderScripted, LeavesPicturesOutWhileTheEncoderIsFarBehind)
     const std::vector<std::uint8_t> picture(64 * 48 * 3);
     Mp4Recorder recorder(m_script.platform());
     ASSERT_TRUE(recorder.open(m_path, 64, 48, 30));
-    for (const DWORD waiting : {128U << 20, (128U << 20) + 1, ~0U, 0U}) {
-        m_script.waitingBytes = waiting;
+    const struct
+    {
+        DWORD waitingBytes;
+        QWORD received;
+        QWORD encoded;
+        std::uint64_t dropped;
+    } rows[] = {
+        {128U << 20, 0, 0, 0}, {(128U << 20) + 1, 0, 0, 1},
+        {~0U, 0, 0, 1},        {0, 20'000, 9'078, 0}, // pictures of 12 kB
+        {0, 20'000, 9'077, 1}, {0, 20'000, 0, 0},     // does not tell
+    };
+    for (const auto& row : rows) {
+        m_script.statistics.dwByteCountQueued = row.waitingBytes;
+        m_script.statistics.qwNumSamplesReceived = row.received;
+        m_script.statistics.qwNumSamplesEncoded = row.encoded;
+        const auto before = recorder.droppedPictures();
         recorder.writeFrame(picture.data());
+        EXPECT_EQ(recorder.droppedPictures() - before, row.dropped);
     }
-    EXPECT_EQ(m_script.samples.size(), 2);
+    EXPECT_EQ(m_script.samples.size(), 3);
     recorder.close();
-    EXPECT_EQ(recorder.droppedPictures(), 2);
+    EXPECT_EQ(recorder.droppedPictures(), 3);
 }
 
 // Wine's writer takes no pictures, and never closes the file that it has made: it cannot be

@@ -20,6 +20,7 @@ struct Script
         std::uint32_t width = 0;
         std::uint32_t height = 0;
         std::uint32_t stride = 0; // 0: without the attribute
+        LONG shownWidth = 0;      // the same
     };
     struct Output
     {
@@ -93,6 +94,12 @@ public:
         }
         if (from.stride != 0) {
             type->SetUINT32(MF_MT_DEFAULT_STRIDE, from.stride);
+        }
+        if (from.shownWidth != 0) {
+            MFVideoArea area{};
+            area.Area = {from.shownWidth, static_cast<LONG>(from.height)};
+            type->SetBlob(MF_MT_MINIMUM_DISPLAY_APERTURE, reinterpret_cast<const UINT8*>(&area),
+                          sizeof(area));
         }
         *result = type.Detach();
         return S_OK;
