@@ -22,6 +22,13 @@ constexpr auto kDefaultPacing = 33ms; // 30 pictures a second
 constexpr int kResizesAtOnce = 4;
 constexpr auto kResizeInterval = 500ms;
 
+bool isPadding(QSize size)
+{
+    constexpr int kMost = LivePipeline::kMaxPadding;
+    return size.width() >= 0 && size.width() <= kMost && size.height() >= 0 &&
+           size.height() <= kMost;
+}
+
 } // namespace
 
 LivePipeline::LivePipeline(IVirtualCameraSink& sink, PipelineTime time, QObject* parent)
@@ -229,8 +236,7 @@ SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
         m_decoder.swapPixels(picture->pixels);
         return picture;
     }
-    if (padding.width() >= 0 && padding.height() >= 0 && padding.width() <= kMaxPadding &&
-        padding.height() <= kMaxPadding) {
+    if (isPadding(padding)) {
         const auto from = static_cast<std::size_t>(size.width()) * 3;
         const auto to = static_cast<std::size_t>(camera.width()) * 3;
         const auto picture = m_pool.take(camera.width(), camera.height());
@@ -239,19 +245,30 @@ SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
         }
         return picture;
     }
+    const QSize adopted = withoutPadding(size);
     // The card's thread may be sending a card of the old size to the old camera.
     m_cards.stop();
-    if (!resizeCamera(size)) {
+    if (!resizeCamera(adopted)) {
         return nullptr;
+    }
+    if (isRecording() && m_recording.size() != adopted) {
+        stopRecording(); // a file has one size
     }
     if (const auto note = m_streamLines.admit()) {
         qCInfo(cameraLog,
                "Pevrix: virtual camera adopts decoder output %dx%d (STREAM_INFO said %dx%d)%s",
-               size.width(), size.height(), camera.width(), camera.height(), note->c_str());
+               adopted.width(), adopted.height(), camera.width(), camera.height(), note->c_str());
     }
     m_queue.clear();
     m_pool.clear();
     return fitToCamera(pixels, size);
+}
+
+QSize LivePipeline::withoutPadding(QSize picture) const
+{
+    const auto shown = m_decoder.shownSize();
+    const QSize padding = picture - QSize(shown.width, shown.height);
+    return isPadding(padding) ? picture - padding : picture;
 }
 
 void LivePipeline::pacingTick()

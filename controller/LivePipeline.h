@@ -156,6 +156,7 @@ private:
     bool decode(QByteArrayView annexB, qint64 ptsUsec);
     void onPicture(const std::uint8_t* pixels, QSize size);
     SharedPicture fitToCamera(const std::uint8_t* pixels, QSize size);
+    [[nodiscard]] QSize withoutPadding(QSize picture) const;
     void follow(StallDetector::Change change);
     void enterStall();
     void clearStall();

@@ -51,11 +51,13 @@ bool Recording::start(const QString& path, QSize size, int fps)
     }
     stop(); // one that has ended by itself
     QDir().mkpath(QFileInfo(path).path());
-    m_started = m_recorder.open(std::filesystem::path(path.toStdU16String()),
-                                static_cast<std::uint32_t>(size.width()),
+    // With the system's own slashes: Windows' writer takes URLs, too, which have the others.
+    std::filesystem::path file(path.toStdU16String());
+    m_started = m_recorder.open(file.make_preferred(), static_cast<std::uint32_t>(size.width()),
                                 static_cast<std::uint32_t>(size.height()), fps);
     if (m_started) {
         m_path = path;
+        m_awake.emplace();
     } else {
         qCWarning(videoLog, "Pevrix: cannot record to %s", qUtf8Printable(path));
     }
@@ -67,6 +69,7 @@ void Recording::stop()
     if (!std::exchange(m_started, false)) {
         return;
     }
+    m_awake.reset();
     const bool complete = m_recorder.close();
     if (const auto dropped = m_recorder.droppedPictures(); dropped > 0) {
         qCWarning(videoLog, "Pevrix: the recording lacks %llu pictures; the encoder was too slow",

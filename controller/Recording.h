@@ -1,12 +1,14 @@
 #pragma once
 
 #include "controller/IPictureConsumer.h"
+#include "system/Pace.h"
 #include "video/Mp4Recorder.h"
 
 #include <QSize>
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace pevrix {
 
@@ -18,7 +20,8 @@ enum class RecordingFailure
     WriteFailed, // the encoder or the disk, who knows
 };
 
-// Records the live pictures to a file and logs what goes wrong. GUI thread.
+// Records the live pictures to a file, keeps the PC awake meanwhile, and logs what goes wrong. GUI
+// thread.
 class Recording final : public IPictureConsumer
 {
 public:
@@ -55,6 +58,7 @@ private:
     const OnFailure m_onFailure;
     Mp4Recorder m_recorder;
     QString m_path;
+    std::optional<StayAwake> m_awake;
     bool m_started = false; // and not stopped yet, though it may have ended by itself
 };
 

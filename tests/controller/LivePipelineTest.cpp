@@ -348,6 +348,9 @@ TEST_F(LivePipelineTest, RecordsWhileLiveAndEndsWhenTheSizeChanges)
     m_pipeline.startStream({320, 240}, true);
     EXPECT_FALSE(m_pipeline.isRecording());
     EXPECT_GT(QFile(file).size(), 1000);
+    ASSERT_TRUE(m_pipeline.startRecording(file));
+    feed(m_live, 0, 1); // of the size that the camera then takes
+    EXPECT_FALSE(m_pipeline.isRecording());
 }
 
 TEST_F(LivePipelineTest, TellsOfARecordingWhoseFolderIsGone)
