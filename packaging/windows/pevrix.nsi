@@ -63,6 +63,10 @@ VIAddVersionKey LegalCopyright "Pevrix"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
+; Where Qt puts what it compiled.
+!define CACHE "$LOCALAPPDATA\Pevrix\Pevrix\cache"
+!define SHADERS "qtpipelinecache-x86_64-little_endian-llp64"
+
 ; Windows keeps a file that is being run from being opened for writing.
 !macro REFUSE_WHILE_IN_USE FILE REMEDY
     ${Do}
@@ -111,6 +115,22 @@ VIAddVersionKey LegalCopyright "Pevrix"
 !macro MOVE_CAMERA_ASIDE FOLDER
     !insertmacro MOVE_ASIDE "${FOLDER}\softcam.dll"
     !insertmacro MOVE_ASIDE "${FOLDER}\x86\softcam.dll"
+!macroend
+
+!define CLASSES "Software\Classes\CLSID"
+!define CAMERA "{276143AA-B755-440E-834A-93CDEBCA334B}"
+!define CAMERA_LIST "${CLASSES}\{860BB310-5D01-11D0-BD3B-00A0C911CE86}\Instance"
+
+; What a library leaves in the registry that cannot unregister itself, since it is gone or does not load:
+; a camera that every program lists and none can open. Not that of a copy in another folder.
+!macro FORGET_CAMERA VIEW LIBRARY
+    SetRegView ${VIEW}
+    ReadRegStr $0 HKLM "${CLASSES}\${CAMERA}\InprocServer32" ""
+    ${If} $0 == "${LIBRARY}"
+        DeleteRegKey HKLM "${CAMERA_LIST}\${CAMERA}"
+        DeleteRegKey HKLM "${CLASSES}\${CAMERA}"
+    ${EndIf}
+    SetRegView default
 !macroend
 
 Section "Pevrix" SectionProgram
@@ -172,6 +192,11 @@ SectionEnd
 
 ; Whoever had it started with Windows keeps that.
 Function .onInit
+    ${IfNot} ${FileExists} "$SYSDIR\mfreadwrite.dll"
+        MessageBox MB_OK|MB_ICONINFORMATION "This edition of Windows comes without Media Foundation, \
+            which decodes the phone's video. Pevrix shows no picture until you add the Media Feature \
+            Pack: Windows Settings, System, Optional features." /SD IDOK
+    ${EndIf}
     ReadRegStr $0 HKLM "${RUN_KEY}" "Pevrix"
     ${GetParameters} $1
     ClearErrors
@@ -190,6 +215,8 @@ Section "Uninstall"
             DetailPrint "The camera could not be unregistered (status $0)."
         ${EndIf}
     ${EndIf}
+    !insertmacro FORGET_CAMERA 64 "$INSTDIR\softcam.dll"
+    !insertmacro FORGET_CAMERA 32 "$INSTDIR\x86\softcam.dll"
     !insertmacro MOVE_CAMERA_ASIDE "$INSTDIR"
     nsExec::Exec '"$SYSDIR\netsh.exe" advfirewall firewall delete rule name="${FIREWALL_RULE}" \
         program="$INSTDIR\pevrix.exe"'
@@ -217,7 +244,13 @@ Section "Uninstall"
 
     SetShellVarContext current
     Delete "$LOCALAPPDATA\Pevrix\pevrix.log"
-    RMDir /r "$LOCALAPPDATA\Pevrix\Pevrix\cache" ; of the compiled interface
+    ; The compiled interface and its shaders, by name: where any program may write, a folder that goes
+    ; with all that is in it may be a link to another one.
+    Delete "${CACHE}\qmlcache\*.qmlc"
+    RMDir "${CACHE}\qmlcache"
+    Delete "${CACHE}\${SHADERS}\qqpc_*"
+    RMDir "${CACHE}\${SHADERS}"
+    RMDir "${CACHE}"
     RMDir "$LOCALAPPDATA\Pevrix\Pevrix"
     RMDir "$LOCALAPPDATA\Pevrix"
     ${If} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
