@@ -190,13 +190,13 @@ Section /o "Start Pevrix with Windows" SectionStart
     WriteRegStr HKLM "${RUN_KEY}" "Pevrix" '"$INSTDIR\pevrix.exe" --tray'
 SectionEnd
 
-; Whoever had it started with Windows keeps that.
 Function .onInit
     ${IfNot} ${FileExists} "$SYSDIR\mfreadwrite.dll"
         MessageBox MB_OK|MB_ICONINFORMATION "This edition of Windows comes without Media Foundation, \
             which decodes the phone's video. Pevrix shows no picture until you add the Media Feature \
             Pack: Windows Settings, System, Optional features." /SD IDOK
     ${EndIf}
+    ; Whoever had it started with Windows keeps that.
     ReadRegStr $0 HKLM "${RUN_KEY}" "Pevrix"
     ${GetParameters} $1
     ClearErrors
