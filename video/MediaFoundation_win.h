@@ -1,7 +1,7 @@
 #pragma once
 
-// The only place that includes Media Foundation's headers, with its functions and owners for its two
-// pairs of calls that are not COM references.
+// The only place that includes Media Foundation's headers, with its functions and owners for its
+// two pairs of calls that are not COM references.
 
 #include <windows.h>
 // After windows.h, whose types they use.
