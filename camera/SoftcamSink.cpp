@@ -79,7 +79,7 @@ void SoftcamSink::stop()
     }
     const std::lock_guard lock(m_mutex);
     m_hasFrame = false;
-    m_pending.clear();
+    m_pending = {};
 }
 
 bool SoftcamSink::isActive() const
