@@ -131,7 +131,8 @@ Silence fallSilent(const Address& address, const Clips& clips, int count)
     return result;
 }
 
-int holdConnections(const Address& address, int count, bool trickle, const std::atomic<bool>& stop)
+int holdConnections(const Address& address, int count, bool trickle, std::atomic<bool>& there,
+                    const std::atomic<bool>& stop)
 {
     const QByteArray bytes = address.hello(u"slow"_s);
     std::vector<RawPeer> peers;
@@ -139,6 +140,7 @@ int holdConnections(const Address& address, int count, bool trickle, const std::
     for (int i = 0; i < count; ++i) {
         peers.emplace_back(address.port);
     }
+    there = true;
     for (qsizetype sent = 0; !stop; ++sent) {
         for (const RawPeer& peer : peers) {
             if (trickle && sent < 6) { // never a whole hello

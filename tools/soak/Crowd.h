@@ -44,10 +44,10 @@ struct Silence
 };
 [[nodiscard]] Silence fallSilent(const Address& address, const Clips& clips, int count);
 
-// Strangers that hold a connection, one byte a second or none, until told to stop. How many of
-// them the program still served then.
+// Strangers that hold a connection, one byte a second or none, until told to stop; `there` is set
+// when all are connected. How many of them the program still served at the end.
 [[nodiscard]] int holdConnections(const Address& address, int count, bool trickle,
-                                  const std::atomic<bool>& stop);
+                                  std::atomic<bool>& there, const std::atomic<bool>& stop);
 
 // Strangers that send stream descriptions as fast as they are taken.
 void flood(const Address& address, int count, const std::atomic<bool>& stop);
@@ -57,15 +57,22 @@ void flood(const Address& address, int count, const std::atomic<bool>& stop);
 [[nodiscard]] qint64 push(const Address& address, const Clips& clips,
                           const std::atomic<bool>& counting, const std::atomic<bool>& stop);
 
-// Runs it on a thread of its own, and the event loop of this one meanwhile.
+// The result, with the event loop of this thread running meanwhile: phones that do not answer for
+// four seconds are dropped.
+template <typename Result>
+Result resultOf(std::future<Result>&& future)
+{
+    (void)waitUntil(
+        [&] { return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready; },
+        QDeadlineTimer(std::chrono::minutes(5)));
+    return future.get();
+}
+
+// Runs it on a thread of its own and waits for it in the same way.
 template <typename Work>
 auto inBackground(Work work)
 {
-    auto result = std::async(std::launch::async, std::move(work));
-    (void)waitUntil(
-        [&] { return result.wait_for(std::chrono::seconds(0)) == std::future_status::ready; },
-        QDeadlineTimer(std::chrono::minutes(5)));
-    return result.get();
+    return resultOf(std::async(std::launch::async, std::move(work)));
 }
 
 } // namespace pevrix

@@ -178,16 +178,18 @@ void Endings::runOutOfDescriptors(const Build& build)
     const auto phone = phoneFor(subject);
     (void)waitUntil([&] { return phone->isAccepted(); }, QDeadlineTimer(10s));
     const Address address{.port = subject.port(), .token = subject.token()};
+    std::atomic<bool> there = false;
     std::atomic<bool> stop = false;
-    auto held = std::async(std::launch::async,
-                           [&] { return holdConnections(address, kMoreThanFit, false, stop); });
+    auto held = std::async(std::launch::async, [&] {
+        return holdConnections(address, kMoreThanFit, false, there, stop);
+    });
     const bool told = subject.awaitLog(u"cannot accept a connection"_s, 10s);
     letEventsRunFor(2s);
     const qint64 before = phone->framesSent();
     letEventsRunFor(1s);
     const bool streams = phone->framesSent() > before + 15;
     stop = true;
-    (void)held.get();
+    (void)resultOf(std::move(held));
     QElapsedTimer clock;
     clock.start();
     const auto late = std::make_unique<Phone>(m_clips.source(Clips::kSizes[3]),

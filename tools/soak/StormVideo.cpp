@@ -115,11 +115,12 @@ void Storm::breakAndFallSilent()
 
 void Storm::meetSlowStrangers()
 {
+    std::atomic<bool> there = false;
     std::atomic<bool> stop = false;
     auto held = std::async(std::launch::async, [&, to = address()] {
-        return holdConnections(to, kSlowStrangers, true, stop);
+        return holdConnections(to, kSlowStrangers, true, there, stop);
     });
-    letEventsRunFor(500ms);
+    (void)waitUntil([&] { return there.load(); });
     const auto before = m_reader.seen();
     std::unique_ptr<Phone> late;
     m_tally.greetedBesideSlow.ms.push_back(join(late, u"late"_s, Clips::kSizes[3]));
@@ -129,22 +130,24 @@ void Storm::meetSlowStrangers()
         std::min(m_tally.slowestVideo, static_cast<double>(after.changes - before.changes) * 1000 /
                                            msSince(before.lastPicture, after.lastPicture));
     stop = true;
-    m_tally.mostHeld = std::max(m_tally.mostHeld, held.get());
+    m_tally.mostHeld = std::max(m_tally.mostHeld, resultOf(std::move(held)));
 }
 
 void Storm::meetTheCrowd()
 {
     const double before = m_subject.resources().megabytes;
+    std::atomic<bool> there = false;
     std::atomic<bool> stop = false;
     auto held = std::async(std::launch::async, [&, to = address()] {
-        return holdConnections(to, kCrowd, false, stop);
+        return holdConnections(to, kCrowd, false, there, stop);
     });
-    letEventsRunFor(2s);
+    (void)waitUntil([&] { return there.load(); });
+    letEventsRunFor(1s);
     // The first crowd teaches the allocator, too.
     const double growth = m_subject.resources().megabytes - before;
     m_crowdMegabytes = m_round > 1 ? std::max(m_crowdMegabytes, growth) : 0;
     stop = true;
-    m_tally.mostHeld = std::max(m_tally.mostHeld, held.get());
+    m_tally.mostHeld = std::max(m_tally.mostHeld, resultOf(std::move(held)));
     std::unique_ptr<Phone> late;
     m_tally.greetedAfterCrowd.ms.push_back(join(late, u"late"_s, Clips::kSizes[3]));
 }
@@ -160,7 +163,7 @@ void Storm::bearTheFlood()
         letEventsRunFor(10ms);
     }
     stop = true;
-    flooding.get();
+    resultOf(std::move(flooding));
 }
 
 // A phone on a cable, 50 that are plugged in and out within a second, and the daemon's end.
@@ -233,7 +236,8 @@ void Storm::sleep()
     ::kill(process, SIGCONT);
     m_awake.ms.push_back(echo(*m_second));
     stop = true;
-    m_pushedMegabytes = std::max(m_pushedMegabytes, static_cast<double>(pushed.get()) / 1e6);
+    m_pushedMegabytes =
+        std::max(m_pushedMegabytes, static_cast<double>(resultOf(std::move(pushed))) / 1e6);
     m_tally.lostPhones += m_good->isAccepted() && m_second->isAccepted() ? 0 : 1;
 }
 
