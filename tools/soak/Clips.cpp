@@ -1,6 +1,6 @@
 #include "tools/soak/Clips.h"
 
-#include "tools/phonesim/PatternSource.h"
+#include "tools/phonesim/PatternSource_linux.h"
 
 using namespace Qt::StringLiterals;
 
