@@ -2,6 +2,9 @@
 
 namespace pevrix {
 
+// Whether other programs find the camera only once it is registered.
+[[nodiscard]] bool cameraNeedsRegistration();
+
 // Whether the system knows the virtual camera, so that other programs can find it. Where nothing
 // needs to be registered: whether the camera library can be found.
 [[nodiscard]] bool isCameraRegistered();

@@ -3,6 +3,11 @@
 
 namespace pevrix {
 
+bool cameraNeedsRegistration()
+{
+    return false;
+}
+
 // The library announces its camera itself, for as long as the camera exists.
 bool isCameraRegistered()
 {

@@ -8,6 +8,11 @@ constexpr wchar_t kRegistrationKey[] =
 
 } // namespace
 
+bool cameraNeedsRegistration()
+{
+    return true;
+}
+
 // The path in the key is not checked: the camera of another installation is just as good.
 bool isCameraRegistered()
 {

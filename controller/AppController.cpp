@@ -4,10 +4,12 @@
 #include "phone/Log.h"
 #include "phone/Protocol.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QStyleHints>
 #include <QUrl>
@@ -20,17 +22,33 @@ namespace pevrix {
 
 namespace {
 
-QString reasonText(RecordingFailure failure)
+QString nameOf(RecordingReport::Outcome outcome)
 {
-    switch (failure) {
-    case RecordingFailure::DiskFull:
+    switch (outcome) {
+    case RecordingReport::Outcome::Saved:
+        return u"saved"_s;
+    case RecordingReport::Outcome::Resized:
+        return u"resized"_s;
+    case RecordingReport::Outcome::DiskFull:
         return u"diskFull"_s;
-    case RecordingFailure::FolderGone:
+    case RecordingReport::Outcome::FolderGone:
         return u"folderGone"_s;
-    case RecordingFailure::WriteFailed:
+    case RecordingReport::Outcome::WriteFailed:
         break;
     }
     return u"writeFailed"_s;
+}
+
+// A second recording within the same second gets a name of its own.
+QString newRecordingFile(const QString& folder)
+{
+    const QString base =
+        folder + u"/Pevrix_"_s + QDateTime::currentDateTime().toString(u"yyyyMMdd_HHmmss"_s);
+    QString path = base + u".mp4"_s;
+    for (int number = 2; QFileInfo::exists(path); ++number) {
+        path = base + u'_' + QString::number(number) + u".mp4"_s;
+    }
+    return path;
 }
 
 } // namespace
@@ -52,14 +70,14 @@ AppController::AppController(const ControllerOptions& options, QObject* parent)
             &AppController::osDarkChanged);
     connect(&m_pipeline, &LivePipeline::frameReady, this, &AppController::frameReady);
     connect(&m_pipeline, &LivePipeline::stateChanged, this, &AppController::onPipelineState);
-    connect(&m_pipeline, &LivePipeline::recordingFailed, this, [this](RecordingFailure failure) {
-        Q_EMIT recordingEnded(reasonText(failure));
-        Q_EMIT changed();
-    });
+    connect(&m_pipeline, &LivePipeline::pictureCame, this, &AppController::changed);
+    connect(&m_pipeline, &LivePipeline::recordingEnded, this, &AppController::onRecordingEnded);
     connect(&m_firewall, &FirewallWatch::changed, this, &AppController::changed);
     m_statisticsClock.start();
     m_statisticsTimer.setInterval(options.statisticsInterval);
     connect(&m_statisticsTimer, &QTimer::timeout, this, &AppController::onStatisticsTick);
+    m_addressTimer.setInterval(options.addressInterval);
+    connect(&m_addressTimer, &QTimer::timeout, this, &AppController::followAddresses);
     connectServer();
     connectUsb();
     m_usb.start();
@@ -149,6 +167,7 @@ void AppController::start()
     m_firewall.refresh();
     m_pipeline.showIdle();
     m_statisticsTimer.start();
+    m_addressTimer.start();
     watchFirewall();
     Q_EMIT changed();
 }
@@ -206,8 +225,32 @@ void AppController::refreshPairingInfo()
     const QString tokenFolder = m_options.tokenFolder.isEmpty()
                                     ? QCoreApplication::applicationDirPath()
                                     : m_options.tokenFolder;
-    const quint16 port = m_server.port() != 0 ? m_server.port() : kDefaultPort;
-    m_pairing = refreshPairing(tokenFolder, port, m_captureMode);
+    showPairing(refreshPairing(tokenFolder, pairingPort(), m_captureMode, m_options.findEndpoints));
+}
+
+// Where phones connect, or would if nobody else listened there.
+quint16 AppController::pairingPort() const
+{
+    return m_server.port() != 0 ? m_server.port() : kDefaultPort;
+}
+
+// The PC may have got another address, or its first one: from a Wi-Fi that came up late, or by
+// waking in another network. The token stays, and so do the phones.
+void AppController::followAddresses()
+{
+    auto moved =
+        moveToPresentAddresses(m_pairing, pairingPort(), m_captureMode, m_options.findEndpoints);
+    if (!moved) {
+        return;
+    }
+    qCInfo(controllerLog, "Pevrix: the addresses of this PC have changed");
+    showPairing(*std::move(moved));
+    Q_EMIT changed();
+}
+
+void AppController::showPairing(PairingInfo pairing)
+{
+    m_pairing = std::move(pairing);
     m_server.setToken(m_pairing.token);
     m_server.setPcName(m_pairing.pcName);
     m_pipeline.setPairAddress(m_pairing.addressText);
@@ -220,6 +263,7 @@ void AppController::stop()
         return;
     }
     m_statisticsTimer.stop();
+    m_addressTimer.stop();
     watchFirewall();
     m_pipeline.stop();
     qCInfo(controllerLog,
@@ -240,12 +284,15 @@ void AppController::toggleRecording()
     if (m_pipeline.isRecording()) {
         m_pipeline.stopRecording();
     } else {
-        const QString path = recordingFolder() + u"/Pevrix_"_s +
-                             QDateTime::currentDateTime().toString(u"yyyyMMdd_HHmmss"_s) +
-                             u".mp4"_s;
-        static_cast<void>(m_pipeline.startRecording(path));
+        static_cast<void>(m_pipeline.startRecording(newRecordingFile(recordingFolder())));
     }
     Q_EMIT changed();
+}
+
+void AppController::onRecordingEnded(const RecordingReport& report)
+{
+    Q_EMIT changed();
+    Q_EMIT recordingEnded(nameOf(report.outcome), report.started, report.path, report.seconds);
 }
 
 void AppController::openRecordingsFolder()
@@ -257,6 +304,7 @@ void AppController::openRecordingsFolder()
 void AppController::setActive(int id)
 {
     if (m_phones.activate(id)) {
+        m_pipeline.awaitPicture();
         Q_EMIT changed();
     }
 }
@@ -284,7 +332,11 @@ void AppController::onPhoneDisconnected(int id)
     if (const auto note = m_phoneLines.admit()) {
         qCInfo(phoneLog, "Pevrix: phone %d disconnected%s", id, note->c_str());
     }
+    const bool wasActive = m_phones.isActive(id);
     m_phones.remove(id);
+    if (wasActive) {
+        m_pipeline.awaitPicture();
+    }
     watchFirewall();
     tellSoon();
 }
@@ -341,6 +393,11 @@ void AppController::regeneratePairing()
     refreshPairingInfo();
     m_firewall.refresh();
     Q_EMIT changed();
+}
+
+void AppController::copyPairingLink()
+{
+    QGuiApplication::clipboard()->setText(m_pairing.uri);
 }
 
 void AppController::registerCamera()

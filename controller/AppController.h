@@ -14,6 +14,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QSysInfo>
 #include <QTimer>
 #include <QVariantList>
 
@@ -33,6 +34,8 @@ struct ControllerOptions
     SystemFunctions system;
     std::chrono::milliseconds statisticsInterval{500};
     std::chrono::milliseconds firewallInterval{10'000};
+    EndpointFinder findEndpoints = findLanEndpoints;
+    std::chrono::milliseconds addressInterval{4'000}; // how often it is asked
 };
 
 // The one object that the QML interface sees: state as properties, actions as slots. Owns the
@@ -71,6 +74,11 @@ class AppController final : public QObject, private IVideoSwitch
     Q_PROPERTY(bool minimizeToTray READ minimizeToTray WRITE setMinimizeToTray NOTIFY changed)
     Q_PROPERTY(bool usbAvailable READ usbAvailable NOTIFY changed)
     Q_PROPERTY(bool firewallBlocked READ firewallBlocked NOTIFY changed)
+    Q_PROPERTY(bool videoWaiting READ videoWaiting NOTIFY changed)
+    Q_PROPERTY(bool videoStalled READ videoStalled NOTIFY changed)
+    Q_PROPERTY(bool trustsPhones READ trustsPhones NOTIFY changed)
+    Q_PROPERTY(bool cameraNeedsRegistration READ cameraNeedsRegistration CONSTANT)
+    Q_PROPERTY(QString platform READ platform CONSTANT)
 
 public:
     explicit AppController(const ControllerOptions& options = {}, QObject* parent = nullptr);
@@ -109,6 +117,24 @@ public:
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
     // Whether the firewall keeps phones out, by its last answer.
     [[nodiscard]] bool firewallBlocked() const { return m_firewall.isBlocking(); }
+    // The active phone is connected and its first picture has not come.
+    [[nodiscard]] bool videoWaiting() const
+    {
+        return phoneConnected() && (!live() || m_pipeline.awaitsPicture());
+    }
+    // The active phone has stopped sending pictures.
+    [[nodiscard]] bool videoStalled() const
+    {
+        return m_pipeline.state() == LivePipeline::State::Stalled && !videoWaiting();
+    }
+    // A new pairing code would forget phones.
+    [[nodiscard]] bool trustsPhones() const { return !m_server.trusted().isEmpty(); }
+    [[nodiscard]] bool cameraNeedsRegistration() const
+    {
+        return m_options.system.cameraNeedsRegistration;
+    }
+    // "linux" or "winnt".
+    [[nodiscard]] QString platform() const { return QSysInfo::kernelType(); }
 
     // Takes a path or a "file:" URL. An empty one is ignored.
     void setRecordingFolder(const QString& folder);
@@ -142,6 +168,9 @@ public Q_SLOTS:
     // Forgets every trusted phone and makes a new pairing code. Phones that are connected stay.
     void regeneratePairing();
 
+    // Puts what the pairing code says into the clipboard.
+    void copyPairingLink();
+
     // The system asks the user for administrator rights, and these three wait for the outcome: the
     // window does not react until then, at most for half a minute once the rights are granted. When
     // the user refuses, nothing changes.
@@ -163,9 +192,10 @@ Q_SIGNALS:
     void frameReady(const QImage& image);
     void osDarkChanged();
     void themeModeChanged();
-    // A recording ended by itself, or lacks its end, and why: "diskFull", "folderGone" or
-    // "writeFailed". What was written until then is at lastRecordingPath().
-    void recordingEnded(const QString& reason);
+    // How a recording went. `outcome` is "saved"; "resized", which is the same by pictures of
+    // another size; or why it ended by itself or (not `started`) could not begin: "diskFull",
+    // "folderGone", "writeFailed". `path` is its file's.
+    void recordingEnded(const QString& outcome, bool started, const QString& path, int seconds);
 
 private:
     void connectServer();
@@ -177,6 +207,10 @@ private:
     void setStatus(const QString& status);
     void onPipelineState();
     void onStatisticsTick();
+    void onRecordingEnded(const RecordingReport& report);
+    void followAddresses();
+    [[nodiscard]] quint16 pairingPort() const;
+    void showPairing(PairingInfo pairing);
     void watchFirewall();
     void tellSoon();
 
@@ -199,6 +233,7 @@ private:
     QString m_status;
     QString m_serverInfo;
     QTimer m_statisticsTimer;
+    QTimer m_addressTimer;
     QElapsedTimer m_statisticsClock;
     LiveStatistics m_statistics;
     bool m_appConnected = false;

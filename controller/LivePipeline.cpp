@@ -132,7 +132,7 @@ void LivePipeline::startStream(QSize size, bool direct)
     }
     m_cards.stop();
     if (isRecording() && m_recording.size() != size) {
-        stopRecording();
+        m_recording.stop(RecordingReport::Outcome::Resized);
     }
     // Where the camera may not follow now, the pictures tell its size later.
     const bool resized = (!m_camera.exists() || cameraSize() != size) && resizeCamera(size);
@@ -210,6 +210,7 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
             qCInfo(videoLog, "Pevrix: first picture of the stream, %dx%d%s", size.width(),
                    size.height(), note->c_str());
         }
+        Q_EMIT pictureCame();
     }
     follow(m_stall.pictureCame());
     if (!picture) {
@@ -252,7 +253,7 @@ SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
         return nullptr;
     }
     if (isRecording() && m_recording.size() != adopted) {
-        stopRecording(); // a file has one size
+        m_recording.stop(RecordingReport::Outcome::Resized); // a file has one size
     }
     if (const auto note = m_streamLines.admit()) {
         qCInfo(cameraLog,

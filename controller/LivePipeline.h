@@ -102,6 +102,10 @@ public:
     // Records to a new file; false unless live with the output enabled.
     [[nodiscard]] bool startRecording(const QString& path);
     void stopRecording() { m_recording.stop(); }
+    // The active phone's own pictures have not come yet: a stream begins, or another phone is to
+    // send one.
+    [[nodiscard]] bool awaitsPicture() const { return !m_firstFrameSeen; }
+    void awaitPicture() { m_firstFrameSeen = false; }
     [[nodiscard]] bool isRecording() const { return m_recording.isRunning(); }
     [[nodiscard]] QString lastRecordingPath() const { return m_recording.path(); }
 
@@ -131,8 +135,9 @@ Q_SIGNALS:
     // A picture for the preview; the image keeps its pixels, which nobody writes to any more.
     void frameReady(const QImage& image);
     void stateChanged();
-    // A recording could not be written to its end; it has ended.
-    void recordingFailed(pevrix::RecordingFailure failure);
+    // The first picture of a stream: nothing is awaited any more.
+    void pictureCame();
+    void recordingEnded(const RecordingReport& report);
 
 private:
     // The consumer that shows pictures in the window.
@@ -166,8 +171,8 @@ private:
     H264Decoder m_decoder;
     PicturePool m_pool;
     CameraOutput m_camera;
-    Recording m_recording{[this](RecordingFailure failure) {
-        Q_EMIT recordingFailed(failure);
+    Recording m_recording{[this](const RecordingReport& report) {
+        Q_EMIT recordingEnded(report);
     }};
     Preview m_preview{*this};
     const std::array<IPictureConsumer*, 3> m_consumers{&m_camera, &m_recording, &m_preview};

@@ -14,32 +14,34 @@ namespace pevrix {
 
 namespace {
 
+using Outcome = RecordingReport::Outcome;
+
 // A disk with less is full: a fragment of the recording, or its index, does not fit any more.
 constexpr std::uintmax_t kFullDiskBytes = std::uintmax_t{4} * 1024 * 1024;
 
-RecordingFailure failureAt(const QString& path)
+// The recorder does not tell why; its surroundings do.
+Outcome failureAt(const QString& path)
 {
-    const std::filesystem::path folder = QFileInfo(path).path().toStdU16String();
+    const QFileInfo folder(QFileInfo(path).path());
     std::error_code error;
-    const std::filesystem::space_info space = std::filesystem::space(folder, error);
-    if (error) {
-        return RecordingFailure::FolderGone;
+    const std::filesystem::space_info space =
+        std::filesystem::space(folder.filePath().toStdU16String(), error);
+    if (error || !folder.isDir() || !folder.isWritable()) {
+        return Outcome::FolderGone;
     }
-    return space.available < kFullDiskBytes ? RecordingFailure::DiskFull
-                                            : RecordingFailure::WriteFailed;
+    return space.available < kFullDiskBytes ? Outcome::DiskFull : Outcome::WriteFailed;
 }
 
-const char* explain(RecordingFailure failure)
+const char* explain(Outcome failure)
 {
     switch (failure) {
-    case RecordingFailure::DiskFull:
+    case Outcome::DiskFull:
         return "the disk is full";
-    case RecordingFailure::FolderGone:
-        return "its folder is gone";
-    case RecordingFailure::WriteFailed:
-        break;
+    case Outcome::FolderGone:
+        return "its folder is gone or not to be written to";
+    default:
+        return "it could not be written";
     }
-    return "it could not be written";
 }
 
 } // namespace
@@ -58,13 +60,27 @@ bool Recording::start(const QString& path, QSize size, int fps)
     if (m_started) {
         m_path = path;
         m_awake.emplace();
+        m_clock.start();
     } else {
-        qCWarning(videoLog, "Pevrix: cannot record to %s", qUtf8Printable(path));
+        const Outcome failure = failureAt(path);
+        qCWarning(videoLog, "Pevrix: cannot record to %s: %s", qUtf8Printable(path),
+                  explain(failure));
+        report(failure, false, path);
     }
     return m_started;
 }
 
-void Recording::stop()
+void Recording::report(Outcome outcome, bool started, const QString& path) const
+{
+    if (m_report) {
+        m_report({.outcome = outcome,
+                  .started = started,
+                  .path = path,
+                  .seconds = started ? static_cast<int>(m_clock.elapsed() / 1000) : 0});
+    }
+}
+
+void Recording::stop(Outcome outcome)
 {
     if (!std::exchange(m_started, false)) {
         return;
@@ -75,13 +91,11 @@ void Recording::stop()
         qCWarning(videoLog, "Pevrix: the recording lacks %llu pictures; the encoder was too slow",
                   static_cast<unsigned long long>(dropped));
     }
-    if (!complete) {
-        const RecordingFailure failure = failureAt(m_path);
-        qCWarning(videoLog, "Pevrix: the recording lacks its end: %s", explain(failure));
-        if (m_onFailure) {
-            m_onFailure(failure);
-        }
+    if (!complete || !QFileInfo::exists(m_path)) {
+        outcome = QFileInfo::exists(m_path) ? failureAt(m_path) : Outcome::FolderGone;
+        qCWarning(videoLog, "Pevrix: the recording lacks its end: %s", explain(outcome));
     }
+    report(outcome, true, m_path);
 }
 
 void Recording::check()

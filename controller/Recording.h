@@ -4,20 +4,34 @@
 #include "system/Pace.h"
 #include "video/Mp4Recorder.h"
 
+#include <QElapsedTimer>
 #include <QSize>
 #include <QString>
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace pevrix {
 
-// Why a recording ended that nobody stopped, or lacks its end.
-enum class RecordingFailure
+// How a recording went, for whoever tells the user.
+struct RecordingReport
 {
-    DiskFull,
-    FolderGone,
-    WriteFailed, // the encoder or the disk, who knows
+    enum class Outcome
+    {
+        Saved,       // it was stopped
+        Resized,     // the same, by pictures of another size
+        DiskFull,    // from here on: it ended by itself, or could not start
+        FolderGone,  // or not to be written to
+        WriteFailed, // the encoder or the disk, who knows
+    };
+
+    Outcome outcome = Outcome::Saved;
+    bool started = false; // there were pictures; the file may hold those up to the end
+    QString path;
+    int seconds = 0; // that it lasted
+
+    friend bool operator==(const RecordingReport&, const RecordingReport&) = default;
 };
 
 // Records the live pictures to a file, keeps the PC awake meanwhile, and logs what goes wrong. GUI
@@ -25,19 +39,20 @@ enum class RecordingFailure
 class Recording final : public IPictureConsumer
 {
 public:
-    using OnFailure = std::function<void(RecordingFailure)>;
+    using Report = std::function<void(const RecordingReport&)>;
 
-    // `onFailure` hears of a recording that could not be written to its end, once it has ended.
-    explicit Recording(OnFailure onFailure = {})
-        : m_onFailure(std::move(onFailure))
+    // `report` is called at the end of each recording, and for each that could not start.
+    explicit Recording(Report report = {})
+        : m_report(std::move(report))
     {}
 
     // Begins a new file; makes its folder when it is missing. False when a recording is running
     // already, and when nothing can be recorded there.
     [[nodiscard]] bool start(const QString& path, QSize size, int fps);
 
-    // Completes the file. Safe when nothing is recorded.
-    void stop();
+    // Completes the file. Safe when nothing is recorded. `outcome` is what is reported unless the
+    // recording has ended by itself.
+    void stop(RecordingReport::Outcome outcome = RecordingReport::Outcome::Saved);
 
     // To be called every now and then: ends a recording that cannot be written any further.
     void check();
@@ -55,8 +70,11 @@ public:
     void show(const SharedPicture& picture) override;
 
 private:
-    const OnFailure m_onFailure;
+    void report(RecordingReport::Outcome outcome, bool started, const QString& path) const;
+
+    const Report m_report;
     Mp4Recorder m_recorder;
+    QElapsedTimer m_clock;
     QString m_path;
     std::optional<StayAwake> m_awake;
     bool m_started = false; // and not stopped yet, though it may have ended by itself

@@ -10,6 +10,7 @@ namespace pevrix {
 // What the controller asks of the operating system; tests put others in their place.
 struct SystemFunctions
 {
+    bool cameraNeedsRegistration = pevrix::cameraNeedsRegistration();
     std::function<bool()> isCameraRegistered = pevrix::isCameraRegistered;
     std::function<void(bool unregister)> runCameraRegistration = pevrix::runCameraRegistration;
     std::function<bool(const std::filesystem::path& applicationPath)> isFirewallBlocking =

@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>Scannen klappt nicht?</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>Keine LAN-Adresse gefunden</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>Geben Sie diese Adresse in der Pevrix-App ein. Oder kopieren Sie den Kopplungslink, senden Sie ihn an Ihr Telefon und öffnen Sie ihn dort. Wer den Link hat, kann sich verbinden: Geben Sie ihn niemandem.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>Kopplungslink kopieren</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>Wählen Sie in Ihrem Anruf die Kamera „Pevrix“.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>Anrufe und Browser finden die Pevrix-Kamera noch nicht.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Registrieren</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>Hinweis ausblenden</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,18 +109,22 @@
     </message>
     <message>
         <source>Registered</source>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
         <translation>Registriert</translation>
     </message>
     <message>
         <source>Not registered</source>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
         <translation>Nicht registriert</translation>
     </message>
     <message>
         <source>Unregister</source>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
         <translation>Registrierung aufheben</translation>
     </message>
     <message>
         <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
         <translation>Registrieren</translation>
     </message>
     <message>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>Neu erzeugen</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>Kopplungscode neu erzeugen</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>Kamera-Bibliothek fehlt</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>Apps und Browser, die ihre Kameras von PipeWire bekommen, sehen die Pevrix-Kamera.</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>Keine App kann die Pevrix-Kamera sehen. Installieren Sie Pevrix neu.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>Alle gekoppelten Telefone werden vergessen und müssen den neuen Code scannen. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>Fertig: Es gibt einen neuen Code. Gekoppelte Telefone müssen ihn einmal scannen.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Ausblenden</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>Kamera fortsetzen</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>WARTET</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>KEIN BILD</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>App herunterladen</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>Kein Netzwerk</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>Nicht bereit</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>Telefone können sich immer noch nicht verbinden</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>Dieser PC ist in keinem Netzwerk</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Verbinden Sie ihn mit Ihrem WLAN oder stecken Sie ein Netzwerkkabel ein. Ein Telefon am USB-Kabel geht auch so.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>Anrufe und Browser finden die Kamera noch nicht</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Registrieren Sie die Pevrix-Kamera einmal. Erfordert Administratorrechte.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Registrieren</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>Eine Aufnahme wartet auf ihr Telefon (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>Sie geht weiter, sobald das Telefon zurück ist.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Aufnahme beenden</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>Apps erhalten ein Standbild. Klicken Sie auf Kamera fortsetzen, um wieder zu senden.</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>Kein Bild</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>Wartet …</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>Aufnehmen</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>Aufnahme gespeichert</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>Die Aufnahme wurde beendet</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>Die Aufnahme konnte nicht beginnen</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>Ordner wählen</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>Sie endete, weil das Bild des Telefons jetzt eine andere Größe hat.</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>Die Festplatte ist voll. Was bis dahin aufgenommen wurde, ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>Die Festplatte ist voll. Schaffen Sie Platz oder wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>Der Ordner für Aufnahmen ist nicht mehr da, und mit ihm die Aufnahme.</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>Pevrix kann nicht in den Ordner %1 schreiben.</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>Das Video ließ sich nicht weiter schreiben. Was bis dahin aufgenommen wurde, ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>Das Video lässt sich dort nicht schreiben. Wählen Sie einen anderen Ordner oder starten Sie Pevrix neu.</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>Bereit</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 fps · %2 ms</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>Braucht den Dienst usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>Ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>Telefon pausiert (kein Bild)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>Warten auf das Bild …</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>Öffnen Sie die Pevrix-App auf dem Telefon, damit es weitergeht. Bis dahin sehen Apps ein Ersatzbild.</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>Lassen Sie die Pevrix-App auf dem Telefon geöffnet.</translation>
     </message>
 </context>
 <context>

@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>¿No puedes escanear?</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>No hay dirección LAN</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>Escribe esta dirección en la aplicación Pevrix. O copia el enlace de emparejamiento, envíalo a tu teléfono y ábrelo allí. Quien tenga el enlace puede conectarse: no lo compartas con nadie.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>Copiar enlace de emparejamiento</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>En tu llamada, elige la cámara «Pevrix».</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>Las llamadas y los navegadores aún no encuentran la cámara Pevrix.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Registrar</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>Ocultar el consejo</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,18 +109,22 @@
     </message>
     <message>
         <source>Registered</source>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
         <translation>Registrada</translation>
     </message>
     <message>
         <source>Not registered</source>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
         <translation>No registrada</translation>
     </message>
     <message>
         <source>Unregister</source>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
         <translation>Anular registro</translation>
     </message>
     <message>
         <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
         <translation>Registrar</translation>
     </message>
     <message>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>Regenerar</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>Regenerar el código de vinculación</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Listo</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>Falta la biblioteca de la cámara</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>Las aplicaciones y los navegadores que toman sus cámaras de PipeWire ven la cámara Pevrix.</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>Ninguna aplicación ve la cámara Pevrix. Vuelve a instalar Pevrix.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>Se olvidan todos los teléfonos emparejados, que deberán escanear el código nuevo. ¿Continuar?</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>Listo: hay un código nuevo. Los teléfonos emparejados deben escanearlo una vez.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Descartar</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>Reanudar la cámara</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>ESPERA</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>SIN VÍDEO</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>Obtener la aplicación</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>Sin red</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>No está listo</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>Los teléfonos siguen sin poder conectarse</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>Este PC no está en ninguna red</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Conéctalo a tu Wi-Fi o enchufa un cable de red. Un teléfono con cable USB no lo necesita.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>Las llamadas y los navegadores aún no encuentran la cámara</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Registra una vez la cámara Pevrix. Pide permisos de administrador.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Registrar</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>Una grabación espera a su teléfono (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>Sigue cuando vuelva el teléfono.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Detener la grabación</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>Las aplicaciones reciben una imagen congelada. Haz clic en Reanudar la cámara para volver a emitir.</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>Sin vídeo</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>Esperando…</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>Grabar</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>Grabación guardada</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>La grabación ha terminado</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>La grabación no pudo empezar</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>Elegir carpeta</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>Terminó porque la imagen del teléfono ha cambiado de tamaño.</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>El disco está lleno. Lo grabado hasta entonces está guardado.</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>El disco está lleno. Libera espacio o elige otra carpeta.</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>La carpeta de grabaciones ya no está, ni tampoco la grabación.</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>Pevrix no puede escribir en la carpeta %1.</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>No se pudo seguir escribiendo el vídeo. Lo grabado hasta entonces está guardado.</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>No se puede escribir el vídeo ahí. Elige otra carpeta o reinicia Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>Listo</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 fps · %2 ms</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>Necesita el servicio usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>Descartar</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>Teléfono en pausa (sin vídeo)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>Esperando el vídeo…</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>Abre la aplicación Pevrix en tu teléfono para continuar. Hasta entonces, las aplicaciones ven una imagen de espera.</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>Mantén abierta la aplicación Pevrix en tu teléfono.</translation>
     </message>
 </context>
 <context>

@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>Impossible de scanner ?</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>Aucune adresse LAN</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>Saisissez cette adresse dans l&apos;application Pevrix. Ou copiez le lien d&apos;association, envoyez-le à votre téléphone et ouvrez-le là. Toute personne qui a le lien peut se connecter&#xa0;: ne le donnez à personne.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copié</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>Copier le lien d&apos;association</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>Dans votre appel, choisissez la caméra «&#xa0;Pevrix&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>Les appels et les navigateurs ne trouvent pas encore la caméra Pevrix.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Installer</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>Masquer le conseil</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,23 +109,27 @@
     </message>
     <message>
         <source>Registered</source>
-        <translation>Inscrite</translation>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
+        <translation>Installée</translation>
     </message>
     <message>
         <source>Not registered</source>
-        <translation>Non inscrite</translation>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
+        <translation>Non installée</translation>
     </message>
     <message>
         <source>Unregister</source>
-        <translation>Désinscrire</translation>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
+        <translation>Désinstaller</translation>
     </message>
     <message>
         <source>Register</source>
-        <translation>Inscrire</translation>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Installer</translation>
     </message>
     <message>
         <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
-        <translation>L&apos;inscription permet aux applications comme Zoom ou Teams et aux navigateurs de voir la caméra Pevrix. Demande les droits d&apos;administrateur.</translation>
+        <translation>Une fois installée, la caméra Pevrix est visible dans les applications comme Zoom ou Teams et dans les navigateurs. Demande les droits d&apos;administrateur.</translation>
     </message>
     <message>
         <source>RECORDINGS</source>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>Régénérer</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>Régénérer le code d&apos;association</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Prêt</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>Bibliothèque de la caméra absente</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>Les applications et navigateurs qui reçoivent leurs caméras de PipeWire voient la caméra Pevrix.</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>Aucune application ne voit la caméra Pevrix. Réinstallez Pevrix.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>Tous les téléphones associés seront oubliés et devront scanner le nouveau code. Continuer&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>C&apos;est fait&#xa0;: il y a un nouveau code. Les téléphones associés doivent le scanner une fois.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Ignorer</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>Reprendre la caméra</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>ATTENTE</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>PAS D&apos;IMAGE</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>Obtenir l&apos;application</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>Aucun réseau</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>Pas prêt</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>Les téléphones ne peuvent toujours pas se connecter</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>Ce PC n&apos;est connecté à aucun réseau</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Connectez-le à votre Wi-Fi ou branchez un câble réseau. Un téléphone relié par câble USB n&apos;en a pas besoin.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>Les appels et les navigateurs ne trouvent pas encore la caméra</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Installez la caméra Pevrix une fois. Demande les droits d&apos;administrateur.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Installer</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>Un enregistrement attend son téléphone (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>Il reprend quand le téléphone revient.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Arrêter l&apos;enregistrement</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>Les applications reçoivent une image figée. Cliquez sur Reprendre la caméra pour diffuser à nouveau.</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>Pas d&apos;image</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>En attente…</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>Enregistrer</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>Vidéo enregistrée</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>L&apos;enregistrement s&apos;est terminé</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>L&apos;enregistrement n&apos;a pas pu démarrer</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>Choisir un dossier</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>Il s&apos;est terminé parce que l&apos;image du téléphone a changé de taille.</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>Le disque est plein. Ce qui a été filmé jusque-là est conservé.</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>Le disque est plein. Libérez de l&apos;espace ou choisissez un autre dossier.</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>Le dossier des enregistrements a disparu, et l&apos;enregistrement avec lui.</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>Pevrix ne peut pas écrire dans le dossier %1.</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>La vidéo n&apos;a pas pu être écrite jusqu&apos;au bout. Ce qui a été filmé jusque-là est conservé.</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>La vidéo ne peut pas être écrite à cet endroit. Choisissez un autre dossier ou redémarrez Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>Prêt</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 i/s · %2 ms</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>Nécessite le service usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>Ignorer</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>Téléphone en pause (pas d&apos;image)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>En attente de la vidéo…</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>Ouvrez l&apos;application Pevrix sur votre téléphone pour continuer. D&apos;ici là, les applications voient une image d&apos;attente.</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>Gardez l&apos;application Pevrix ouverte sur votre téléphone.</translation>
     </message>
 </context>
 <context>

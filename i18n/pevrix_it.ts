@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>Non riesci a scansionare?</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>Nessun indirizzo LAN</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>Digita questo indirizzo nell&apos;app Pevrix. Oppure copia il link di abbinamento, invialo al telefono e aprilo lì. Chi ha il link può connettersi: non darlo a nessuno.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiato</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>Copia il link di abbinamento</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>Nella chiamata scegli la fotocamera «Pevrix».</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>Chiamate e browser non trovano ancora la fotocamera Pevrix.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Installa</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>Nascondi il suggerimento</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,23 +109,27 @@
     </message>
     <message>
         <source>Registered</source>
-        <translation>Registrata</translation>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
+        <translation>Installata</translation>
     </message>
     <message>
         <source>Not registered</source>
-        <translation>Non registrata</translation>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
+        <translation>Non installata</translation>
     </message>
     <message>
         <source>Unregister</source>
-        <translation>Annulla registrazione</translation>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
+        <translation>Rimuovi</translation>
     </message>
     <message>
         <source>Register</source>
-        <translation>Registra</translation>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Installa</translation>
     </message>
     <message>
         <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
-        <translation>La registrazione rende la fotocamera Pevrix visibile ad app come Zoom e Teams e ai browser. Richiede i diritti di amministratore.</translation>
+        <translation>L&apos;installazione rende la fotocamera Pevrix visibile ad app come Zoom e Teams e ai browser. Richiede i diritti di amministratore.</translation>
     </message>
     <message>
         <source>RECORDINGS</source>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>Rigenera</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>Rigenera il codice di associazione</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Pronto</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>Libreria della fotocamera mancante</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>Le app e i browser che usano le fotocamere di PipeWire vedono la fotocamera Pevrix.</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>Nessuna app vede la fotocamera Pevrix. Reinstalla Pevrix.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>Tutti i telefoni abbinati saranno dimenticati e dovranno scansionare il nuovo codice. Continuare?</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>Fatto: c&apos;è un nuovo codice. I telefoni abbinati devono scansionarlo una volta.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Ignora</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>Riprendi la fotocamera</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>ATTESA</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>NESSUN VIDEO</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>Scarica l&apos;app</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>Nessuna rete</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>Non pronto</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>I telefoni non possono ancora connettersi</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Riprova</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>Questo PC non è in nessuna rete</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Connettilo al Wi-Fi o collega un cavo di rete. Un telefono collegato con un cavo USB non ne ha bisogno.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>Chiamate e browser non trovano ancora la fotocamera</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Installa una volta la fotocamera Pevrix. Richiede i diritti di amministratore.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Installa</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>Una registrazione attende il telefono (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>Riprende quando il telefono torna.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Interrompi la registrazione</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>Le app ricevono un&apos;immagine fissa. Fai clic su Riprendi la fotocamera per trasmettere di nuovo.</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>Nessun video</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>In attesa…</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>Registra</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>Registrazione salvata</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>La registrazione è terminata</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>La registrazione non è iniziata</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostra nella cartella</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>Scegli cartella</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>È terminata perché l&apos;immagine del telefono ha cambiato dimensioni.</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>Il disco è pieno. Quanto registrato fin lì è salvato.</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>Il disco è pieno. Libera spazio o scegli un&apos;altra cartella.</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>La cartella delle registrazioni non c&apos;è più, e con essa la registrazione.</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>Pevrix non può scrivere nella cartella %1.</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>Non è stato possibile continuare a scrivere il video. Quanto registrato fin lì è salvato.</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>Non è possibile scrivere lì il video. Scegli un&apos;altra cartella o riavvia Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>Pronto</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 fps · %2 ms</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>Richiede il servizio usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>Ignora</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>Telefono in pausa (nessun video)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>In attesa del video…</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>Apri l&apos;app Pevrix sul telefono per continuare. Fino ad allora le app vedono un&apos;immagine di attesa.</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>Tieni aperta l&apos;app Pevrix sul telefono.</translation>
     </message>
 </context>
 <context>

@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>読み取れない場合</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>LAN アドレスなし</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>このアドレスを Pevrix アプリに入力してください。または、ペアリング用リンクをコピーしてスマートフォンに送り、そこで開いてください。リンクを知っている人は誰でも接続できるため、他の人には渡さないでください。</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>コピーしました</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>ペアリング用リンクをコピー</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>通話アプリでカメラ「Pevrix」を選んでください。</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>通話アプリとブラウザーからは、まだ Pevrix カメラが見えません。</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>登録</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>ヒントを閉じる</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,18 +109,22 @@
     </message>
     <message>
         <source>Registered</source>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
         <translation>登録済み</translation>
     </message>
     <message>
         <source>Not registered</source>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
         <translation>未登録</translation>
     </message>
     <message>
         <source>Unregister</source>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
         <translation>登録を解除</translation>
     </message>
     <message>
         <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
         <translation>登録</translation>
     </message>
     <message>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>再生成</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>ペアリングコードを再生成</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>準備完了</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>カメラのライブラリがありません</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>PipeWire のカメラを使うアプリとブラウザーから Pevrix カメラが見えます。</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>どのアプリからも Pevrix カメラが見えません。Pevrix を再インストールしてください。</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>ペアリング済みのスマートフォンはすべて解除され、新しいコードの読み取りが必要になります。続けますか？</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>完了しました。新しいコードができました。ペアリング済みのスマートフォンは一度読み取ってください。</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>カメラを再開</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>映像なし</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>アプリを入手</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>ネットワークなし</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>準備できていません</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>スマートフォンはまだ接続できません</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>この PC はネットワークに接続されていません</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Wi-Fi に接続するか、LAN ケーブルを差し込んでください。USB ケーブルでつないだスマートフォンには不要です。</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>通話アプリとブラウザーからまだカメラが見えません</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Pevrix カメラを一度登録してください。管理者の許可が必要です。</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>登録</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>録画がスマートフォンを待っています (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>スマートフォンが戻ると続きます。</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>録画を停止</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>アプリには静止画が送られています。「カメラを再開」をクリックすると配信を再開します。</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>映像なし</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>待機中…</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>録画</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>録画を保存しました</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>録画が終了しました</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>録画を開始できませんでした</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>フォルダーに表示</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>フォルダーを選択</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>スマートフォンの映像サイズが変わったため終了しました。</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>ディスクがいっぱいです。それまでの録画は保存されています。</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>ディスクがいっぱいです。空きを増やすか、別のフォルダーを選んでください。</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>録画フォルダーがなくなり、録画も失われました。</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>Pevrix はフォルダー %1 に書き込めません。</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>動画の書き込みを続けられませんでした。それまでの録画は保存されています。</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>そこには動画を書き込めません。別のフォルダーを選ぶか、Pevrix を再起動してください。</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>準備完了</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 fps · %2 ms</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>usbmuxd サービスが必要です</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>スマートフォンが一時停止中 (映像なし)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>映像を待っています…</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>続けるには、スマートフォンで Pevrix アプリを開いてください。それまでアプリには待機画面が表示されます。</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>スマートフォンで Pevrix アプリを開いたままにしてください。</translation>
     </message>
 </context>
 <context>

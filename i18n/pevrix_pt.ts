@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>Não consegue escanear?</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>Nenhum endereço de LAN</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>Digite este endereço no aplicativo Pevrix. Ou copie o link de pareamento, envie-o ao celular e abra-o lá. Quem tem o link pode se conectar: não o compartilhe com ninguém.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>Copiar link de pareamento</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>Na chamada, escolha a câmera “Pevrix”.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>As chamadas e os navegadores ainda não encontram a câmera Pevrix.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Registrar</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>Ocultar a dica</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,18 +109,22 @@
     </message>
     <message>
         <source>Registered</source>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
         <translation>Registrada</translation>
     </message>
     <message>
         <source>Not registered</source>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
         <translation>Não registrada</translation>
     </message>
     <message>
         <source>Unregister</source>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
         <translation>Remover registro</translation>
     </message>
     <message>
         <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
         <translation>Registrar</translation>
     </message>
     <message>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>Gerar novo</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>Gerar novo código de pareamento</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Pronto</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>Falta a biblioteca da câmera</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>Os aplicativos e navegadores que usam as câmeras do PipeWire veem a câmera Pevrix.</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>Nenhum aplicativo vê a câmera Pevrix. Instale o Pevrix novamente.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>Todos os celulares pareados serão esquecidos e terão de ler o novo código. Continuar?</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>Pronto: há um novo código. Os celulares pareados precisam lê-lo uma vez.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Dispensar</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>Retomar a câmera</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>AGUARDANDO</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>SEM VÍDEO</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>Baixar o aplicativo</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>Sem rede</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>Não está pronto</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>Os celulares ainda não podem se conectar</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Tentar de novo</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>Este PC não está em uma rede</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Conecte-o ao Wi-Fi ou ligue um cabo de rede. Um celular com cabo USB não precisa disso.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>As chamadas e os navegadores ainda não encontram a câmera</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Registre a câmera Pevrix uma vez. Pede permissão de administrador.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Registrar</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>Uma gravação espera pelo celular (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>Ela continua quando o celular voltar.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Parar a gravação</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>Os aplicativos recebem uma imagem congelada. Clique em Retomar a câmera para transmitir de novo.</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>Sem vídeo</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>Aguardando…</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>Gravar</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>Gravação salva</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>A gravação terminou</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>A gravação não pôde começar</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostrar na pasta</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>Escolher pasta</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>Ela terminou porque a imagem do celular mudou de tamanho.</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>O disco está cheio. O que foi gravado até então está salvo.</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>O disco está cheio. Libere espaço ou escolha outra pasta.</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>A pasta de gravações não existe mais, nem a gravação.</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>O Pevrix não consegue gravar na pasta %1.</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>Não foi possível continuar a gravar o vídeo. O que foi gravado até então está salvo.</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>Não é possível gravar o vídeo ali. Escolha outra pasta ou reinicie o Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>Pronto</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 fps · %2 ms</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>Precisa do serviço usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>Dispensar</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>Celular em pausa (sem vídeo)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>Aguardando o vídeo…</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>Abra o aplicativo Pevrix no celular para continuar. Até lá, os aplicativos veem uma imagem de espera.</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>Mantenha o aplicativo Pevrix aberto no celular.</translation>
     </message>
 </context>
 <context>

@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>Не сканируется?</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>Нет адреса в сети</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>Введите этот адрес в приложении Pevrix. Или скопируйте ссылку для сопряжения, отправьте её на телефон и откройте там. Подключиться может любой, у кого есть ссылка: никому её не передавайте.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Скопировано</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>Скопировать ссылку</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>Выберите в звонке камеру «Pevrix».</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>Звонки и браузеры пока не видят камеру Pevrix.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Зарегистрировать</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>Скрыть подсказку</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,18 +109,22 @@
     </message>
     <message>
         <source>Registered</source>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
         <translation>Зарегистрирована</translation>
     </message>
     <message>
         <source>Not registered</source>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
         <translation>Не зарегистрирована</translation>
     </message>
     <message>
         <source>Unregister</source>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
         <translation>Отменить регистрацию</translation>
     </message>
     <message>
         <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
         <translation>Зарегистрировать</translation>
     </message>
     <message>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>Создать новый</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>Создать новый код подключения</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Готово</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>Нет библиотеки камеры</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>Камеру Pevrix видят приложения и браузеры, которые берут камеры у PipeWire.</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>Приложения не видят камеру Pevrix. Переустановите Pevrix.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>Все сопряжённые телефоны будут забыты, им придётся сканировать новый код. Продолжить?</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>Готово: создан новый код. Сопряжённым телефонам нужно отсканировать его ещё раз.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Скрыть</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>Включить камеру снова</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>ОЖИДАНИЕ</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>НЕТ ВИДЕО</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>Скачать приложение</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>Нет сети</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>Не готово</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>Телефоны по-прежнему не могут подключиться</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Повторить</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>Этот ПК не подключён к сети</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Подключите его к Wi-Fi или вставьте сетевой кабель. Телефону на USB-кабеле сеть не нужна.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>Звонки и браузеры пока не видят камеру</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Зарегистрируйте камеру Pevrix один раз. Нужны права администратора.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Зарегистрировать</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>Запись ждёт телефон (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>Она продолжится, когда телефон вернётся.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Остановить запись</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>Приложения получают застывший кадр. Нажмите «Включить камеру снова», чтобы продолжить трансляцию.</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>Нет видео</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>Ожидание…</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>Записать</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>Запись сохранена</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>Запись прервана</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>Не удалось начать запись</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Показать в папке</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>Выбрать папку</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>Она завершена, потому что размер изображения с телефона изменился.</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>Диск заполнен. Всё записанное до этого сохранено.</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>Диск заполнен. Освободите место или выберите другую папку.</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>Папка записей исчезла, а с ней и запись.</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>Pevrix не может записывать в папку %1.</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>Не удалось продолжить запись видео. Всё записанное до этого сохранено.</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>Записать видео туда не удаётся. Выберите другую папку или перезапустите Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>Готово</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 кадр/с · %2 мс</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>Нужна служба usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>Скрыть</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>Телефон на паузе (нет видео)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>Ожидание видео…</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>Чтобы продолжить, откройте приложение Pevrix на телефоне. До тех пор приложения видят заставку.</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>Не закрывайте приложение Pevrix на телефоне.</translation>
     </message>
 </context>
 <context>

@@ -32,6 +32,22 @@
         <source>Can&apos;t scan?</source>
         <translation>Tarayamıyor musunuz?</translation>
     </message>
+    <message>
+        <source>No LAN address found</source>
+        <translation>LAN adresi bulunamadı</translation>
+    </message>
+    <message>
+        <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
+        <translation>Bu adresi Pevrix uygulamasına yazın. Ya da eşleştirme bağlantısını kopyalayın, telefonunuza gönderin ve orada açın. Bağlantıya sahip olan herkes bağlanabilir: kimseyle paylaşmayın.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopyalandı</translation>
+    </message>
+    <message>
+        <source>Copy pairing link</source>
+        <translation>Eşleştirme bağlantısını kopyala</translation>
+    </message>
 </context>
 <context>
     <name>Announcer</name>
@@ -65,6 +81,27 @@
     </message>
 </context>
 <context>
+    <name>CallHint</name>
+    <message>
+        <source>In your call, choose the camera “Pevrix”.</source>
+        <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
+        <translation>Görüşmenizde “Pevrix” kamerasını seçin.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the Pevrix camera yet.</source>
+        <translation>Görüşmeler ve tarayıcılar Pevrix kamerasını henüz bulamıyor.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Sisteme ekle</translation>
+    </message>
+    <message>
+        <source>Dismiss the hint</source>
+        <translation>İpucunu kapat</translation>
+    </message>
+</context>
+<context>
     <name>CameraTab</name>
     <message>
         <source>CAMERA</source>
@@ -72,23 +109,27 @@
     </message>
     <message>
         <source>Registered</source>
-        <translation>Kayıtlı</translation>
+        <extracomment>Of the camera: Windows knows it.</extracomment>
+        <translation>Sisteme ekli</translation>
     </message>
     <message>
         <source>Not registered</source>
-        <translation>Kayıtlı değil</translation>
+        <extracomment>Of the camera: Windows does not know it.</extracomment>
+        <translation>Sisteme ekli değil</translation>
     </message>
     <message>
         <source>Unregister</source>
-        <translation>Kaydı sil</translation>
+        <extracomment>Button: Windows is to forget the camera.</extracomment>
+        <translation>Sistemden kaldır</translation>
     </message>
     <message>
         <source>Register</source>
-        <translation>Kaydet</translation>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Sisteme ekle</translation>
     </message>
     <message>
         <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
-        <translation>Kayıt sayesinde Zoom, Teams gibi uygulamalar ve tarayıcılar Pevrix kamerasını görür. Yönetici izni ister.</translation>
+        <translation>Sisteme eklendiğinde Zoom, Teams gibi uygulamalar ve tarayıcılar Pevrix kamerasını görür. Yönetici izni ister.</translation>
     </message>
     <message>
         <source>RECORDINGS</source>
@@ -116,6 +157,7 @@
     </message>
     <message>
         <source>Regenerate</source>
+        <extracomment>Button: makes a new pairing code.</extracomment>
         <translation>Yenile</translation>
     </message>
     <message>
@@ -145,6 +187,34 @@
     <message>
         <source>Regenerate the pairing code</source>
         <translation>Eşleştirme kodunu yenile</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Hazır</translation>
+    </message>
+    <message>
+        <source>Camera library missing</source>
+        <translation>Kamera kitaplığı eksik</translation>
+    </message>
+    <message>
+        <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
+        <translation>Kameralarını PipeWire&apos;dan alan uygulamalar ve tarayıcılar Pevrix kamerasını görür.</translation>
+    </message>
+    <message>
+        <source>No app can see the Pevrix camera. Install Pevrix again.</source>
+        <translation>Hiçbir uygulama Pevrix kamerasını göremiyor. Pevrix&apos;i yeniden kurun.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>İptal</translation>
+    </message>
+    <message>
+        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
+        <translation>Eşleştirilmiş tüm telefonlar unutulur ve yeni kodu taramaları gerekir. Devam edilsin mi?</translation>
+    </message>
+    <message>
+        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
+        <translation>Tamam: yeni bir kod var. Eşleştirilmiş telefonlar onu bir kez daha taramalı.</translation>
     </message>
 </context>
 <context>
@@ -238,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>Notice</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Kapat</translation>
+    </message>
+</context>
+<context>
     <name>OutputChip</name>
     <message>
         <source>Pause camera</source>
@@ -246,6 +323,16 @@
     <message>
         <source>Resume camera</source>
         <translation>Kamerayı sürdür</translation>
+    </message>
+    <message>
+        <source>WAITING</source>
+        <extracomment>On a small chip, in capitals: the first picture is awaited.</extracomment>
+        <translation>BEKLİYOR</translation>
+    </message>
+    <message>
+        <source>NO VIDEO</source>
+        <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
+        <translation>GÖRÜNTÜ YOK</translation>
     </message>
 </context>
 <context>
@@ -290,6 +377,56 @@
         <source>Get the app</source>
         <translation>Uygulamayı edinin</translation>
     </message>
+    <message>
+        <source>No network</source>
+        <translation>Ağ yok</translation>
+    </message>
+    <message>
+        <source>Not ready</source>
+        <extracomment>Of the program: phones cannot connect.</extracomment>
+        <translation>Hazır değil</translation>
+    </message>
+    <message>
+        <source>Phones still cannot connect</source>
+        <translation>Telefonlar hâlâ bağlanamıyor</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Yeniden dene</translation>
+    </message>
+    <message>
+        <source>This PC is not on a network</source>
+        <translation>Bu bilgisayar bir ağda değil</translation>
+    </message>
+    <message>
+        <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <translation>Onu Wi-Fi ağınıza bağlayın ya da bir ağ kablosu takın. USB kablolu telefon ağ olmadan da çalışır.</translation>
+    </message>
+    <message>
+        <source>Calls and browsers do not find the camera yet</source>
+        <translation>Görüşmeler ve tarayıcılar kamerayı henüz bulamıyor</translation>
+    </message>
+    <message>
+        <source>Register the Pevrix camera once. Asks for admin.</source>
+        <translation>Pevrix kamerasını bir kez sisteme ekleyin. Yönetici izni ister.</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <extracomment>Button: makes the camera known to Windows.</extracomment>
+        <translation>Sisteme ekle</translation>
+    </message>
+    <message>
+        <source>A recording waits for its phone (%1)</source>
+        <translation>Bir kayıt telefonunu bekliyor (%1)</translation>
+    </message>
+    <message>
+        <source>It goes on when the phone is back.</source>
+        <translation>Telefon geri gelince sürer.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Kaydı durdur</translation>
+    </message>
 </context>
 <context>
     <name>PausedOverlay</name>
@@ -300,6 +437,17 @@
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
         <translation>Uygulamalar donmuş bir kare alır. Yeniden yayınlamak için Kamerayı sürdür&apos;e tıklayın.</translation>
+    </message>
+</context>
+<context>
+    <name>PhoneCard</name>
+    <message>
+        <source>No video</source>
+        <translation>Görüntü yok</translation>
+    </message>
+    <message>
+        <source>Waiting…</source>
+        <translation>Bekliyor…</translation>
     </message>
 </context>
 <context>
@@ -325,6 +473,57 @@
     <message>
         <source>Record</source>
         <translation>Kaydet</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording saved</source>
+        <translation>Video kaydedildi</translation>
+    </message>
+    <message>
+        <source>The recording has ended</source>
+        <translation>Kayıt sona erdi</translation>
+    </message>
+    <message>
+        <source>The recording could not start</source>
+        <translation>Kayıt başlatılamadı</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Klasörde göster</translation>
+    </message>
+    <message>
+        <source>Choose folder</source>
+        <translation>Klasör seç</translation>
+    </message>
+    <message>
+        <source>It ended because the phone&apos;s picture has another size now.</source>
+        <translation>Telefonun görüntü boyutu değiştiği için sona erdi.</translation>
+    </message>
+    <message>
+        <source>The disk is full. What was recorded until then is saved.</source>
+        <translation>Disk dolu. O ana kadar kaydedilenler saklandı.</translation>
+    </message>
+    <message>
+        <source>The disk is full. Free some space or choose another folder.</source>
+        <translation>Disk dolu. Yer açın ya da başka bir klasör seçin.</translation>
+    </message>
+    <message>
+        <source>The recordings folder is gone, and the recording with it.</source>
+        <translation>Kayıt klasörü artık yok, kayıt da onunla gitti.</translation>
+    </message>
+    <message>
+        <source>Pevrix cannot write to the folder %1.</source>
+        <translation>Pevrix %1 klasörüne yazamıyor.</translation>
+    </message>
+    <message>
+        <source>The video could not be written any further. What was recorded until then is saved.</source>
+        <translation>Video yazılmaya devam edilemedi. O ana kadar kaydedilenler saklandı.</translation>
+    </message>
+    <message>
+        <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
+        <translation>Video oraya yazılamıyor. Başka bir klasör seçin ya da Pevrix&apos;i yeniden başlatın.</translation>
     </message>
 </context>
 <context>
@@ -380,6 +579,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of USB: phones on a cable can connect.</extracomment>
         <translation>Hazır</translation>
     </message>
     <message>
@@ -397,6 +597,11 @@
     <message>
         <source>%1 fps · %2 ms</source>
         <translation>%1 fps · %2 ms</translation>
+    </message>
+    <message>
+        <source>Needs the usbmuxd service</source>
+        <extracomment>usbmuxd is the name of a system service.</extracomment>
+        <translation>usbmuxd hizmeti gerekiyor</translation>
     </message>
 </context>
 <context>
@@ -435,6 +640,25 @@
     <message>
         <source>Dismiss</source>
         <translation>Kapat</translation>
+    </message>
+</context>
+<context>
+    <name>VideoOverlay</name>
+    <message>
+        <source>Phone paused (no video)</source>
+        <translation>Telefon duraklatıldı (görüntü yok)</translation>
+    </message>
+    <message>
+        <source>Waiting for video…</source>
+        <translation>Görüntü bekleniyor…</translation>
+    </message>
+    <message>
+        <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
+        <translation>Sürdürmek için telefonunuzda Pevrix uygulamasını açın. O zamana kadar uygulamalar bir bekleme görüntüsü görür.</translation>
+    </message>
+    <message>
+        <source>Keep the Pevrix app open on your phone.</source>
+        <translation>Telefonunuzda Pevrix uygulamasını açık tutun.</translation>
     </message>
 </context>
 <context>

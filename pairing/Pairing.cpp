@@ -1,6 +1,5 @@
 #include "pairing/Pairing.h"
 
-#include "pairing/LanEndpoints.h"
 #include "pairing/PairingToken.h"
 #include "pairing/PairingUri.h"
 #include "pairing/QrImage.h"
@@ -18,7 +17,8 @@ PairingInfo describePairing(const QString& token, const QString& hostName,
                      .pcName = hostName,
                      .addressText = endpoints.value(0, u"No LAN address found"_s),
                      .uri = {},
-                     .qrDataUrl = {}};
+                     .qrDataUrl = {},
+                     .endpoints = endpoints};
     QStringList shownEndpoints = endpoints;
     if (captureMode) {
         info.pcName = u"DESKTOP-PEVRIX"_s;
@@ -31,12 +31,24 @@ PairingInfo describePairing(const QString& token, const QString& hostName,
     return info;
 }
 
-PairingInfo refreshPairing(const QString& tokenFolder, quint16 port, bool captureMode)
+PairingInfo refreshPairing(const QString& tokenFolder, quint16 port, bool captureMode,
+                           const EndpointFinder& findEndpoints)
 {
     const QString token = makePairingToken();
     writeTokenFile(tokenFolder, token);
-    return describePairing(token, QHostInfo::localHostName(), findLanEndpoints(port), port,
+    return describePairing(token, QHostInfo::localHostName(), findEndpoints(port), port,
                            captureMode);
+}
+
+std::optional<PairingInfo> moveToPresentAddresses(const PairingInfo& pairing, quint16 port,
+                                                  bool captureMode,
+                                                  const EndpointFinder& findEndpoints)
+{
+    const QStringList endpoints = findEndpoints(port);
+    if (endpoints == pairing.endpoints) {
+        return std::nullopt;
+    }
+    return describePairing(pairing.token, QHostInfo::localHostName(), endpoints, port, captureMode);
 }
 
 } // namespace pevrix

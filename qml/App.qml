@@ -24,6 +24,7 @@ QtObject {
     readonly property string pairAddress: controller.pairAddress
     readonly property string pcName: controller.pcName
     readonly property int port: controller.port
+    readonly property bool started: controller.status !== "Idle" // what it says before it has begun
     readonly property int fps: controller.fps
     readonly property int decodeMs: controller.decodeMs
     readonly property bool osDark: controller.osDark
@@ -32,6 +33,15 @@ QtObject {
     readonly property bool usbAvailable: controller.usbAvailable
     readonly property bool firewallBlocked: controller.firewallBlocked
     readonly property string appVersion: controller.appVersion
+
+    // Of the active phone: "" without one, "waiting" for its first picture, "stalled" or "flowing".
+    readonly property string videoState: !phoneConnected ? "" : controller.videoWaiting ? "waiting"
+                                         : controller.videoStalled ? "stalled" : "flowing"
+    readonly property bool hasLanAddress: pairAddress !== "No LAN address found"
+    // Elsewhere than on Linux a camera is registered, and phones on a cable need the maker's service.
+    readonly property bool onLinux: controller.platform === "linux"
+    readonly property bool trustsPhones: controller.trustsPhones ?? false
+    readonly property bool cameraNeedsRegistration: controller.cameraNeedsRegistration ?? true
 
     readonly property bool updateAvailable: updates.available
     readonly property string latestVersion: updates.latestVersion
@@ -50,6 +60,8 @@ QtObject {
     function openRecordingsFolder(): void { controller.openRecordingsFolder() }
     function setThemeMode(mode: int): void { controller.setThemeMode(mode) }
     function setMinimizeToTray(on: bool): void { controller.minimizeToTray = on }
+    function start(): void { controller.start() }
+    function copyPairingLink(): void { controller.copyPairingLink() }
     function regeneratePairing(): void { controller.regeneratePairing() }
     function registerCamera(): void { controller.registerCamera() }
     function unregisterCamera(): void { controller.unregisterCamera() }

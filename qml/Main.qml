@@ -67,7 +67,8 @@ Window {
         openDialog(view)
     }
 
-    // "settings", "language" or "addphone"; any other name opens nothing.
+    // "settings", "recordings" (of the settings), "language" or "addphone"; any other name opens
+    // nothing.
     function openDialog(name: string): void {
         dialogs.active = true
         dialogAsked(name)
@@ -137,11 +138,28 @@ Window {
         value: root.contrast
     }
 
+    Binding {
+        target: Motion
+        property: "still"
+        value: root.captureMode || SystemPreferences.lessMotion
+    }
+
+    // Nobody sees the pictures of a window that is hidden: they are not even looked at.
     Connections {
         target: App.controller
+        enabled: root.visibility !== Window.Hidden && root.visibility !== Window.Minimized
 
         function onFrameReady(image: var): void {
             liveView.setFrame(image)
+        }
+    }
+
+    Connections {
+        target: App.controller
+        ignoreUnknownSignals: true
+
+        function onRecordingEnded(outcome: string, started: bool, path: string, seconds: int): void {
+            notice.report(outcome, started, path, seconds)
         }
     }
 
@@ -219,13 +237,19 @@ Window {
                 anchors.fill: parent
                 visible: !root.onLive
                 enabled: visible // hidden, neither view must keep the focus
+                covered: dialogs.anyShown
                 qrDataUrl: App.qrDataUrl
                 pairAddress: App.pairAddress
                 pcName: App.pcName
-                listening: App.port !== 0
+                listening: App.port !== 0 || !App.started
                 firewallBlocked: App.firewallBlocked
                 appUrl: App.siteUrl + "/app"
+                unregistered: visible && App.cameraNeedsRegistration && !App.isCameraRegistered()
+                recordingClock: App.recording ? root.recClock : ""
                 onAllowClicked: App.allowThroughFirewall()
+                onRegisterClicked: App.registerCamera()
+                onRetryClicked: App.start()
+                onStopRecordingClicked: App.toggleRecording()
             }
 
             LiveView {
@@ -242,6 +266,31 @@ Window {
             }
         }
 
+        // Made with the first notice. Above the strip of phones, so that it hides no control.
+        Loader {
+            id: notice
+
+            anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom }
+            anchors.bottomMargin: root.onLive ? liveView.bottomBarHeight + 40 : 16
+            width: Math.min(parent.width - 56, 440)
+            active: false
+            source: "RecordingNotice.qml"
+
+            function report(outcome: string, started: bool, path: string, seconds: int): void {
+                active = true
+                const notice = item as RecordingNotice
+                notice.report(outcome, started, path, seconds)
+            }
+
+            Connections {
+                target: notice.item as RecordingNotice
+
+                function onFolderWanted(): void {
+                    root.openDialog("recordings")
+                }
+            }
+        }
+
         // Made with the first dialog that is opened, so that the window appears sooner.
         Loader {
             id: dialogs
@@ -249,6 +298,8 @@ Window {
             anchors.fill: parent
             z: 200
             active: false
+            readonly property bool anyShown: (item as Dialogs)?.anyShown ?? false
+
             Component.onCompleted: setSource("Dialogs.qml", { window: root })
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/FileBrowser.h"
 #include "ui/FramePreview.h"
 #include "ui/PhoneModel.h"
 #include "ui/SoftShadow.h"
@@ -22,6 +23,14 @@ public:
     QString code; // "auto": the system's
     QString name;
     bool operator==(const Language&) const = default;
+};
+
+struct FileBrowserType
+{
+    Q_GADGET
+    QML_FOREIGN(pevrix::FileBrowser)
+    QML_NAMED_ELEMENT(FileBrowser)
+    QML_SINGLETON
 };
 
 struct FramePreviewType

@@ -39,7 +39,7 @@ Clickable {
         border.color: root.variant === "outline" ? Theme.accent
                       : root.variant === "danger" ? Theme.red : Theme.hair
 
-        Behavior on color { ColorAnimation { duration: 90 } }
+        Behavior on color { enabled: !Motion.still; ColorAnimation { duration: 90 } }
     }
 
     contentItem: ElidedText {
@@ -53,6 +53,6 @@ Clickable {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
 
-        Behavior on color { ColorAnimation { duration: 90 } }
+        Behavior on color { enabled: !Motion.still; ColorAnimation { duration: 90 } }
     }
 }

@@ -7,6 +7,7 @@ Rectangle {
     property bool pulsing: false // while the dot can be seen
     property real low: 0.3       // how far it fades
 
+    property real fade // of the pulse
     readonly property bool seen: visible && Window.visibility !== Window.Hidden
                                  && Window.visibility !== Window.Minimized
 
@@ -14,9 +15,10 @@ Rectangle {
     implicitHeight: 8
     radius: width / 2
     color: Theme.accent
+    opacity: Motion.still ? 1 : 1 - fade
 
-    Pulse on opacity {
+    Pulse on fade {
         low: root.low
-        running: root.pulsing && root.seen
+        running: root.pulsing && root.seen && !Motion.still
     }
 }

@@ -29,7 +29,7 @@ Rectangle {
         triggered()
     }
 
-    Behavior on color { ColorAnimation { duration: 80 } }
+    Behavior on color { enabled: !Motion.still; ColorAnimation { duration: 80 } }
 
     ElidedText {
         anchors {

@@ -1,6 +1,6 @@
 import QtQuick
 
-// Use as `Pulse on opacity`: fades down to `low` and back for as long as it runs.
+// Use as `Pulse on fade`: from nothing up to what is left above `low`, and back, for as long as it runs.
 SequentialAnimation {
     id: root
 
@@ -9,6 +9,6 @@ SequentialAnimation {
     loops: Animation.Infinite
     alwaysRunToEnd: true
 
-    NumberAnimation { to: root.low; duration: 700; easing.type: Easing.InOutQuad }
-    NumberAnimation { to: 1.0; duration: 700; easing.type: Easing.InOutQuad }
+    NumberAnimation { to: 1 - root.low; duration: 700; easing.type: Easing.InOutQuad }
+    NumberAnimation { to: 0; duration: 700; easing.type: Easing.InOutQuad }
 }

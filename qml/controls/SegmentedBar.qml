@@ -50,8 +50,8 @@ Rectangle {
         color: Theme.segment
         border.color: Theme.hair
 
-        Behavior on x { NumberAnimation { duration: 140; easing.type: Easing.OutCubic } }
-        Behavior on width { NumberAnimation { duration: 140; easing.type: Easing.OutCubic } }
+        Behavior on x { enabled: !Motion.still; NumberAnimation { duration: 140; easing.type: Easing.OutCubic } }
+        Behavior on width { enabled: !Motion.still; NumberAnimation { duration: 140; easing.type: Easing.OutCubic } }
     }
 
     Row {

@@ -19,7 +19,7 @@ Clickable {
         radius: 13
         color: root.on ? Theme.accentStrong : Theme.muted
 
-        Behavior on color { ColorAnimation { duration: 120 } }
+        Behavior on color { enabled: !Motion.still; ColorAnimation { duration: 120 } }
     }
 
     contentItem: Item {
@@ -31,7 +31,7 @@ Clickable {
             radius: 10
             color: Theme.knob
 
-            Behavior on x { NumberAnimation { duration: 120 } }
+            Behavior on x { enabled: !Motion.still; NumberAnimation { duration: 120 } }
         }
     }
 }

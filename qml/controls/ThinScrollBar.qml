@@ -19,8 +19,8 @@ T.ScrollBar {
             radius: width / 2
             color: root.pressed ? Theme.muted : Theme.hair
 
-            Behavior on width { NumberAnimation { duration: 120 } }
-            Behavior on color { ColorAnimation { duration: 120 } }
+            Behavior on width { enabled: !Motion.still; NumberAnimation { duration: 120 } }
+            Behavior on color { enabled: !Motion.still; ColorAnimation { duration: 120 } }
         }
     }
 }

@@ -14,7 +14,7 @@ Clickable {
         radius: Theme.rControl
         color: Qt.alpha(Theme.raisedHover, root.hovered ? 1 : 0)
 
-        Behavior on color { ColorAnimation { duration: 90 } }
+        Behavior on color { enabled: !Motion.still; ColorAnimation { duration: 90 } }
     }
 
     Hint {

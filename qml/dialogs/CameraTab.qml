@@ -7,8 +7,19 @@ Column {
     id: root
 
     readonly property bool registered: visible && App.isCameraRegistered() // asked while it is seen
+    readonly property bool registrable: App.cameraNeedsRegistration
+    property bool asking: false // whether to forget every phone
+    property bool regenerated: false
 
     spacing: 18
+
+    onVisibleChanged: asking = regenerated = false
+
+    function regenerate(): void {
+        App.regeneratePairing()
+        asking = false
+        regenerated = true
+    }
 
     Section {
         width: parent.width
@@ -19,13 +30,21 @@ Column {
 
             ElidedText {
                 Layout.fillWidth: true
-                text: root.registered ? qsTr("Registered") : qsTr("Not registered")
+                text: !root.registrable ? root.registered ? qsTr("Ready") : qsTr("Camera library missing")
+                      //: Of the camera: Windows knows it.
+                      : root.registered ? qsTr("Registered")
+                      //: Of the camera: Windows does not know it.
+                      : qsTr("Not registered")
             }
 
             AppButton {
                 size: Theme.btnHsm
+                visible: root.registrable
                 variant: root.registered ? "neutral" : "primary"
-                text: root.registered ? qsTr("Unregister") : qsTr("Register")
+                //: Button: Windows is to forget the camera.
+                text: root.registered ? qsTr("Unregister")
+                      //: Button: makes the camera known to Windows.
+                      : qsTr("Register")
                 Accessible.name: root.registered ? qsTr("Unregister the camera")
                                                  : qsTr("Register the camera")
                 onClicked: root.registered ? App.unregisterCamera() : App.registerCamera()
@@ -33,7 +52,10 @@ Column {
         }
 
         Note {
-            text: qsTr("Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.")
+            text: !root.registrable
+                  ? root.registered ? qsTr("Apps and browsers that take their cameras from PipeWire see the Pevrix camera.")
+                                    : qsTr("No app can see the Pevrix camera. Install Pevrix again.")
+                  : qsTr("Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.")
         }
     }
 
@@ -77,20 +99,46 @@ Column {
 
             Text {
                 text: "••••••••"
+                visible: !root.asking
                 color: Theme.muted
                 font.pixelSize: Theme.fsBody
                 Accessible.ignored: true
             }
 
             AppButton {
+                id: cancel
+
                 size: Theme.btnHsm
+                visible: root.asking
+                text: qsTr("Cancel")
+                onClicked: root.asking = false
+            }
+
+            AppButton {
+                objectName: "regenerate"
+                size: Theme.btnHsm
+                variant: root.asking ? "danger" : "neutral"
+                //: Button: makes a new pairing code.
                 text: qsTr("Regenerate")
                 Accessible.name: qsTr("Regenerate the pairing code")
-                onClicked: App.regeneratePairing()
+                onClicked: {
+                    if (root.asking || !App.trustsPhones) {
+                        root.regenerate()
+                    } else {
+                        root.regenerated = false
+                        root.asking = true
+                        cancel.forceActiveFocus() // so that a second press does no harm
+                    }
+                }
             }
         }
 
-        Note { text: qsTr("Regenerating makes the current QR stop working for new phones.") }
+        Note {
+            text: root.asking ? qsTr("All paired phones are forgotten and have to scan the new code. Go on?")
+                  : root.regenerated ? qsTr("Done: there is a new code. Phones that were paired scan it once more.")
+                  : qsTr("Regenerating makes the current QR stop working for new phones.")
+            color: root.asking || root.regenerated ? Theme.textc : Theme.muted
+        }
     }
 
     FolderDialog {

@@ -7,6 +7,7 @@ Item {
     id: root
 
     required property Main window // that they belong to
+    readonly property bool anyShown: settings.shown || language.shown || addPhone.shown
 
     Connections {
         target: root.window
@@ -14,6 +15,7 @@ Item {
         function onDialogAsked(name: string): void {
             switch (name) {
             case "settings": settings.open(); break
+            case "recordings": settings.openOn(1); break
             case "language": language.open(); break
             case "addphone": addPhone.open(); break
             }
@@ -22,6 +24,12 @@ Item {
 
     LazyDialog {
         id: settings
+
+        function openOn(tab: int): void {
+            open()
+            const dialog = item as SettingsDialog
+            dialog.tab = tab
+        }
 
         sourceComponent: SettingsDialog {
             objectName: "settings"

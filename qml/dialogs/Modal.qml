@@ -72,7 +72,7 @@ Item {
         theme: root.theme
     }
 
-    Behavior on opacity { NumberAnimation { duration: 130; easing.type: Easing.OutCubic } }
+    Behavior on opacity { enabled: !Motion.still; NumberAnimation { duration: 130; easing.type: Easing.OutCubic } }
 
     Shortcut {
         sequence: "Escape"
@@ -120,7 +120,7 @@ Item {
         Keys.onTabPressed: root.focusFirst()
         Keys.onBacktabPressed: root.focusLast()
 
-        Behavior on scale { NumberAnimation { duration: 130; easing.type: Easing.OutCubic } }
+        Behavior on scale { enabled: !Motion.still; NumberAnimation { duration: 130; easing.type: Easing.OutCubic } }
 
         MouseArea {
             anchors.fill: parent

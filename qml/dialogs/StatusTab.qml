@@ -3,9 +3,6 @@ import QtQuick.Layouts
 
 // Settings: how phones reach this PC, and how the video does.
 Column {
-    id: root
-
-
     spacing: 18
 
     Section {
@@ -32,8 +29,11 @@ Column {
             ElidedText {
                 Layout.maximumWidth: 280
                 Layout.rightMargin: 6
+                //: Of USB: phones on a cable can connect.
                 text: App.usbAvailable ? qsTr("Ready")
-                                            : qsTr("Needs iTunes or the Apple Devices app")
+                      //: usbmuxd is the name of a system service.
+                      : App.onLinux ? qsTr("Needs the usbmuxd service")
+                      : qsTr("Needs iTunes or the Apple Devices app")
                 color: Theme.muted
                 font.pixelSize: Theme.fsCaption
             }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 // The outline of a phone.
@@ -5,6 +7,8 @@ Rectangle {
     id: root
 
     required property color ink
+    property bool bars: false // on its screen: paused
+    property bool dots: false // on its screen: something is to come
 
     implicitWidth: 44
     implicitHeight: 62
@@ -19,5 +23,30 @@ Rectangle {
         height: 2
         radius: 1
         color: root.ink
+    }
+
+    PauseBars {
+        anchors.centerIn: parent
+        visible: root.bars
+        color: root.ink
+        barWidth: 3
+        barHeight: 11
+    }
+
+    Row {
+        anchors.centerIn: parent
+        visible: root.dots
+        spacing: 2
+
+        Repeater {
+            model: 3
+
+            Rectangle {
+                width: 3
+                height: 3
+                radius: 1.5
+                color: root.ink
+            }
+        }
     }
 }

@@ -6,8 +6,6 @@ import QtQuick
 Item {
     Column {
         anchors.centerIn: parent
-        spacing: 1
-
         Repeater {
             model: [9, 2, 6] // where each knob sits
 
@@ -17,10 +15,10 @@ Item {
                 required property int modelData
 
                 width: 14
-                height: 4
+                height: 5
 
                 Rectangle {
-                    y: 1.5
+                    y: 2
                     width: parent.width
                     height: 1
                     color: Theme.muted
@@ -28,9 +26,9 @@ Item {
 
                 Rectangle {
                     x: slider.modelData
-                    width: 4
-                    height: 4
-                    radius: 2
+                    width: 5
+                    height: 5
+                    radius: 2.5
                     color: Theme.muted
                 }
             }

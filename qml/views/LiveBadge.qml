@@ -13,9 +13,10 @@ Rectangle {
 
         anchors.centerIn: parent
         text: "LIVE"
+        renderType: Text.NativeRendering // hinted: eight pixels are few
         color: Theme.onVideoText
         font.pixelSize: 8
-        font.weight: Font.DemiBold
+        font.weight: Font.Bold
         font.letterSpacing: 0.5
     }
 }

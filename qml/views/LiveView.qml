@@ -7,7 +7,10 @@ Item {
     id: root
 
     required property string clock // how long the recording has lasted
+    readonly property string videoState: shownVideo.state
+    readonly property bool silent: videoState === "waiting" || videoState === "stalled"
     property alias renamingCard: rail.renamingCard
+    readonly property real bottomBarHeight: bottomBar.height
 
     signal addPhoneClicked()
     signal menuRequested(Item field, real sceneX, real sceneY)
@@ -15,6 +18,31 @@ Item {
 
     function setFrame(image: var): void {
         preview.setFrame(image)
+    }
+
+    // A picture that turns or another phone begins a stream anew, which takes a moment: that is not
+    // worth telling.
+    QtObject {
+        id: shownVideo
+
+        readonly property string now: App.videoState
+        property string state: now
+
+        onNowChanged: {
+            if (now === "waiting" && state === "flowing") {
+                patience.restart()
+            } else {
+                patience.stop()
+                state = now
+            }
+        }
+    }
+
+    Timer {
+        id: patience
+
+        interval: 300
+        onTriggered: shownVideo.state = shownVideo.now
     }
 
     PreviewPanel {
@@ -27,9 +55,17 @@ Item {
             rightMargin: 16
             bottomMargin: bottomBar.height + 16 + 12
         }
+        videoState: root.videoState
         outputEnabled: App.outputEnabled
         appConnected: App.appConnected
         onOutputToggled: App.toggleOutput()
+    }
+
+    CallHintPlace {
+        anchors { horizontalCenter: preview.horizontalCenter; bottom: preview.bottom; bottomMargin: 12 }
+        width: preview.width
+        height: 60
+        wanted: root.visible && root.videoState === "flowing" && App.live && App.outputEnabled
     }
 
     Column {
@@ -43,7 +79,10 @@ Item {
             height: 34
             spacing: Theme.sp2
 
-            Dot {}
+            Dot {
+                color: root.videoState === "stalled" ? Theme.amber
+                       : root.videoState === "waiting" ? Theme.faint : Theme.accent
+            }
 
             ElidedText {
                 Layout.fillWidth: true
@@ -55,7 +94,7 @@ Item {
                 objectName: "recordButton"
                 recording: App.recording
                 clock: root.clock
-                enabled: App.recording || (App.live && App.outputEnabled)
+                enabled: App.recording || (App.live && App.outputEnabled && !root.silent)
                 onClicked: App.toggleRecording()
             }
         }
@@ -64,6 +103,7 @@ Item {
             id: rail
 
             width: parent.width
+            videoState: root.videoState
             onAddPhoneClicked: root.addPhoneClicked()
             onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)
             onMenuAsked: field => root.menuAsked(field)

@@ -6,8 +6,17 @@ Clickable {
     id: root
 
     required property bool live // the output is not paused
+    property string videoState: "flowing" // or "waiting", "stalled"
 
-    readonly property color stateColor: live ? Theme.accent : Theme.amber
+    readonly property bool flowing: live && videoState !== "waiting" && videoState !== "stalled"
+    readonly property color stateColor: flowing ? Theme.accent
+                                        : live && videoState === "waiting" ? Theme.onVideoMuted
+                                        : Theme.amber
+    readonly property string stateText: !live ? "PAUSED" : flowing ? "LIVE"
+                                        //: On a small chip, in capitals: the first picture is awaited.
+                                        : videoState === "waiting" ? qsTr("WAITING")
+                                        //: On a small chip, in capitals: the phone sends no pictures.
+                                        : qsTr("NO VIDEO")
 
     implicitWidth: content.width + 22
     implicitHeight: 26
@@ -30,12 +39,12 @@ Clickable {
             Dot {
                 anchors.verticalCenter: parent.verticalCenter
                 color: root.stateColor
-                pulsing: root.live
+                pulsing: root.flowing
             }
 
             Text {
                 anchors.verticalCenter: parent.verticalCenter
-                text: root.live ? "LIVE" : "PAUSED"
+                text: root.stateText
                 color: Theme.onVideoText
                 font.pixelSize: Theme.fsSmall
                 font.weight: Font.DemiBold
@@ -43,7 +52,7 @@ Clickable {
 
             Item {
                 anchors.verticalCenter: parent.verticalCenter
-                width: 8
+                width: 9
                 height: 9
                 opacity: root.hovered ? 1 : 0.5
 
@@ -51,7 +60,7 @@ Clickable {
                     anchors.centerIn: parent
                     visible: root.live
                     color: Theme.onVideoText
-                    barWidth: 2.5
+                    barWidth: 3
                     barHeight: 9
                 }
 

@@ -11,10 +11,14 @@ Clickable {
     required property string deviceOs
     required property bool usb
     required property bool active
+    property string videoState: "flowing" // of the active phone; or "waiting", "stalled"
     property bool editing: false
 
     readonly property string system: deviceModel !== "" ? deviceModel : deviceOs
-    readonly property string subline: !usb ? system : system === "" ? "USB" : system + " · USB"
+    readonly property bool waiting: active && videoState === "waiting"
+    readonly property bool stalled: active && videoState === "stalled"
+    readonly property string subline: stalled ? qsTr("No video") : waiting ? qsTr("Waiting…")
+                                      : !usb ? system : system === "" ? "USB" : system + " · USB"
 
     signal activated()
     signal renamed(string name)
@@ -75,12 +79,14 @@ Clickable {
             anchors.horizontalCenter: parent.horizontalCenter
             y: 12
             ink: root.active ? Theme.accent : Theme.faint
+            bars: root.stalled
+            dots: root.waiting
         }
 
         LiveBadge {
             x: 7
             y: 7
-            visible: root.active
+            visible: root.active && !root.stalled && !root.waiting
         }
 
         ElidedText {
@@ -100,7 +106,7 @@ Clickable {
             y: 96
             width: parent.width - 16
             text: root.subline
-            color: Theme.muted
+            color: root.stalled ? Theme.textc : Theme.muted
             font.pixelSize: Theme.fsEyebrow
             horizontalAlignment: Text.AlignHCenter
         }

@@ -6,6 +6,7 @@ import QtQuick
 Flickable {
     id: root
 
+    required property string videoState // of the active phone
     property PhoneCard renamingCard: null
     readonly property Item focusItem: Window.activeFocusItem
 
@@ -51,6 +52,7 @@ Flickable {
                 id: card
 
                 active: phoneId === App.activeId
+                videoState: root.videoState
                 onActivated: App.setActive(phoneId)
                 onRenamed: name => App.renamePhone(phoneId, name)
                 onMenuRequested: (field, x, y) => root.menuRequested(field, x, y)

@@ -8,6 +8,7 @@ import QtQuick.Effects
 Item {
     id: root
 
+    required property string videoState // "flowing", "waiting" or "stalled"
     required property bool outputEnabled
     required property bool appConnected
 
@@ -54,6 +55,20 @@ Item {
             Accessible.name: qsTr("Live picture of the phone")
         }
 
+        // Made when the first phone is silent: most never are.
+        Loader {
+            anchors.fill: parent
+            active: silent || item !== null
+            visible: silent && root.outputEnabled
+
+            readonly property bool silent: root.videoState === "waiting" || root.videoState === "stalled"
+
+            sourceComponent: VideoOverlay {
+                objectName: "videoOverlay"
+                stalled: root.videoState === "stalled"
+            }
+        }
+
         PausedOverlay {
             anchors.fill: parent
             visible: !root.outputEnabled
@@ -66,6 +81,7 @@ Item {
         x: 12
         y: 12
         live: root.outputEnabled
+        videoState: root.videoState
         onClicked: root.outputToggled()
     }
 

@@ -46,4 +46,10 @@ Clickable {
             }
         }
     }
+
+    // The button itself shows the time by then.
+    Hint {
+        text: root.Accessible.name
+        shown: root.recording && root.hovered
+    }
 }

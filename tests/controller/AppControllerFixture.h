@@ -14,6 +14,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 namespace pevrix {
 
@@ -30,6 +31,12 @@ protected:
         ControllerOptions options = testOptions(m_folder.path(), usbPort);
         options.system = m_system;
         options.firewallInterval = m_firewallInterval;
+        if (m_endpoints) {
+            options.findEndpoints = [this](quint16) {
+                return *m_endpoints;
+            };
+            options.addressInterval = 50ms;
+        }
         return options;
     }
 
@@ -101,6 +108,7 @@ protected:
     QTemporaryDir m_folder;
     SystemFunctions m_system;
     std::chrono::milliseconds m_firewallInterval{10'000};
+    std::optional<QStringList> m_endpoints; // of this PC; none: its real ones
     std::unique_ptr<AppController> m_app;
     QSize m_imageSize; // of the last picture
 };

@@ -3,7 +3,11 @@
 #include "phone/Protocol.h"
 #include "tests/controller/AppControllerFixture.h"
 #include "tests/support/HostileNames.h"
+#include "tools/doubles/ThisProcess.h"
 
+#include <QClipboard>
+#include <QDir>
+#include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QUrl>
@@ -148,6 +152,95 @@ TEST_F(AppControllerTest, ForgetsPhonesButKeepsTheConnectedOne)
     EXPECT_EQ(stranger->refusal(), u"NEEDS_PAIR: Scan the QR to pair"_s);
     EXPECT_TRUE(waitForVideo()) << "the connected phone stays";
     EXPECT_EQ(m_app->activeId(), 1);
+}
+
+TEST_F(AppControllerTest, FollowsTheAddressesOfThePcWithTheSameToken)
+{
+    m_endpoints = QStringList();
+    startApp();
+    EXPECT_EQ(m_app->pairAddress(), u"No LAN address found"_s);
+    const QString firstToken = token();
+    const QString firstCode = m_app->qrDataUrl();
+    const auto simulated = wifiPhone();
+    ASSERT_TRUE(waitForPhones(1));
+    EXPECT_TRUE(m_app->trustsPhones());
+
+    m_endpoints = QStringList{u"10.0.0.5:8788"_s, u"192.168.1.7:8788"_s};
+    QSignalSpy changes(m_app.get(), &AppController::changed);
+    ASSERT_TRUE(waitUntil([&] { return m_app->pairAddress() == u"10.0.0.5:8788"_s; }));
+    EXPECT_GT(changes.size(), 0);
+    EXPECT_NE(m_app->qrDataUrl(), firstCode);
+    EXPECT_EQ(token(), firstToken);
+    EXPECT_TRUE(m_app->trustsPhones());
+    const auto second = wifiPhone({.deviceId = u"d2"_s}, nullptr, firstToken);
+    EXPECT_TRUE(waitForPhones(2));
+    m_app->copyPairingLink();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().endsWith(
+        u"&t=%1&h=10.0.0.5:8788,192.168.1.7:8788"_s.arg(firstToken)));
+}
+
+TEST_F(AppControllerTest, TellsWhetherVideoFlowsIsAwaitedOrStandsStill)
+{
+    startApp();
+    EXPECT_FALSE(m_app->videoWaiting());
+    const auto first = wifiPhone({.deviceId = u"d1"_s});
+    ASSERT_TRUE(waitForPhones(1));
+    EXPECT_TRUE(m_app->videoWaiting());
+    ASSERT_TRUE(waitForVideo());
+    EXPECT_FALSE(m_app->videoWaiting() || m_app->videoStalled());
+
+    first->setStalled(true);
+    ASSERT_TRUE(waitUntil([&] { return m_app->videoStalled(); }));
+    EXPECT_TRUE(m_app->live()) << "the stream has not ended";
+    first->setStalled(false);
+    ASSERT_TRUE(waitForVideo());
+    EXPECT_FALSE(m_app->videoStalled());
+
+    const auto second = wifiPhone({.deviceId = u"d2"_s});
+    second->setStalled(true);
+    ASSERT_TRUE(waitForPhones(2));
+    m_app->setActive(2);
+    EXPECT_TRUE(m_app->videoWaiting()) << "the first phone's pictures are not the second one's";
+}
+
+TEST_F(AppControllerTest, TellsHowEachRecordingWent)
+{
+    using Args = QVariantList;
+    startApp();
+    const auto simulated = wifiPhone();
+    ASSERT_TRUE(waitForVideo());
+    QSignalSpy ends(m_app.get(), &AppController::recordingEnded);
+    QFile inTheWay(path("file"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    m_app->setRecordingFolder(path("file"));
+    m_app->toggleRecording();
+    EXPECT_FALSE(m_app->recording());
+    ASSERT_EQ(ends.size(), 1);
+    EXPECT_EQ(ends.takeFirst().first(2), (Args{u"folderGone"_s, false}));
+
+    m_app->setRecordingFolder(path("clips"));
+    if (runsUnderWine()) {
+        GTEST_SKIP() << "Wine's sink writer cannot encode";
+    }
+    QStringList files;
+    for (int i = 0; i < 3; ++i) { // most likely within one second
+        m_app->toggleRecording();
+        ASSERT_TRUE(waitForVideo());
+        m_app->toggleRecording();
+        ASSERT_EQ(ends.size(), 1);
+        const Args end = ends.takeFirst();
+        EXPECT_EQ(end.first(3), (Args{u"saved"_s, true, m_app->lastRecordingPath()}));
+        EXPECT_TRUE(QFile::exists(end[2].toString()));
+        EXPECT_FALSE(files.contains(end[2].toString())) << "an earlier one was overwritten";
+        files += end[2].toString();
+    }
+
+    m_app->toggleRecording();
+    ASSERT_TRUE(waitForVideo());
+    ASSERT_TRUE(QDir(path("clips")).removeRecursively());
+    m_app->toggleRecording();
+    ASSERT_EQ(ends.size(), 1);
+    EXPECT_EQ(ends.takeFirst().first(2), (Args{u"folderGone"_s, true}));
 }
 
 TEST_F(AppControllerTest, ShowsNothingOfThisPcInCaptureMode)

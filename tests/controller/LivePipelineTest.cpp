@@ -362,14 +362,14 @@ TEST_F(LivePipelineTest, TellsOfARecordingWhoseFolderIsGone)
     startLive(true);
     ASSERT_TRUE(m_pipeline.startRecording(folder.filePath(u"a.mp4"_s)));
     ASSERT_TRUE(folder.remove());
-    std::vector<RecordingFailure> told;
-    QObject::connect(&m_pipeline, &LivePipeline::recordingFailed, &m_pipeline,
-                     [&](RecordingFailure failure) { told.push_back(failure); });
+    std::vector<RecordingReport::Outcome> told;
+    QObject::connect(&m_pipeline, &LivePipeline::recordingEnded, &m_pipeline,
+                     [&](const RecordingReport& report) { told.push_back(report.outcome); });
     EXPECT_TRUE(waitUntil([&] {
         feed(m_live, 0, 1);
         return !told.empty();
     }));
-    EXPECT_THAT(told, ElementsAre(RecordingFailure::FolderGone));
+    EXPECT_THAT(told, ElementsAre(RecordingReport::Outcome::FolderGone));
     EXPECT_FALSE(m_pipeline.isRecording());
 }
 

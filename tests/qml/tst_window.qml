@@ -35,6 +35,7 @@ WindowTestCase {
     function arrange(row) {
         controller.firewallBlocked = controller.outputEnabled = updater.available = true
         controller.recording = part("updateBar").dismissed = false
+        controller.pairAddress = "10.0.0.5:8788"
         updater.latestVersion = "1.2"
         if (row.live && !controller.phoneConnected) {
             controller.connectPhones()
@@ -57,7 +58,8 @@ WindowTestCase {
         const tabs = ["button Close", "tab General: Right", "tab Camera: Left Right",
                       "tab Status: Left Right", "tab About: Left"]
         return [
-            { tag: "pairing", controls: [...bar, "button Allow", "link Get the app"] },
+            { tag: "pairing", controls: [
+                ...bar, "button Allow", "button Can't scan?", "link Get the app"] },
             { tag: "live", live: true, controls: [
                 ...bar, "button Pause camera", "button Record", "choice Kitchen phone: F2",
                 "button Rename Kitchen phone", "choice Desk phone: F2", "button Rename Desk phone",
@@ -74,7 +76,7 @@ WindowTestCase {
                 "button Close", "choice System default", "choice English", "choice Français",
                 "choice Español", "choice Deutsch", "choice Italiano", "choice Português",
                 "choice Русский", "choice Türkçe", "choice 中文 (简体)", "choice 日本語"] },
-            { tag: "add phone", dialog: "addphone", controls: ["button Close"] }
+            { tag: "add phone", dialog: "addphone", controls: ["button Close", "button Can't scan?"] }
         ]
     }
 

@@ -7,8 +7,13 @@ command_gallery() {
     local theme
     for theme in dark light; do
         say "photographing the $theme theme"
-        in_environment xvfb-run -a -s '-screen 0 1280x1024x24' \
-            build/native/bin/pevrix_gallery --out docs/gallery --theme "$theme" ||
-            fail "not every picture of the $theme theme was taken" "mend the error above"
+        photograph --theme "$theme"
+        photograph --theme "$theme" --scale 2 --suffix -200 --views pairing,live,settings-camera
     done
+}
+
+photograph() {
+    in_environment xvfb-run -a -s '-screen 0 1280x1400x24' \
+        build/native/bin/pevrix_gallery --out docs/gallery "$@" ||
+        fail "not every picture was taken ($*)" "mend the error above"
 }

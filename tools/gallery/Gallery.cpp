@@ -15,8 +15,9 @@ namespace pevrix {
 
 namespace {
 
-// Longer than every animation of the interface: the pulse of a dot that has been stopped ends last.
-constexpr int kSettleMs = 1500;
+// Nothing moves in the pictures, but a few things appear only after a moment: a hint, the word that
+// video is awaited.
+constexpr int kSettleMs = 600;
 
 enum ThemeMode
 {
@@ -44,6 +45,8 @@ Gallery::~Gallery() = default;
 
 bool Gallery::load()
 {
+    // From the beginning, so that no pulse is under way.
+    m_engine.setInitialProperties({{u"captureMode"_s, true}});
     m_engine.load(QUrl(u"qrc:/qml/Main.qml"_s));
     m_window = qobject_cast<QQuickWindow*>(m_engine.rootObjects().value(0));
     if (m_window == nullptr) {
@@ -52,7 +55,6 @@ bool Gallery::load()
     m_views = make(u"Views"_s, {{u"window"_s, QVariant::fromValue<QObject*>(m_window)},
                                 {u"app"_s, QVariant::fromValue(m_app.get())},
                                 {u"updater"_s, QVariant::fromValue(m_updater.get())}});
-    m_window->setProperty("captureMode", true);
     m_window->resize(m_options.size);
     QMetaObject::invokeMethod(m_app.get(), "frameReady",
                               Q_ARG(QVariant, QVariant::fromValue(paintScene())));
@@ -64,11 +66,12 @@ QStringList Gallery::takePictures()
     QStringList failed;
     const QDir folder(m_options.folder);
     const QLatin1StringView theme = m_options.dark ? "dark"_L1 : "light"_L1;
-    const QStringList names = m_views->property("names").toStringList();
+    const QStringList names =
+        m_options.views.isEmpty() ? m_views->property("names").toStringList() : m_options.views;
     for (const QString& name : names) {
         QMetaObject::invokeMethod(m_views.get(), "arrange", Q_ARG(QString, name));
         QTest::qWait(kSettleMs);
-        const QString file = folder.filePath(name + u'-' + theme + ".png"_L1);
+        const QString file = folder.filePath(name + m_options.suffix + u'-' + theme + ".png"_L1);
         if (!folder.mkpath(u"."_s) || !m_window->grabWindow().save(file)) {
             failed.append(file);
         }

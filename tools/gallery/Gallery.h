@@ -20,6 +20,8 @@ public:
         QString folder;
         bool dark = true;
         QSize size;
+        QStringList views; // empty: all
+        QString suffix;    // of the files' names, before the theme
     };
 
     explicit Gallery(const Options& options);

@@ -24,11 +24,17 @@ QtObject {
     property bool usbAvailable
     property bool cameraRegistered
     property bool firewallBlocked
+    property bool videoWaiting
+    property bool videoStalled
+    property bool trustsPhones
+    property bool cameraNeedsRegistration
+    property string platform
     readonly property string appVersion: "1.1"
 
     property var calls: [] // "name argument argument" each
 
     signal frameReady(var image)
+    signal recordingEnded(string outcome, bool started, string path, int seconds)
 
     Component.onCompleted: reset()
 
@@ -36,7 +42,10 @@ QtObject {
     function reset(): void {
         phones = []
         phoneConnected = live = appConnected = recording = firewallBlocked = false
+        videoWaiting = videoStalled = trustsPhones = false
         outputEnabled = usbAvailable = cameraRegistered = osDark = minimizeToTray = true
+        cameraNeedsRegistration = true
+        platform = "winnt"
         activeId = themeMode = 0
         phoneName = ""
         recordingFolder = "/home/user/Videos/Pevrix"
@@ -88,6 +97,8 @@ QtObject {
         themeMode = mode
     }
 
+    function start(): void { note("start") }
+    function copyPairingLink(): void { note("copyPairingLink") }
     function openRecordingsFolder(): void { note("openRecordingsFolder") }
     function regeneratePairing(): void { note("regeneratePairing") }
     function registerCamera(): void { note("registerCamera") }

@@ -57,6 +57,8 @@ Options parseOptions(const QCoreApplication& application)
         {u"theme"_s, u"dark or light."_s, u"theme"_s, u"dark"_s},
         {u"lang"_s, u"Language of the interface."_s, u"code"_s, u"en"_s},
         {u"size"_s, u"Size of the window."_s, u"WxH"_s, u"540x640"_s},
+        {u"views"_s, u"Only these views, separated by commas."_s, u"names"_s},
+        {u"suffix"_s, u"Goes into the files' names, after the view's."_s, u"text"_s},
         {u"scale"_s, u"Pixels for each pixel of the window's size."_s, u"factor"_s, u"1"_s},
     });
     parser.process(application);
@@ -66,7 +68,11 @@ Options parseOptions(const QCoreApplication& application)
         std::fputs("pevrix_gallery: that is no size or no theme; see --help.\n", stderr);
         std::exit(EXIT_FAILURE);
     }
-    return {.gallery = {parser.value(u"out"_s), theme == "dark"_L1, *size},
+    return {.gallery = {.folder = parser.value(u"out"_s),
+                        .dark = theme == "dark"_L1,
+                        .size = *size,
+                        .views = parser.value(u"views"_s).split(u',', Qt::SkipEmptyParts),
+                        .suffix = parser.value(u"suffix"_s)},
             .language = parser.value(u"lang"_s)};
 }
 

@@ -1,0 +1,200 @@
+import QtQuick
+import QtTest
+import Pevrix
+import "qrc:/qml"
+
+// The window tells the truth about what it cannot do just now, and says what to do about it.
+WindowTestCase {
+    id: test
+
+    name: "States"
+
+    SignalSpy { id: swaps; target: test.window; signalName: "frameSwapped" }
+
+    function texts(item) {
+        return [...item.children].filter(child => child.visible)
+                                 .reduce((found, child) => found.concat(texts(child)),
+                                         item.text === undefined ? [] : [item.text])
+    }
+
+    function button(name, scope = window.contentItem) {
+        return controlsIn(scope).find(item => item.Accessible.name === name)
+    }
+
+    function says(text) {
+        return texts(window.contentItem).includes(text)
+    }
+
+    function test_aSilentPhoneIsShownAsSuch_data() {
+        return [
+            { tag: "waiting", chip: "WAITING", card: "Waiting…", overlay: "Waiting for video…" },
+            { tag: "stalled", chip: "NO VIDEO", card: "No video", overlay: "Phone paused (no video)" }
+        ]
+    }
+
+    function test_aSilentPhoneIsShownAsSuch(row) {
+        controller.connectPhones()
+        verify(texts(part("outputChip")).includes("LIVE"))
+        verify(part("recordButton").enabled)
+        controller.videoWaiting = row.tag === "waiting"
+        controller.videoStalled = row.tag === "stalled"
+        tryVerify(() => says(row.overlay))
+        verify(says(row.card))
+        verify(texts(part("outputChip")).includes(row.chip))
+        verify(!says("LIVE"))
+        verify(!part("recordButton").enabled)
+        controller.recording = true
+        verify(part("recordButton").enabled, "a recording can always be stopped")
+        controller.recording = false
+        controller.outputEnabled = false
+        verify(says("Camera output paused") && !says(row.overlay))
+        controller.outputEnabled = true
+        controller.videoWaiting = controller.videoStalled = false
+        verify(!says(row.overlay) && says("LIVE") && part("recordButton").enabled)
+    }
+
+    function test_everyEndOfARecordingIsTold_data() {
+        const file = "/videos/Pevrix_1.mp4"
+        return [
+            { tag: "saved", outcome: "saved", started: true, title: "Recording saved",
+              text: "Pevrix_1.mp4 · 3:07", action: "Show in folder" },
+            { tag: "folder gone", outcome: "folderGone", started: true,
+              title: "The recording has ended", action: "Choose folder" },
+            { tag: "disk full", outcome: "diskFull", started: true,
+              title: "The recording has ended", action: "Show in folder" },
+            { tag: "not to be written to", outcome: "folderGone", started: false,
+              title: "The recording could not start", action: "Choose folder",
+              text: "Pevrix cannot write to the folder /videos." },
+            { tag: "no encoder", outcome: "writeFailed", started: false,
+              title: "The recording could not start", action: "Choose folder" }
+        ].map(row => Object.assign(row, { file: file }))
+    }
+
+    function test_everyEndOfARecordingIsTold(row) {
+        controller.recordingEnded(row.outcome, row.started, row.file, 187)
+        const notice = part("notice")
+        verify(says(row.title))
+        verify(!row.text || says(row.text))
+        compare(controlsIn(notice).map(item => item.text)[0], row.action)
+        if (row.action === "Choose folder") {
+            mouseClick(button(row.action))
+            compare(part("settings").tab, 1)
+        } else {
+            mouseClick(button("Dismiss", notice))
+        }
+        verify(!notice.visible)
+    }
+
+    function test_withoutACameraThereIsNoCodeButAnotherTry() {
+        controller.port = 0
+        controller.qrDataUrl = controller.pairAddress = ""
+        verify(says("Not ready") && !says("Ready to pair") && !says("…"))
+        mouseClick(button("Try again"))
+        compare(controller.calls, ["start"])
+        verify(says("Phones still cannot connect"))
+        controller.port = 8788
+        verify(says("Ready to pair") && !button("Try again"))
+    }
+
+    function test_theAddressFollowsAndItsLackIsTold() {
+        controller.pairAddress = "No LAN address found"
+        i18n.setLanguage("de")
+        verify(says("Kein Netzwerk") && says("Keine LAN-Adresse gefunden"))
+        i18n.setLanguage("en")
+        controller.pairAddress = "10.0.0.5:8788"
+        verify(says("Ready to pair") && says("10.0.0.5:8788"))
+        mouseClick(button("Can't scan?"))
+        mouseClick(button("Copy pairing link"))
+        compare(controller.calls, ["copyPairingLink"])
+        verify(says("Copied"))
+    }
+
+    function test_anUnregisteredCameraIsToldWhereThereIsSuchAThing() {
+        controller.pairAddress = "10.0.0.5:8788"
+        verify(!button("Register"))
+        controller.cameraRegistered = false
+        mouseClick(button("Register"))
+        compare(controller.calls, ["registerCamera"])
+        controller.cameraNeedsRegistration = false
+        verify(!button("Register"))
+        open("settings").tab = 1
+        verify(!texts(window.contentItem).some(text => text.includes("egist")))
+        controller.platform = "linux"
+        controller.usbAvailable = false
+        part("settings").tab = 2
+        verify(!texts(window.contentItem).some(text => text.includes("iTunes")))
+    }
+
+    function test_aNewCodeIsAskedForOnlyWhereItForgetsPhones() {
+        open("settings").tab = 1
+        controller.trustsPhones = true
+        mouseClick(part("regenerate"))
+        compare(controller.calls, [])
+        mouseClick(button("Cancel"))
+        mouseClick(part("regenerate"))
+        keyClick(Qt.Key_Return) // goes to Cancel
+        compare(controller.calls, [])
+        mouseClick(part("regenerate"))
+        mouseClick(part("regenerate"))
+        compare(controller.calls, ["regeneratePairing"])
+        verify(texts(part("settings")).some(text => text.startsWith("Done")))
+        controller.trustsPhones = false
+        mouseClick(part("regenerate"))
+        compare(controller.calls.length, 2)
+    }
+
+    function test_theHintHowToUseTheCameraGoesForGoodOnceItIsUsed() {
+        controller.connectPhones()
+        const place = part("callHintPlace")
+        place.due = true
+        tryVerify(() => part("callHint") !== null)
+        controller.appConnected = true
+        tryVerify(() => part("callHint") === null)
+        controller.appConnected = false
+        verify(!place.seen)
+    }
+
+    function picture(width) {
+        let image = null
+        part("outputChip").grabToImage(result => image = result.image, Qt.size(width, 20))
+        tryVerify(() => image !== null)
+        return image
+    }
+
+    function test_aWindowThatNobodySeesTakesNoPicturesAndDrawsNothing_data() {
+        return [{ tag: "hidden", hide: () => window.hide() },
+                { tag: "minimised", hide: () => window.showMinimized() }]
+    }
+
+    function test_aWindowThatNobodySeesTakesNoPicturesAndDrawsNothing(row) {
+        controller.connectPhones()
+        const [wide, narrow] = [picture(64), picture(32)]
+        controller.frameReady(wide)
+        tryVerify(() => swaps.count > 0)
+        row.hide()
+        tryVerify(() => window.visibility === Window.Hidden || window.visibility === Window.Minimized)
+        wait(1500) // a pulse that is under way goes to its end
+        swaps.clear()
+        for (let i = 0; i < 20; ++i) {
+            controller.frameReady(i % 2 === 0 ? narrow : wide)
+            wait(10)
+        }
+        controller.frameReady(narrow)
+        compare(part("preview").frameSize, Qt.size(64, 20))
+        compare(swaps.count, 0)
+        window.showNormal()
+        controller.frameReady(narrow)
+        compare(part("preview").frameSize, Qt.size(32, 20))
+        tryVerify(() => swaps.count > 0)
+    }
+
+    function test_stillModeHoldsEveryPulse() {
+        window.captureMode = true
+        controller.connectPhones()
+        const dots = item => [...item.children].reduce((found, child) => found.concat(dots(child)),
+                                                       item.pulsing ? [item] : [])
+        verify(dots(window.contentItem).length > 0)
+        wait(400)
+        verify(dots(window.contentItem).every(dot => dot.opacity === 1))
+    }
+}
