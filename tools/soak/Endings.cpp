@@ -149,7 +149,7 @@ void Endings::fillTheDisk(const Build& build, int count)
         }
         QElapsedTimer clock;
         clock.start();
-        told += subject.awaitLog(u"the recording ended early"_s, 30s) ? 1 : 0;
+        told += subject.awaitLog(u"the recording lacks its end"_s, 30s) ? 1 : 0;
         const double recorded = secondsOf(clock);
         if (const auto playable = play(subject.recordings().value(0))) {
             ++playing;
