@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFont>
 #include <QGuiApplication>
+#include <QHashFunctions>
 #include <QImage>
 #include <QQmlContext>
 #include <QQuickWindow>
@@ -101,6 +102,8 @@ QStringList writeCards(const QString& folder)
 
 int main(int argc, char** argv)
 {
+    // The order of hashes decides where glyphs lie in their texture, and that how they are rounded.
+    QHashSeed::setDeterministicGlobalSeed();
     setScale(argc, argv);
     const QTemporaryDir settings; // the user's own are left alone
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
