@@ -4,6 +4,8 @@
 command_package() {
     local package
     build_preset native --target pevrix softcam
+    in_environment tools/dev/check-hardening build/native/bin/{pevrix,libsoftcam.so,libpevrix-ffmpeg.so} ||
+        fail "the program is not hardened" "see the message above"
     rm -f out/*.deb
     mkdir -p out
     say "packaging"

@@ -18,6 +18,9 @@ package_windows() {
         build/windows/package/side.bmp
     stage_camera "$stage"
     deploy_windows "$stage"
+    in_environment tools/dev/check-hardening "$stage"/{pevrix,pevrix-camsetup}.exe \
+        build/windows/bin/softcam.dll build/windows/bin/x86/softcam.dll ||
+        fail "the Windows program is not hardened" "see the message above"
     sign_ours "$stage"
     mkdir "$stage/licences"
     in_environment cp /usr/share/common-licenses/{GPL-3,LGPL-3} "$stage/licences/"
