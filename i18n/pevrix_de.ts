@@ -38,7 +38,7 @@
     </message>
     <message>
         <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
-        <translation>Geben Sie diese Adresse in der Pevrix-App ein. Oder kopieren Sie den Kopplungslink, senden Sie ihn an Ihr Telefon und öffnen Sie ihn dort. Wer den Link hat, kann sich verbinden: Geben Sie ihn niemandem.</translation>
+        <translation>Geben Sie diese Adresse in der Pevrix-App ein. Oder kopieren Sie den Kopplungslink, senden Sie ihn an Ihr Telefon und öffnen Sie ihn dort. Wer den Link hat, kann sich verbinden: Geben Sie ihn nicht weiter.</translation>
     </message>
     <message>
         <source>Copied</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>The recording has stopped by itself</source>
-        <translation>Die Aufnahme wurde von selbst beendet</translation>
+        <translation>Die Aufnahme wurde unerwartet beendet</translation>
     </message>
     <message>
         <source>Recording saved</source>
@@ -85,11 +85,11 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>Wählen Sie in Ihrem Anruf die Kamera „Pevrix“.</translation>
+        <translation>Wählen Sie im Videoanruf die Kamera „Pevrix“.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
-        <translation>Anrufe und Browser finden die Pevrix-Kamera noch nicht.</translation>
+        <translation>In Videoanrufen und Browsern fehlt die Pevrix-Kamera noch.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
-        <translation>Hier speichert die Schaltfläche Aufnehmen die .mp4-Dateien.</translation>
+        <translation>Hier speichert die Schaltfläche „Aufnehmen“ die .mp4-Dateien.</translation>
     </message>
     <message>
         <source>PAIRING</source>
@@ -162,7 +162,7 @@
     </message>
     <message>
         <source>Regenerating makes the current QR stop working for new phones.</source>
-        <translation>Danach gilt der bisherige QR-Code für neue Telefone nicht mehr.</translation>
+        <translation>Mit einem neuen Code gilt der bisherige QR-Code für neue Telefone nicht mehr.</translation>
     </message>
     <message>
         <source>Choose recordings folder</source>
@@ -194,11 +194,11 @@
     </message>
     <message>
         <source>Camera library missing</source>
-        <translation>Kamera-Bibliothek fehlt</translation>
+        <translation>Kamerabibliothek fehlt</translation>
     </message>
     <message>
         <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
-        <translation>Apps und Browser, die ihre Kameras von PipeWire bekommen, sehen die Pevrix-Kamera.</translation>
+        <translation>Apps und Browser, die Kameras über PipeWire verwenden, sehen die Pevrix-Kamera.</translation>
     </message>
     <message>
         <source>No app can see the Pevrix camera. Install Pevrix again.</source>
@@ -210,11 +210,11 @@
     </message>
     <message>
         <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Alle gekoppelten Telefone werden vergessen und müssen den neuen Code scannen. Fortfahren?</translation>
+        <translation>Alle gekoppelten Telefone werden entfernt und müssen den neuen Code scannen. Fortfahren?</translation>
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Fertig: Es gibt einen neuen Code. Gekoppelte Telefone müssen ihn einmal scannen.</translation>
+        <translation>Fertig: Es gibt einen neuen Code. Bisher gekoppelte Telefone müssen ihn scannen.</translation>
     </message>
 </context>
 <context>
@@ -272,7 +272,7 @@
     </message>
     <message>
         <source>Close to tray</source>
-        <translation>In den Infobereich schließen</translation>
+        <translation>Beim Schließen in den Infobereich</translation>
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
@@ -283,7 +283,7 @@
     <name>InUseChip</name>
     <message>
         <source>In use</source>
-        <translation>In Gebrauch</translation>
+        <translation>Wird verwendet</translation>
     </message>
 </context>
 <context>
@@ -396,19 +396,19 @@
     </message>
     <message>
         <source>This PC is not on a network</source>
-        <translation>Dieser PC ist in keinem Netzwerk</translation>
+        <translation>Dieser PC ist mit keinem Netzwerk verbunden</translation>
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
-        <translation>Verbinden Sie ihn mit Ihrem WLAN oder stecken Sie ein Netzwerkkabel ein. Ein Telefon am USB-Kabel geht auch so.</translation>
+        <translation>Verbinden Sie ihn mit Ihrem WLAN oder stecken Sie ein Netzwerkkabel ein. Ein Telefon am USB-Kabel funktioniert auch ohne Netzwerk.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the camera yet</source>
-        <translation>Anrufe und Browser finden die Kamera noch nicht</translation>
+        <translation>In Videoanrufen und Browsern fehlt die Kamera noch</translation>
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Registrieren Sie die Pevrix-Kamera einmal. Erfordert Administratorrechte.</translation>
+        <translation>Registrieren Sie die Pevrix-Kamera (nur einmal). Erfordert Administratorrechte.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -417,11 +417,11 @@
     </message>
     <message>
         <source>A recording waits for its phone (%1)</source>
-        <translation>Eine Aufnahme wartet auf ihr Telefon (%1)</translation>
+        <translation>Eine Aufnahme wartet auf das Telefon (%1)</translation>
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>Sie geht weiter, sobald das Telefon zurück ist.</translation>
+        <translation>Sie geht weiter, sobald das Telefon wieder verbunden ist.</translation>
     </message>
     <message>
         <source>Stop recording</source>
@@ -436,7 +436,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>Apps erhalten ein Standbild. Klicken Sie auf Kamera fortsetzen, um wieder zu senden.</translation>
+        <translation>Apps erhalten ein Standbild. Klicken Sie auf „Kamera fortsetzen“, um wieder zu senden.</translation>
     </message>
 </context>
 <context>
@@ -483,11 +483,11 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>Die Aufnahme wurde beendet</translation>
+        <translation>Die Aufnahme wurde abgebrochen</translation>
     </message>
     <message>
         <source>The recording could not start</source>
-        <translation>Die Aufnahme konnte nicht beginnen</translation>
+        <translation>Die Aufnahme konnte nicht gestartet werden</translation>
     </message>
     <message>
         <source>Show in folder</source>
@@ -499,31 +499,31 @@
     </message>
     <message>
         <source>It ended because the phone&apos;s picture has another size now.</source>
-        <translation>Sie endete, weil das Bild des Telefons jetzt eine andere Größe hat.</translation>
+        <translation>Sie wurde beendet, weil das Bild des Telefons jetzt eine andere Größe hat.</translation>
     </message>
     <message>
         <source>The disk is full. What was recorded until then is saved.</source>
-        <translation>Die Festplatte ist voll. Was bis dahin aufgenommen wurde, ist gespeichert.</translation>
+        <translation>Der Datenträger ist voll. Was bis dahin aufgenommen wurde, ist gespeichert.</translation>
     </message>
     <message>
         <source>The disk is full. Free some space or choose another folder.</source>
-        <translation>Die Festplatte ist voll. Schaffen Sie Platz oder wählen Sie einen anderen Ordner.</translation>
+        <translation>Der Datenträger ist voll. Schaffen Sie Platz oder wählen Sie einen anderen Ordner.</translation>
     </message>
     <message>
         <source>The recordings folder is gone, and the recording with it.</source>
-        <translation>Der Ordner für Aufnahmen ist nicht mehr da, und mit ihm die Aufnahme.</translation>
+        <translation>Der Ordner für Aufnahmen ist verschwunden, und mit ihm die Aufnahme.</translation>
     </message>
     <message>
         <source>Pevrix cannot write to the folder %1.</source>
-        <translation>Pevrix kann nicht in den Ordner %1 schreiben.</translation>
+        <translation>Pevrix kann im Ordner %1 nichts speichern.</translation>
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
-        <translation>Das Video ließ sich nicht weiter schreiben. Was bis dahin aufgenommen wurde, ist gespeichert.</translation>
+        <translation>Die Aufnahme konnte nicht fortgesetzt werden. Was bis dahin aufgenommen wurde, ist gespeichert.</translation>
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>Das Video lässt sich dort nicht schreiben. Wählen Sie einen anderen Ordner oder starten Sie Pevrix neu.</translation>
+        <translation>Das Video lässt sich dort nicht speichern. Wählen Sie einen anderen Ordner oder starten Sie Pevrix neu.</translation>
     </message>
 </context>
 <context>
@@ -560,7 +560,7 @@
     </message>
     <message>
         <source>About</source>
-        <translation>Über</translation>
+        <translation>Info</translation>
     </message>
 </context>
 <context>
@@ -584,7 +584,7 @@
     </message>
     <message>
         <source>Needs iTunes or the Apple Devices app</source>
-        <translation>Benötigt iTunes oder die App Apple-Geräte</translation>
+        <translation>Benötigt iTunes oder „Apple-Geräte“</translation>
     </message>
     <message>
         <source>DIAGNOSTICS</source>
@@ -601,7 +601,7 @@
     <message>
         <source>Needs the usbmuxd service</source>
         <extracomment>usbmuxd is the name of a system service.</extracomment>
-        <translation>Braucht den Dienst usbmuxd</translation>
+        <translation>Benötigt den Dienst usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -673,7 +673,7 @@
     </message>
     <message>
         <source>Pevrix - in use by an app</source>
-        <translation>Pevrix – von einer App verwendet</translation>
+        <translation>Pevrix – wird von einer App verwendet</translation>
     </message>
     <message>
         <source>Pause</source>

@@ -38,7 +38,7 @@
     </message>
     <message>
         <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
-        <translation>Escribe esta dirección en la aplicación Pevrix. O copia el enlace de emparejamiento, envíalo a tu teléfono y ábrelo allí. Quien tenga el enlace puede conectarse: no lo compartas con nadie.</translation>
+        <translation>Escribe esta dirección en la aplicación Pevrix. O copia el enlace de vinculación, envíalo a tu teléfono y ábrelo allí. Quien tenga el enlace podrá conectarse: no lo compartas con nadie.</translation>
     </message>
     <message>
         <source>Copied</source>
@@ -46,7 +46,7 @@
     </message>
     <message>
         <source>Copy pairing link</source>
-        <translation>Copiar enlace de emparejamiento</translation>
+        <translation>Copiar enlace de vinculación</translation>
     </message>
 </context>
 <context>
@@ -85,11 +85,11 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>En tu llamada, elige la cámara «Pevrix».</translation>
+        <translation>En la videollamada, elige la cámara «Pevrix».</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
-        <translation>Las llamadas y los navegadores aún no encuentran la cámara Pevrix.</translation>
+        <translation>Las videollamadas y los navegadores aún no ven la cámara Pevrix.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -98,7 +98,7 @@
     </message>
     <message>
         <source>Dismiss the hint</source>
-        <translation>Ocultar el consejo</translation>
+        <translation>Descartar la sugerencia</translation>
     </message>
 </context>
 <context>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
-        <translation>Al registrarla, las aplicaciones como Zoom o Teams y los navegadores ven la cámara Pevrix. Pide permisos de administrador.</translation>
+        <translation>Al registrar la cámara Pevrix, la ven las aplicaciones como Zoom o Teams y los navegadores. Requiere permisos de administrador.</translation>
     </message>
     <message>
         <source>RECORDINGS</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
-        <translation>Donde el botón Grabar guarda los archivos .mp4.</translation>
+        <translation>Carpeta donde el botón «Grabar» guarda los archivos .mp4.</translation>
     </message>
     <message>
         <source>PAIRING</source>
@@ -190,7 +190,7 @@
     </message>
     <message>
         <source>Ready</source>
-        <translation>Listo</translation>
+        <translation>Lista</translation>
     </message>
     <message>
         <source>Camera library missing</source>
@@ -198,7 +198,7 @@
     </message>
     <message>
         <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
-        <translation>Las aplicaciones y los navegadores que toman sus cámaras de PipeWire ven la cámara Pevrix.</translation>
+        <translation>Las aplicaciones y los navegadores que usan las cámaras de PipeWire ven la cámara Pevrix.</translation>
     </message>
     <message>
         <source>No app can see the Pevrix camera. Install Pevrix again.</source>
@@ -210,11 +210,11 @@
     </message>
     <message>
         <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Se olvidan todos los teléfonos emparejados, que deberán escanear el código nuevo. ¿Continuar?</translation>
+        <translation>Se olvidarán todos los teléfonos vinculados y tendrán que escanear el código nuevo. ¿Continuar?</translation>
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Listo: hay un código nuevo. Los teléfonos emparejados deben escanearlo una vez.</translation>
+        <translation>Listo: hay un código nuevo. Los teléfonos que estaban vinculados deben escanearlo.</translation>
     </message>
 </context>
 <context>
@@ -276,7 +276,7 @@
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
-        <translation>Pevrix sigue funcionando en el área de notificación al cerrar la ventana.</translation>
+        <translation>Pevrix sigue funcionando en la bandeja del sistema al cerrar la ventana.</translation>
     </message>
 </context>
 <context>
@@ -343,7 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
-        <translation>Falta la cámara de Pevrix, o la está usando otro Pevrix. Cierre el otro o vuelva a instalar Pevrix, y después ábralo de nuevo.</translation>
+        <translation>Falta la cámara Pevrix, o la está usando otro Pevrix. Cierra el otro o vuelve a instalar Pevrix, y después ábrelo de nuevo.</translation>
     </message>
     <message>
         <source>Windows is blocking Pevrix on this network</source>
@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>El teléfono no puede llegar a este PC hasta que lo permitas. Pide permisos de administrador.</translation>
+        <translation>Tu teléfono no podrá conectarse a este PC hasta que lo permitas. Requiere permisos de administrador.</translation>
     </message>
     <message>
         <source>Allow</source>
@@ -396,19 +396,19 @@
     </message>
     <message>
         <source>This PC is not on a network</source>
-        <translation>Este PC no está en ninguna red</translation>
+        <translation>Este PC no está conectado a ninguna red</translation>
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
-        <translation>Conéctalo a tu Wi-Fi o enchufa un cable de red. Un teléfono con cable USB no lo necesita.</translation>
+        <translation>Conéctalo a tu red Wi-Fi o enchufa un cable de red. Un teléfono conectado por cable USB no lo necesita.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the camera yet</source>
-        <translation>Las llamadas y los navegadores aún no encuentran la cámara</translation>
+        <translation>Las videollamadas y los navegadores aún no ven la cámara</translation>
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Registra una vez la cámara Pevrix. Pide permisos de administrador.</translation>
+        <translation>Registra la cámara Pevrix (solo una vez). Requiere permisos de administrador.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -421,7 +421,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>Sigue cuando vuelva el teléfono.</translation>
+        <translation>Continuará cuando vuelva el teléfono.</translation>
     </message>
     <message>
         <source>Stop recording</source>
@@ -432,11 +432,11 @@
     <name>PausedOverlay</name>
     <message>
         <source>Camera output paused</source>
-        <translation>Salida de la cámara en pausa</translation>
+        <translation>Cámara en pausa</translation>
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>Las aplicaciones reciben una imagen congelada. Haz clic en Reanudar la cámara para volver a emitir.</translation>
+        <translation>Las aplicaciones reciben una imagen congelada. Haz clic en «Reanudar la cámara» para volver a emitir.</translation>
     </message>
 </context>
 <context>
@@ -483,11 +483,11 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>La grabación ha terminado</translation>
+        <translation>La grabación se ha detenido</translation>
     </message>
     <message>
         <source>The recording could not start</source>
-        <translation>La grabación no pudo empezar</translation>
+        <translation>No se ha podido iniciar la grabación</translation>
     </message>
     <message>
         <source>Show in folder</source>
@@ -499,11 +499,11 @@
     </message>
     <message>
         <source>It ended because the phone&apos;s picture has another size now.</source>
-        <translation>Terminó porque la imagen del teléfono ha cambiado de tamaño.</translation>
+        <translation>Se ha detenido porque la imagen del teléfono ha cambiado de tamaño.</translation>
     </message>
     <message>
         <source>The disk is full. What was recorded until then is saved.</source>
-        <translation>El disco está lleno. Lo grabado hasta entonces está guardado.</translation>
+        <translation>El disco está lleno. Lo grabado hasta ese momento se ha guardado.</translation>
     </message>
     <message>
         <source>The disk is full. Free some space or choose another folder.</source>
@@ -511,7 +511,7 @@
     </message>
     <message>
         <source>The recordings folder is gone, and the recording with it.</source>
-        <translation>La carpeta de grabaciones ya no está, ni tampoco la grabación.</translation>
+        <translation>La carpeta de grabaciones ya no existe, y la grabación tampoco.</translation>
     </message>
     <message>
         <source>Pevrix cannot write to the folder %1.</source>
@@ -519,11 +519,11 @@
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
-        <translation>No se pudo seguir escribiendo el vídeo. Lo grabado hasta entonces está guardado.</translation>
+        <translation>No se ha podido continuar la grabación. Lo grabado hasta ese momento se ha guardado.</translation>
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>No se puede escribir el vídeo ahí. Elige otra carpeta o reinicia Pevrix.</translation>
+        <translation>No se puede guardar el vídeo ahí. Elige otra carpeta o reinicia Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -544,7 +544,7 @@
     <name>SettingsDialog</name>
     <message>
         <source>Settings</source>
-        <translation>Ajustes</translation>
+        <translation>Configuración</translation>
     </message>
     <message>
         <source>General</source>
@@ -601,14 +601,14 @@
     <message>
         <source>Needs the usbmuxd service</source>
         <extracomment>usbmuxd is the name of a system service.</extracomment>
-        <translation>Necesita el servicio usbmuxd</translation>
+        <translation>Requiere el servicio usbmuxd</translation>
     </message>
 </context>
 <context>
     <name>TitleBar</name>
     <message>
         <source>Settings</source>
-        <translation>Ajustes</translation>
+        <translation>Configuración</translation>
     </message>
     <message>
         <source>Minimize</source>

@@ -23,14 +23,14 @@
     </message>
     <message>
         <source>Scan this code with the Pevrix app on another phone.</source>
-        <translation>Scannez ce code avec l&apos;application Pevrix sur un autre téléphone.</translation>
+        <translation>Scannez ce code avec l’application Pevrix sur un autre téléphone.</translation>
     </message>
 </context>
 <context>
     <name>AddressRow</name>
     <message>
         <source>Can&apos;t scan?</source>
-        <translation>Impossible de scanner ?</translation>
+        <translation>Impossible de scanner&#xa0;?</translation>
     </message>
     <message>
         <source>No LAN address found</source>
@@ -38,7 +38,7 @@
     </message>
     <message>
         <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
-        <translation>Saisissez cette adresse dans l&apos;application Pevrix. Ou copiez le lien d&apos;association, envoyez-le à votre téléphone et ouvrez-le là. Toute personne qui a le lien peut se connecter&#xa0;: ne le donnez à personne.</translation>
+        <translation>Saisissez cette adresse dans l’application Pevrix. Ou copiez le lien d’association et envoyez-le à votre téléphone pour l’y ouvrir. Toute personne qui a le lien peut se connecter&#xa0;: ne le partagez avec personne.</translation>
     </message>
     <message>
         <source>Copied</source>
@@ -46,7 +46,7 @@
     </message>
     <message>
         <source>Copy pairing link</source>
-        <translation>Copier le lien d&apos;association</translation>
+        <translation>Copier le lien d’association</translation>
     </message>
 </context>
 <context>
@@ -73,11 +73,11 @@
     </message>
     <message>
         <source>The recording has stopped by itself</source>
-        <translation>L&apos;enregistrement s&apos;est arrêté de lui-même</translation>
+        <translation>L’enregistrement s’est arrêté de lui-même</translation>
     </message>
     <message>
         <source>Recording saved</source>
-        <translation>Enregistrement terminé et conservé</translation>
+        <translation>Vidéo enregistrée</translation>
     </message>
 </context>
 <context>
@@ -85,11 +85,11 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>Dans votre appel, choisissez la caméra «&#xa0;Pevrix&#xa0;».</translation>
+        <translation>Dans votre appel vidéo, choisissez la caméra «&#xa0;Pevrix&#xa0;».</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
-        <translation>Les appels et les navigateurs ne trouvent pas encore la caméra Pevrix.</translation>
+        <translation>Les appels vidéo et les navigateurs ne voient pas encore la caméra Pevrix.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
-        <translation>Une fois installée, la caméra Pevrix est visible dans les applications comme Zoom ou Teams et dans les navigateurs. Demande les droits d&apos;administrateur.</translation>
+        <translation>Une fois installée, la caméra Pevrix est visible dans les applications comme Zoom ou Teams et dans les navigateurs. Droits d’administrateur requis.</translation>
     </message>
     <message>
         <source>RECORDINGS</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
-        <translation>Où le bouton Enregistrer place les fichiers .mp4.</translation>
+        <translation>Où le bouton «&#xa0;Enregistrer&#xa0;» place les fichiers .mp4.</translation>
     </message>
     <message>
         <source>PAIRING</source>
@@ -162,7 +162,7 @@
     </message>
     <message>
         <source>Regenerating makes the current QR stop working for new phones.</source>
-        <translation>Après régénération, le QR actuel ne fonctionne plus pour de nouveaux téléphones.</translation>
+        <translation>Après régénération, le code QR actuel ne fonctionne plus pour de nouveaux téléphones.</translation>
     </message>
     <message>
         <source>Choose recordings folder</source>
@@ -170,11 +170,11 @@
     </message>
     <message>
         <source>Unregister the camera</source>
-        <translation>Désinscrire la caméra</translation>
+        <translation>Désinstaller la caméra</translation>
     </message>
     <message>
         <source>Register the camera</source>
-        <translation>Inscrire la caméra</translation>
+        <translation>Installer la caméra</translation>
     </message>
     <message>
         <source>Open the recordings folder</source>
@@ -186,11 +186,11 @@
     </message>
     <message>
         <source>Regenerate the pairing code</source>
-        <translation>Régénérer le code d&apos;association</translation>
+        <translation>Régénérer le code d’association</translation>
     </message>
     <message>
         <source>Ready</source>
-        <translation>Prêt</translation>
+        <translation>Prête</translation>
     </message>
     <message>
         <source>Camera library missing</source>
@@ -198,7 +198,7 @@
     </message>
     <message>
         <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
-        <translation>Les applications et navigateurs qui reçoivent leurs caméras de PipeWire voient la caméra Pevrix.</translation>
+        <translation>Les applications et navigateurs qui utilisent les caméras de PipeWire voient la caméra Pevrix.</translation>
     </message>
     <message>
         <source>No app can see the Pevrix camera. Install Pevrix again.</source>
@@ -214,7 +214,7 @@
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>C&apos;est fait&#xa0;: il y a un nouveau code. Les téléphones associés doivent le scanner une fois.</translation>
+        <translation>C’est fait&#xa0;: il y a un nouveau code. Les téléphones déjà associés doivent le scanner.</translation>
     </message>
 </context>
 <context>
@@ -264,7 +264,7 @@
     </message>
     <message>
         <source>Language: %1</source>
-        <translation>Langue : %1</translation>
+        <translation>Langue&#xa0;: %1</translation>
     </message>
     <message>
         <source>WINDOW</source>
@@ -272,7 +272,7 @@
     </message>
     <message>
         <source>Close to tray</source>
-        <translation>Fermer vers la zone de notification</translation>
+        <translation>Fermer dans la zone de notification</translation>
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
@@ -322,7 +322,7 @@
     </message>
     <message>
         <source>Resume camera</source>
-        <translation>Reprendre la caméra</translation>
+        <translation>Réactiver la caméra</translation>
     </message>
     <message>
         <source>WAITING</source>
@@ -332,7 +332,7 @@
     <message>
         <source>NO VIDEO</source>
         <extracomment>On a small chip, in capitals: the phone sends no pictures.</extracomment>
-        <translation>PAS D&apos;IMAGE</translation>
+        <translation>PAS D’IMAGE</translation>
     </message>
 </context>
 <context>
@@ -343,7 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
-        <translation>La caméra Pevrix est absente, ou un autre Pevrix l&apos;utilise. Quittez l&apos;autre ou réinstallez Pevrix, puis relancez-le.</translation>
+        <translation>La caméra Pevrix est absente, ou un autre Pevrix l’utilise. Quittez l’autre ou réinstallez Pevrix, puis relancez-le.</translation>
     </message>
     <message>
         <source>Windows is blocking Pevrix on this network</source>
@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>Votre téléphone ne peut pas joindre ce PC sans votre autorisation. Demande les droits d&apos;administrateur.</translation>
+        <translation>Votre téléphone ne peut pas joindre ce PC sans votre autorisation. Droits d’administrateur requis.</translation>
     </message>
     <message>
         <source>Allow</source>
@@ -367,15 +367,15 @@
     </message>
     <message>
         <source>Scan this code with the Pevrix app. Keep your phone on the same Wi-Fi as this PC.</source>
-        <translation>Scannez ce code avec l&apos;application Pevrix. Gardez votre téléphone sur le même Wi-Fi que ce PC.</translation>
+        <translation>Scannez ce code avec l’application Pevrix. Gardez votre téléphone sur le même Wi-Fi que ce PC.</translation>
     </message>
     <message>
         <source>This PC: %1</source>
-        <translation>Ce PC : %1</translation>
+        <translation>Ce PC&#xa0;: %1</translation>
     </message>
     <message>
         <source>Get the app</source>
-        <translation>Obtenir l&apos;application</translation>
+        <translation>Obtenir l’application</translation>
     </message>
     <message>
         <source>No network</source>
@@ -396,19 +396,19 @@
     </message>
     <message>
         <source>This PC is not on a network</source>
-        <translation>Ce PC n&apos;est connecté à aucun réseau</translation>
+        <translation>Ce PC n’est connecté à aucun réseau</translation>
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
-        <translation>Connectez-le à votre Wi-Fi ou branchez un câble réseau. Un téléphone relié par câble USB n&apos;en a pas besoin.</translation>
+        <translation>Connectez-le à votre Wi-Fi ou branchez un câble réseau. Un téléphone relié par câble USB n’en a pas besoin.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the camera yet</source>
-        <translation>Les appels et les navigateurs ne trouvent pas encore la caméra</translation>
+        <translation>Les appels vidéo et les navigateurs ne voient pas encore la caméra</translation>
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Installez la caméra Pevrix une fois. Demande les droits d&apos;administrateur.</translation>
+        <translation>Installez la caméra Pevrix (une seule fois). Droits d’administrateur requis.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -421,29 +421,29 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>Il reprend quand le téléphone revient.</translation>
+        <translation>Il reprendra quand le téléphone sera de retour.</translation>
     </message>
     <message>
         <source>Stop recording</source>
-        <translation>Arrêter l&apos;enregistrement</translation>
+        <translation>Arrêter l’enregistrement</translation>
     </message>
 </context>
 <context>
     <name>PausedOverlay</name>
     <message>
         <source>Camera output paused</source>
-        <translation>Sortie de la caméra en pause</translation>
+        <translation>Caméra en pause</translation>
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>Les applications reçoivent une image figée. Cliquez sur Reprendre la caméra pour diffuser à nouveau.</translation>
+        <translation>Les applications reçoivent une image figée. Cliquez sur «&#xa0;Réactiver la caméra&#xa0;» pour diffuser à nouveau.</translation>
     </message>
 </context>
 <context>
     <name>PhoneCard</name>
     <message>
         <source>No video</source>
-        <translation>Pas d&apos;image</translation>
+        <translation>Pas d’image</translation>
     </message>
     <message>
         <source>Waiting…</source>
@@ -461,14 +461,14 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
-        <translation>Code d&apos;association</translation>
+        <translation>Code d’association</translation>
     </message>
 </context>
 <context>
     <name>RecordButton</name>
     <message>
         <source>Stop recording</source>
-        <translation>Arrêter l&apos;enregistrement</translation>
+        <translation>Arrêter l’enregistrement</translation>
     </message>
     <message>
         <source>Record</source>
@@ -483,11 +483,11 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>L&apos;enregistrement s&apos;est terminé</translation>
+        <translation>L’enregistrement s’est arrêté</translation>
     </message>
     <message>
         <source>The recording could not start</source>
-        <translation>L&apos;enregistrement n&apos;a pas pu démarrer</translation>
+        <translation>L’enregistrement n’a pas pu démarrer</translation>
     </message>
     <message>
         <source>Show in folder</source>
@@ -499,7 +499,7 @@
     </message>
     <message>
         <source>It ended because the phone&apos;s picture has another size now.</source>
-        <translation>Il s&apos;est terminé parce que l&apos;image du téléphone a changé de taille.</translation>
+        <translation>Il s’est arrêté parce que l’image du téléphone a changé de taille.</translation>
     </message>
     <message>
         <source>The disk is full. What was recorded until then is saved.</source>
@@ -507,11 +507,11 @@
     </message>
     <message>
         <source>The disk is full. Free some space or choose another folder.</source>
-        <translation>Le disque est plein. Libérez de l&apos;espace ou choisissez un autre dossier.</translation>
+        <translation>Le disque est plein. Libérez de l’espace ou choisissez un autre dossier.</translation>
     </message>
     <message>
         <source>The recordings folder is gone, and the recording with it.</source>
-        <translation>Le dossier des enregistrements a disparu, et l&apos;enregistrement avec lui.</translation>
+        <translation>Le dossier des enregistrements a disparu, et l’enregistrement avec lui.</translation>
     </message>
     <message>
         <source>Pevrix cannot write to the folder %1.</source>
@@ -519,11 +519,11 @@
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
-        <translation>La vidéo n&apos;a pas pu être écrite jusqu&apos;au bout. Ce qui a été filmé jusque-là est conservé.</translation>
+        <translation>L’enregistrement n’a pas pu continuer. Ce qui a été filmé jusque-là est conservé.</translation>
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>La vidéo ne peut pas être écrite à cet endroit. Choisissez un autre dossier ou redémarrez Pevrix.</translation>
+        <translation>Impossible d’enregistrer la vidéo à cet endroit. Choisissez un autre dossier ou redémarrez Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -584,7 +584,7 @@
     </message>
     <message>
         <source>Needs iTunes or the Apple Devices app</source>
-        <translation>Nécessite iTunes ou l&apos;app Appareils Apple</translation>
+        <translation>Nécessite iTunes ou l’app Appareils Apple</translation>
     </message>
     <message>
         <source>DIAGNOSTICS</source>
@@ -646,19 +646,19 @@
     <name>VideoOverlay</name>
     <message>
         <source>Phone paused (no video)</source>
-        <translation>Téléphone en pause (pas d&apos;image)</translation>
+        <translation>Téléphone en pause (pas d’image)</translation>
     </message>
     <message>
         <source>Waiting for video…</source>
-        <translation>En attente de la vidéo…</translation>
+        <translation>En attente de l’image…</translation>
     </message>
     <message>
         <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
-        <translation>Ouvrez l&apos;application Pevrix sur votre téléphone pour continuer. D&apos;ici là, les applications voient une image d&apos;attente.</translation>
+        <translation>Ouvrez l’application Pevrix sur votre téléphone pour continuer. D’ici là, les applications voient une image d’attente.</translation>
     </message>
     <message>
         <source>Keep the Pevrix app open on your phone.</source>
-        <translation>Gardez l&apos;application Pevrix ouverte sur votre téléphone.</translation>
+        <translation>Gardez l’application Pevrix ouverte sur votre téléphone.</translation>
     </message>
 </context>
 <context>
@@ -673,7 +673,7 @@
     </message>
     <message>
         <source>Pevrix - in use by an app</source>
-        <translation>Pevrix - utilisé par une application</translation>
+        <translation>Pevrix – utilisé par une application</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -681,7 +681,7 @@
     </message>
     <message>
         <source>Resume</source>
-        <translation>Reprendre</translation>
+        <translation>Réactiver</translation>
     </message>
     <message>
         <source>Pevrix is still running</source>

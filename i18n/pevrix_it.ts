@@ -23,7 +23,7 @@
     </message>
     <message>
         <source>Scan this code with the Pevrix app on another phone.</source>
-        <translation>Scansiona questo codice con l&apos;app Pevrix su un altro telefono.</translation>
+        <translation>Scansiona questo codice con l’app Pevrix su un altro telefono.</translation>
     </message>
 </context>
 <context>
@@ -38,7 +38,7 @@
     </message>
     <message>
         <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
-        <translation>Digita questo indirizzo nell&apos;app Pevrix. Oppure copia il link di abbinamento, invialo al telefono e aprilo lì. Chi ha il link può connettersi: non darlo a nessuno.</translation>
+        <translation>Digita questo indirizzo nell’app Pevrix. Oppure copia il link di associazione, invialo al telefono e aprilo lì. Chi ha il link può connettersi: non condividerlo con nessuno.</translation>
     </message>
     <message>
         <source>Copied</source>
@@ -46,7 +46,7 @@
     </message>
     <message>
         <source>Copy pairing link</source>
-        <translation>Copia il link di abbinamento</translation>
+        <translation>Copia link di associazione</translation>
     </message>
 </context>
 <context>
@@ -85,11 +85,11 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>Nella chiamata scegli la fotocamera «Pevrix».</translation>
+        <translation>Nella videochiamata scegli la fotocamera «Pevrix».</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
-        <translation>Chiamate e browser non trovano ancora la fotocamera Pevrix.</translation>
+        <translation>Videochiamate e browser non vedono ancora la fotocamera Pevrix.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -98,7 +98,7 @@
     </message>
     <message>
         <source>Dismiss the hint</source>
-        <translation>Nascondi il suggerimento</translation>
+        <translation>Ignora il suggerimento</translation>
     </message>
 </context>
 <context>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
-        <translation>L&apos;installazione rende la fotocamera Pevrix visibile ad app come Zoom e Teams e ai browser. Richiede i diritti di amministratore.</translation>
+        <translation>L’installazione rende la fotocamera Pevrix visibile ad app come Zoom e Teams e ai browser. Richiede i diritti di amministratore.</translation>
     </message>
     <message>
         <source>RECORDINGS</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
-        <translation>Dove il pulsante Registra salva i file .mp4.</translation>
+        <translation>Dove il pulsante «Registra» salva i file .mp4.</translation>
     </message>
     <message>
         <source>PAIRING</source>
@@ -170,11 +170,11 @@
     </message>
     <message>
         <source>Unregister the camera</source>
-        <translation>Annulla registrazione della fotocamera</translation>
+        <translation>Rimuovi la fotocamera</translation>
     </message>
     <message>
         <source>Register the camera</source>
-        <translation>Registra la fotocamera</translation>
+        <translation>Installa la fotocamera</translation>
     </message>
     <message>
         <source>Open the recordings folder</source>
@@ -190,7 +190,7 @@
     </message>
     <message>
         <source>Ready</source>
-        <translation>Pronto</translation>
+        <translation>Pronta</translation>
     </message>
     <message>
         <source>Camera library missing</source>
@@ -210,11 +210,11 @@
     </message>
     <message>
         <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Tutti i telefoni abbinati saranno dimenticati e dovranno scansionare il nuovo codice. Continuare?</translation>
+        <translation>Tutti i telefoni associati saranno dimenticati e dovranno scansionare il nuovo codice. Continuare?</translation>
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Fatto: c&apos;è un nuovo codice. I telefoni abbinati devono scansionarlo una volta.</translation>
+        <translation>Fatto: c’è un nuovo codice. I telefoni già associati devono scansionarlo.</translation>
     </message>
 </context>
 <context>
@@ -272,11 +272,11 @@
     </message>
     <message>
         <source>Close to tray</source>
-        <translation>Chiudi nell&apos;area di notifica</translation>
+        <translation>Chiudi nell’area di notifica</translation>
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
-        <translation>Pevrix resta in esecuzione nell&apos;area di notifica quando chiudi la finestra.</translation>
+        <translation>Pevrix resta in esecuzione nell’area di notifica quando chiudi la finestra.</translation>
     </message>
 </context>
 <context>
@@ -322,7 +322,7 @@
     </message>
     <message>
         <source>Resume camera</source>
-        <translation>Riprendi la fotocamera</translation>
+        <translation>Riattiva la fotocamera</translation>
     </message>
     <message>
         <source>WAITING</source>
@@ -343,7 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
-        <translation>La fotocamera Pevrix manca, oppure la usa un altro Pevrix. Esci dall&apos;altro o reinstalla Pevrix, poi riavvialo.</translation>
+        <translation>La fotocamera Pevrix manca, oppure la usa un altro Pevrix. Chiudi l’altro o reinstalla Pevrix, poi riavvialo.</translation>
     </message>
     <message>
         <source>Windows is blocking Pevrix on this network</source>
@@ -359,15 +359,15 @@
     </message>
     <message>
         <source>Ready to pair</source>
-        <translation>Pronto per l&apos;associazione</translation>
+        <translation>Pronto per l’associazione</translation>
     </message>
     <message>
         <source>Connect your phone</source>
-        <translation>Collega il telefono</translation>
+        <translation>Connetti il telefono</translation>
     </message>
     <message>
         <source>Scan this code with the Pevrix app. Keep your phone on the same Wi-Fi as this PC.</source>
-        <translation>Scansiona questo codice con l&apos;app Pevrix. Il telefono deve essere sulla stessa rete Wi-Fi di questo PC.</translation>
+        <translation>Scansiona questo codice con l’app Pevrix. Il telefono deve essere sulla stessa rete Wi-Fi di questo PC.</translation>
     </message>
     <message>
         <source>This PC: %1</source>
@@ -375,7 +375,7 @@
     </message>
     <message>
         <source>Get the app</source>
-        <translation>Scarica l&apos;app</translation>
+        <translation>Scarica l’app</translation>
     </message>
     <message>
         <source>No network</source>
@@ -388,7 +388,7 @@
     </message>
     <message>
         <source>Phones still cannot connect</source>
-        <translation>I telefoni non possono ancora connettersi</translation>
+        <translation>I telefoni ancora non possono connettersi</translation>
     </message>
     <message>
         <source>Try again</source>
@@ -396,7 +396,7 @@
     </message>
     <message>
         <source>This PC is not on a network</source>
-        <translation>Questo PC non è in nessuna rete</translation>
+        <translation>Questo PC non è connesso a una rete</translation>
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
@@ -404,11 +404,11 @@
     </message>
     <message>
         <source>Calls and browsers do not find the camera yet</source>
-        <translation>Chiamate e browser non trovano ancora la fotocamera</translation>
+        <translation>Videochiamate e browser non vedono ancora la fotocamera</translation>
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Installa una volta la fotocamera Pevrix. Richiede i diritti di amministratore.</translation>
+        <translation>Installa la fotocamera Pevrix (solo una volta). Richiede i diritti di amministratore.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -421,7 +421,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>Riprende quando il telefono torna.</translation>
+        <translation>Riprenderà al ritorno del telefono.</translation>
     </message>
     <message>
         <source>Stop recording</source>
@@ -432,11 +432,11 @@
     <name>PausedOverlay</name>
     <message>
         <source>Camera output paused</source>
-        <translation>Uscita della fotocamera in pausa</translation>
+        <translation>Fotocamera in pausa</translation>
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>Le app ricevono un&apos;immagine fissa. Fai clic su Riprendi la fotocamera per trasmettere di nuovo.</translation>
+        <translation>Le app ricevono un’immagine fissa. Fai clic su «Riattiva la fotocamera» per trasmettere di nuovo.</translation>
     </message>
 </context>
 <context>
@@ -454,7 +454,7 @@
     <name>PreviewPanel</name>
     <message>
         <source>Live picture of the phone</source>
-        <translation>Immagine dal vivo del telefono</translation>
+        <translation>Immagine in diretta del telefono</translation>
     </message>
 </context>
 <context>
@@ -483,11 +483,11 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>La registrazione è terminata</translation>
+        <translation>La registrazione si è interrotta</translation>
     </message>
     <message>
         <source>The recording could not start</source>
-        <translation>La registrazione non è iniziata</translation>
+        <translation>Impossibile avviare la registrazione</translation>
     </message>
     <message>
         <source>Show in folder</source>
@@ -499,19 +499,19 @@
     </message>
     <message>
         <source>It ended because the phone&apos;s picture has another size now.</source>
-        <translation>È terminata perché l&apos;immagine del telefono ha cambiato dimensioni.</translation>
+        <translation>Si è interrotta perché l’immagine del telefono ha cambiato dimensioni.</translation>
     </message>
     <message>
         <source>The disk is full. What was recorded until then is saved.</source>
-        <translation>Il disco è pieno. Quanto registrato fin lì è salvato.</translation>
+        <translation>Il disco è pieno. Quanto registrato fino ad allora è stato salvato.</translation>
     </message>
     <message>
         <source>The disk is full. Free some space or choose another folder.</source>
-        <translation>Il disco è pieno. Libera spazio o scegli un&apos;altra cartella.</translation>
+        <translation>Il disco è pieno. Libera spazio o scegli un’altra cartella.</translation>
     </message>
     <message>
         <source>The recordings folder is gone, and the recording with it.</source>
-        <translation>La cartella delle registrazioni non c&apos;è più, e con essa la registrazione.</translation>
+        <translation>La cartella delle registrazioni non c’è più, e con essa la registrazione.</translation>
     </message>
     <message>
         <source>Pevrix cannot write to the folder %1.</source>
@@ -519,11 +519,11 @@
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
-        <translation>Non è stato possibile continuare a scrivere il video. Quanto registrato fin lì è salvato.</translation>
+        <translation>Impossibile continuare la registrazione. Quanto registrato fino ad allora è stato salvato.</translation>
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>Non è possibile scrivere lì il video. Scegli un&apos;altra cartella o riavvia Pevrix.</translation>
+        <translation>Impossibile salvare lì il video. Scegli un’altra cartella o riavvia Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -584,7 +584,7 @@
     </message>
     <message>
         <source>Needs iTunes or the Apple Devices app</source>
-        <translation>Richiede iTunes o l&apos;app Dispositivi Apple</translation>
+        <translation>Richiede iTunes o l’app Dispositivi Apple</translation>
     </message>
     <message>
         <source>DIAGNOSTICS</source>
@@ -654,11 +654,11 @@
     </message>
     <message>
         <source>Open the Pevrix app on your phone to go on. Until then, apps see a placeholder.</source>
-        <translation>Apri l&apos;app Pevrix sul telefono per continuare. Fino ad allora le app vedono un&apos;immagine di attesa.</translation>
+        <translation>Apri l’app Pevrix sul telefono per continuare. Fino ad allora le app vedono un’immagine di attesa.</translation>
     </message>
     <message>
         <source>Keep the Pevrix app open on your phone.</source>
-        <translation>Tieni aperta l&apos;app Pevrix sul telefono.</translation>
+        <translation>Tieni aperta l’app Pevrix sul telefono.</translation>
     </message>
 </context>
 <context>
@@ -673,7 +673,7 @@
     </message>
     <message>
         <source>Pevrix - in use by an app</source>
-        <translation>Pevrix - in uso da un&apos;app</translation>
+        <translation>Pevrix – in uso da un’app</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -681,7 +681,7 @@
     </message>
     <message>
         <source>Resume</source>
-        <translation>Riprendi</translation>
+        <translation>Riattiva</translation>
     </message>
     <message>
         <source>Pevrix is still running</source>

@@ -5,7 +5,7 @@
     <name>AboutTab</name>
     <message>
         <source>Turn your phone into a PC webcam</source>
-        <translation>スマートフォンを PC のウェブカメラに</translation>
+        <translation>スマートフォンを PC の Web カメラに</translation>
     </message>
 </context>
 <context>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>The recording has stopped by itself</source>
-        <translation>録画が自動的に停止しました</translation>
+        <translation>録画が途中で停止しました</translation>
     </message>
     <message>
         <source>Recording saved</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
-        <translation>「録画」ボタンで .mp4 ファイルを保存する場所です。</translation>
+        <translation>「録画」ボタンで撮った .mp4 ファイルの保存先です。</translation>
     </message>
     <message>
         <source>PAIRING</source>
@@ -214,7 +214,7 @@
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>完了しました。新しいコードができました。ペアリング済みのスマートフォンは一度読み取ってください。</translation>
+        <translation>新しいコードを作成しました。ペアリングしていたスマートフォンで読み取ってください。</translation>
     </message>
 </context>
 <context>
@@ -297,7 +297,7 @@
     <name>Languages</name>
     <message>
         <source>System default</source>
-        <translation>システムの設定</translation>
+        <translation>システムの既定</translation>
     </message>
 </context>
 <context>
@@ -339,7 +339,7 @@
     <name>PairingView</name>
     <message>
         <source>Phones cannot connect</source>
-        <translation>スマートフォンが接続できません</translation>
+        <translation>スマートフォンを接続できません</translation>
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>許可するまで、スマートフォンはこの PC に接続できません。管理者の許可が必要です。</translation>
+        <translation>許可するまで、スマートフォンをこの PC に接続できません。管理者の許可が必要です。</translation>
     </message>
     <message>
         <source>Allow</source>
@@ -388,7 +388,7 @@
     </message>
     <message>
         <source>Phones still cannot connect</source>
-        <translation>スマートフォンはまだ接続できません</translation>
+        <translation>まだスマートフォンを接続できません</translation>
     </message>
     <message>
         <source>Try again</source>
@@ -408,7 +408,7 @@
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Pevrix カメラを一度登録してください。管理者の許可が必要です。</translation>
+        <translation>Pevrix カメラを登録してください (初回のみ)。管理者の許可が必要です。</translation>
     </message>
     <message>
         <source>Register</source>
@@ -417,11 +417,11 @@
     </message>
     <message>
         <source>A recording waits for its phone (%1)</source>
-        <translation>録画がスマートフォンを待っています (%1)</translation>
+        <translation>録画はスマートフォンの接続待ちです (%1)</translation>
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>スマートフォンが戻ると続きます。</translation>
+        <translation>スマートフォンが再接続されると再開します。</translation>
     </message>
     <message>
         <source>Stop recording</source>
@@ -436,7 +436,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>アプリには静止画が送られています。「カメラを再開」をクリックすると配信を再開します。</translation>
+        <translation>アプリには静止画が送られています。「カメラを再開」をクリックすると映像の送信を再開します。</translation>
     </message>
 </context>
 <context>
@@ -483,7 +483,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>録画が終了しました</translation>
+        <translation>録画が中断されました</translation>
     </message>
     <message>
         <source>The recording could not start</source>
@@ -548,7 +548,7 @@
     </message>
     <message>
         <source>General</source>
-        <translation>一般</translation>
+        <translation>全般</translation>
     </message>
     <message>
         <source>Camera</source>
@@ -601,7 +601,7 @@
     <message>
         <source>Needs the usbmuxd service</source>
         <extracomment>usbmuxd is the name of a system service.</extracomment>
-        <translation>usbmuxd サービスが必要です</translation>
+        <translation>usbmuxd サービスが必要</translation>
     </message>
 </context>
 <context>
@@ -631,7 +631,7 @@
     <name>UpdateBar</name>
     <message>
         <source>Pevrix %1 is available.</source>
-        <translation>Pevrix %1 が利用できます。</translation>
+        <translation>Pevrix %1 を利用できます。</translation>
     </message>
     <message>
         <source>Download</source>
@@ -673,7 +673,7 @@
     </message>
     <message>
         <source>Pevrix - in use by an app</source>
-        <translation>Pevrix - アプリが使用中</translation>
+        <translation>Pevrix — アプリが使用中</translation>
     </message>
     <message>
         <source>Pause</source>

@@ -34,11 +34,11 @@
     </message>
     <message>
         <source>No LAN address found</source>
-        <translation>Nenhum endereço de LAN</translation>
+        <translation>Nenhum endereço LAN</translation>
     </message>
     <message>
         <source>Type this address into the Pevrix app. Or copy the pairing link, send it to your phone and open it there. Whoever has the link can connect: share it with nobody.</source>
-        <translation>Digite este endereço no aplicativo Pevrix. Ou copie o link de pareamento, envie-o ao celular e abra-o lá. Quem tem o link pode se conectar: não o compartilhe com ninguém.</translation>
+        <translation>Digite este endereço no aplicativo Pevrix. Ou copie o link de pareamento, envie-o ao celular e abra-o lá. Quem tiver o link poderá se conectar: não o compartilhe com ninguém.</translation>
     </message>
     <message>
         <source>Copied</source>
@@ -85,11 +85,11 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>Na chamada, escolha a câmera “Pevrix”.</translation>
+        <translation>Na videochamada, escolha a câmera “Pevrix”.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
-        <translation>As chamadas e os navegadores ainda não encontram a câmera Pevrix.</translation>
+        <translation>As videochamadas e os navegadores ainda não veem a câmera Pevrix.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -98,7 +98,7 @@
     </message>
     <message>
         <source>Dismiss the hint</source>
-        <translation>Ocultar a dica</translation>
+        <translation>Dispensar a dica</translation>
     </message>
 </context>
 <context>
@@ -129,7 +129,7 @@
     </message>
     <message>
         <source>Registering lets apps like Zoom, Teams and browsers see the Pevrix camera. Asks for admin.</source>
-        <translation>Com o registro, aplicativos como Zoom e Teams e os navegadores veem a câmera Pevrix. Pede permissão de administrador.</translation>
+        <translation>Com o registro, aplicativos como Zoom e Teams e os navegadores veem a câmera Pevrix. Requer permissão de administrador.</translation>
     </message>
     <message>
         <source>RECORDINGS</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
-        <translation>Onde o botão Gravar salva os arquivos .mp4.</translation>
+        <translation>Onde o botão “Gravar” salva os arquivos .mp4.</translation>
     </message>
     <message>
         <source>PAIRING</source>
@@ -190,7 +190,7 @@
     </message>
     <message>
         <source>Ready</source>
-        <translation>Pronto</translation>
+        <translation>Pronta</translation>
     </message>
     <message>
         <source>Camera library missing</source>
@@ -210,11 +210,11 @@
     </message>
     <message>
         <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Todos os celulares pareados serão esquecidos e terão de ler o novo código. Continuar?</translation>
+        <translation>Todos os celulares pareados serão esquecidos e terão de escanear o novo código. Continuar?</translation>
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Pronto: há um novo código. Os celulares pareados precisam lê-lo uma vez.</translation>
+        <translation>Pronto: há um novo código. Os celulares que estavam pareados precisam escaneá-lo.</translation>
     </message>
 </context>
 <context>
@@ -276,7 +276,7 @@
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
-        <translation>O Pevrix continua em execução na área de notificação quando você fecha a janela.</translation>
+        <translation>O Pevrix continua em execução na bandeja do sistema quando você fecha a janela.</translation>
     </message>
 </context>
 <context>
@@ -322,7 +322,7 @@
     </message>
     <message>
         <source>Resume camera</source>
-        <translation>Retomar a câmera</translation>
+        <translation>Reativar a câmera</translation>
     </message>
     <message>
         <source>WAITING</source>
@@ -339,7 +339,7 @@
     <name>PairingView</name>
     <message>
         <source>Phones cannot connect</source>
-        <translation>Os telefones não podem se conectar</translation>
+        <translation>Os celulares não podem se conectar</translation>
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>O celular não alcança este PC até que você permita. Pede permissão de administrador.</translation>
+        <translation>O celular não se conectará a este PC até que você permita. Requer permissão de administrador.</translation>
     </message>
     <message>
         <source>Allow</source>
@@ -396,19 +396,19 @@
     </message>
     <message>
         <source>This PC is not on a network</source>
-        <translation>Este PC não está em uma rede</translation>
+        <translation>Este PC não está conectado a uma rede</translation>
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
-        <translation>Conecte-o ao Wi-Fi ou ligue um cabo de rede. Um celular com cabo USB não precisa disso.</translation>
+        <translation>Conecte-o ao Wi-Fi ou ligue um cabo de rede. Um celular conectado por cabo USB não precisa disso.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the camera yet</source>
-        <translation>As chamadas e os navegadores ainda não encontram a câmera</translation>
+        <translation>As videochamadas e os navegadores ainda não veem a câmera</translation>
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Registre a câmera Pevrix uma vez. Pede permissão de administrador.</translation>
+        <translation>Registre a câmera Pevrix (só uma vez). Requer permissão de administrador.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -417,11 +417,11 @@
     </message>
     <message>
         <source>A recording waits for its phone (%1)</source>
-        <translation>Uma gravação espera pelo celular (%1)</translation>
+        <translation>Uma gravação aguarda o celular (%1)</translation>
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>Ela continua quando o celular voltar.</translation>
+        <translation>Ela continuará quando o celular voltar.</translation>
     </message>
     <message>
         <source>Stop recording</source>
@@ -432,11 +432,11 @@
     <name>PausedOverlay</name>
     <message>
         <source>Camera output paused</source>
-        <translation>Saída da câmera em pausa</translation>
+        <translation>Câmera em pausa</translation>
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>Os aplicativos recebem uma imagem congelada. Clique em Retomar a câmera para transmitir de novo.</translation>
+        <translation>Os aplicativos recebem uma imagem congelada. Clique em “Reativar a câmera” para transmitir de novo.</translation>
     </message>
 </context>
 <context>
@@ -483,11 +483,11 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>A gravação terminou</translation>
+        <translation>A gravação parou</translation>
     </message>
     <message>
         <source>The recording could not start</source>
-        <translation>A gravação não pôde começar</translation>
+        <translation>Não foi possível iniciar a gravação</translation>
     </message>
     <message>
         <source>Show in folder</source>
@@ -499,11 +499,11 @@
     </message>
     <message>
         <source>It ended because the phone&apos;s picture has another size now.</source>
-        <translation>Ela terminou porque a imagem do celular mudou de tamanho.</translation>
+        <translation>Ela parou porque a imagem do celular mudou de tamanho.</translation>
     </message>
     <message>
         <source>The disk is full. What was recorded until then is saved.</source>
-        <translation>O disco está cheio. O que foi gravado até então está salvo.</translation>
+        <translation>O disco está cheio. O que foi gravado até então foi salvo.</translation>
     </message>
     <message>
         <source>The disk is full. Free some space or choose another folder.</source>
@@ -511,19 +511,19 @@
     </message>
     <message>
         <source>The recordings folder is gone, and the recording with it.</source>
-        <translation>A pasta de gravações não existe mais, nem a gravação.</translation>
+        <translation>A pasta de gravações não existe mais, e a gravação também não.</translation>
     </message>
     <message>
         <source>Pevrix cannot write to the folder %1.</source>
-        <translation>O Pevrix não consegue gravar na pasta %1.</translation>
+        <translation>O Pevrix não consegue salvar na pasta %1.</translation>
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
-        <translation>Não foi possível continuar a gravar o vídeo. O que foi gravado até então está salvo.</translation>
+        <translation>Não foi possível continuar a gravação. O que foi gravado até então foi salvo.</translation>
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>Não é possível gravar o vídeo ali. Escolha outra pasta ou reinicie o Pevrix.</translation>
+        <translation>Não é possível salvar o vídeo ali. Escolha outra pasta ou reinicie o Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -601,7 +601,7 @@
     <message>
         <source>Needs the usbmuxd service</source>
         <extracomment>usbmuxd is the name of a system service.</extracomment>
-        <translation>Precisa do serviço usbmuxd</translation>
+        <translation>Requer o serviço usbmuxd</translation>
     </message>
 </context>
 <context>
@@ -673,7 +673,7 @@
     </message>
     <message>
         <source>Pevrix - in use by an app</source>
-        <translation>Pevrix - em uso por um aplicativo</translation>
+        <translation>Pevrix – em uso por um aplicativo</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -681,7 +681,7 @@
     </message>
     <message>
         <source>Resume</source>
-        <translation>Retomar</translation>
+        <translation>Reativar</translation>
     </message>
     <message>
         <source>Pevrix is still running</source>

@@ -85,11 +85,11 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>Выберите в звонке камеру «Pevrix».</translation>
+        <translation>Выберите в видеозвонке камеру «Pevrix».</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
-        <translation>Звонки и браузеры пока не видят камеру Pevrix.</translation>
+        <translation>В видеозвонках и браузерах пока нет камеры Pevrix.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -149,7 +149,7 @@
     </message>
     <message>
         <source>PAIRING</source>
-        <translation>ПОДКЛЮЧЕНИЕ ТЕЛЕФОНА</translation>
+        <translation>СОПРЯЖЕНИЕ</translation>
     </message>
     <message>
         <source>Code</source>
@@ -162,7 +162,7 @@
     </message>
     <message>
         <source>Regenerating makes the current QR stop working for new phones.</source>
-        <translation>После этого текущий QR-код перестанет действовать для новых телефонов.</translation>
+        <translation>После смены кода текущий QR-код перестанет действовать для новых телефонов.</translation>
     </message>
     <message>
         <source>Choose recordings folder</source>
@@ -186,11 +186,11 @@
     </message>
     <message>
         <source>Regenerate the pairing code</source>
-        <translation>Создать новый код подключения</translation>
+        <translation>Создать новый код сопряжения</translation>
     </message>
     <message>
         <source>Ready</source>
-        <translation>Готово</translation>
+        <translation>Готова</translation>
     </message>
     <message>
         <source>Camera library missing</source>
@@ -198,7 +198,7 @@
     </message>
     <message>
         <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
-        <translation>Камеру Pevrix видят приложения и браузеры, которые берут камеры у PipeWire.</translation>
+        <translation>Камеру Pevrix видят приложения и браузеры, которые получают камеры через PipeWire.</translation>
     </message>
     <message>
         <source>No app can see the Pevrix camera. Install Pevrix again.</source>
@@ -210,11 +210,11 @@
     </message>
     <message>
         <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Все сопряжённые телефоны будут забыты, им придётся сканировать новый код. Продолжить?</translation>
+        <translation>Сопряжение всех телефонов будет сброшено, им придётся отсканировать новый код. Продолжить?</translation>
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Готово: создан новый код. Сопряжённым телефонам нужно отсканировать его ещё раз.</translation>
+        <translation>Готово: создан новый код. Отсканируйте его на ранее сопряжённых телефонах.</translation>
     </message>
 </context>
 <context>
@@ -272,7 +272,7 @@
     </message>
     <message>
         <source>Close to tray</source>
-        <translation>Закрывать в трей</translation>
+        <translation>Закрывать в область уведомлений</translation>
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
@@ -343,7 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
-        <translation>Камера Pevrix не найдена или её использует другой Pevrix. Закройте его или переустановите Pevrix, затем запустите программу снова.</translation>
+        <translation>Камера Pevrix не найдена, или её использует другой экземпляр Pevrix. Закройте его или переустановите Pevrix, затем запустите программу снова.</translation>
     </message>
     <message>
         <source>Windows is blocking Pevrix on this network</source>
@@ -359,7 +359,7 @@
     </message>
     <message>
         <source>Ready to pair</source>
-        <translation>Готово к подключению</translation>
+        <translation>Готово к сопряжению</translation>
     </message>
     <message>
         <source>Connect your phone</source>
@@ -400,15 +400,15 @@
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
-        <translation>Подключите его к Wi-Fi или вставьте сетевой кабель. Телефону на USB-кабеле сеть не нужна.</translation>
+        <translation>Подключите его к Wi-Fi или вставьте сетевой кабель. Телефону, подключённому по USB, сеть не нужна.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the camera yet</source>
-        <translation>Звонки и браузеры пока не видят камеру</translation>
+        <translation>В видеозвонках и браузерах пока нет камеры</translation>
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Зарегистрируйте камеру Pevrix один раз. Нужны права администратора.</translation>
+        <translation>Зарегистрируйте камеру Pevrix (только один раз). Нужны права администратора.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -421,7 +421,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>Она продолжится, когда телефон вернётся.</translation>
+        <translation>Она продолжится, когда телефон снова подключится.</translation>
     </message>
     <message>
         <source>Stop recording</source>
@@ -432,7 +432,7 @@
     <name>PausedOverlay</name>
     <message>
         <source>Camera output paused</source>
-        <translation>Вывод камеры приостановлен</translation>
+        <translation>Трансляция с камеры приостановлена</translation>
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
@@ -461,7 +461,7 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
-        <translation>Код подключения</translation>
+        <translation>Код сопряжения</translation>
     </message>
 </context>
 <context>
@@ -511,11 +511,11 @@
     </message>
     <message>
         <source>The recordings folder is gone, and the recording with it.</source>
-        <translation>Папка записей исчезла, а с ней и запись.</translation>
+        <translation>Папка для записей исчезла, а с ней и запись.</translation>
     </message>
     <message>
         <source>Pevrix cannot write to the folder %1.</source>
-        <translation>Pevrix не может записывать в папку %1.</translation>
+        <translation>Pevrix не может сохранять файлы в папку %1.</translation>
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
@@ -523,7 +523,7 @@
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>Записать видео туда не удаётся. Выберите другую папку или перезапустите Pevrix.</translation>
+        <translation>Не удаётся сохранить видео в эту папку. Выберите другую или перезапустите Pevrix.</translation>
     </message>
 </context>
 <context>
@@ -567,7 +567,7 @@
     <name>StatusTab</name>
     <message>
         <source>CONNECTION</source>
-        <translation>СОЕДИНЕНИЕ</translation>
+        <translation>ПОДКЛЮЧЕНИЕ</translation>
     </message>
     <message>
         <source>This PC</source>
@@ -689,7 +689,7 @@
     </message>
     <message>
         <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
-        <translation>Щёлкните значок, чтобы вернуть окно. Пункт «Выход» в меню значка завершает программу.</translation>
+        <translation>Нажмите значок, чтобы вернуть окно. Пункт «Выход» в меню значка завершает программу.</translation>
     </message>
 </context>
 </TS>

@@ -85,11 +85,11 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>Görüşmenizde “Pevrix” kamerasını seçin.</translation>
+        <translation>Görüntülü görüşmenizde “Pevrix” kamerasını seçin.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
-        <translation>Görüşmeler ve tarayıcılar Pevrix kamerasını henüz bulamıyor.</translation>
+        <translation>Pevrix kamerası, görüşmelerde ve tarayıcılarda henüz görünmüyor.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -133,7 +133,7 @@
     </message>
     <message>
         <source>RECORDINGS</source>
-        <translation>KAYITLAR</translation>
+        <translation>VİDEO KAYITLARI</translation>
     </message>
     <message>
         <source>Open</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
-        <translation>Kaydet düğmesinin .mp4 dosyalarını kaydettiği yer.</translation>
+        <translation>“Kaydet” düğmesi .mp4 dosyalarını buraya kaydeder.</translation>
     </message>
     <message>
         <source>PAIRING</source>
@@ -162,19 +162,19 @@
     </message>
     <message>
         <source>Regenerating makes the current QR stop working for new phones.</source>
-        <translation>Yenilendiğinde geçerli QR kodu yeni telefonlarda artık çalışmaz.</translation>
+        <translation>Kod yenilenince şimdiki QR kodu yeni telefonlarda artık çalışmaz.</translation>
     </message>
     <message>
         <source>Choose recordings folder</source>
-        <translation>Kayıt klasörünü seçin</translation>
+        <translation>Video kayıtları klasörünü seçin</translation>
     </message>
     <message>
         <source>Unregister the camera</source>
-        <translation>Kamera kaydını sil</translation>
+        <translation>Kamerayı sistemden kaldır</translation>
     </message>
     <message>
         <source>Register the camera</source>
-        <translation>Kamerayı kaydet</translation>
+        <translation>Kamerayı sisteme ekle</translation>
     </message>
     <message>
         <source>Open the recordings folder</source>
@@ -198,11 +198,11 @@
     </message>
     <message>
         <source>Apps and browsers that take their cameras from PipeWire see the Pevrix camera.</source>
-        <translation>Kameralarını PipeWire&apos;dan alan uygulamalar ve tarayıcılar Pevrix kamerasını görür.</translation>
+        <translation>Kameralarını PipeWire’dan alan uygulamalar ve tarayıcılar Pevrix kamerasını görür.</translation>
     </message>
     <message>
         <source>No app can see the Pevrix camera. Install Pevrix again.</source>
-        <translation>Hiçbir uygulama Pevrix kamerasını göremiyor. Pevrix&apos;i yeniden kurun.</translation>
+        <translation>Hiçbir uygulama Pevrix kamerasını göremiyor. Pevrix’i yeniden kurun.</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -214,7 +214,7 @@
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Tamam: yeni bir kod var. Eşleştirilmiş telefonlar onu bir kez daha taramalı.</translation>
+        <translation>Tamam: yeni kod hazır. Daha önce eşleştirilmiş telefonlar bu kodu taramalı.</translation>
     </message>
 </context>
 <context>
@@ -343,11 +343,11 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
-        <translation>Pevrix kamerası eksik ya da başka bir Pevrix onu kullanıyor. Diğerinden çıkın veya Pevrix’i yeniden kurun, sonra yeniden başlatın.</translation>
+        <translation>Pevrix kamerası eksik ya da başka bir Pevrix onu kullanıyor. Diğerinden çıkın veya Pevrix’i yeniden kurun, sonra Pevrix’i yeniden başlatın.</translation>
     </message>
     <message>
         <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows bu ağda Pevrix&apos;i engelliyor</translation>
+        <translation>Windows bu ağda Pevrix’i engelliyor</translation>
     </message>
     <message>
         <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
@@ -375,7 +375,7 @@
     </message>
     <message>
         <source>Get the app</source>
-        <translation>Uygulamayı edinin</translation>
+        <translation>Uygulamayı indir</translation>
     </message>
     <message>
         <source>No network</source>
@@ -396,19 +396,19 @@
     </message>
     <message>
         <source>This PC is not on a network</source>
-        <translation>Bu bilgisayar bir ağda değil</translation>
+        <translation>Bu bilgisayar bir ağa bağlı değil</translation>
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
-        <translation>Onu Wi-Fi ağınıza bağlayın ya da bir ağ kablosu takın. USB kablolu telefon ağ olmadan da çalışır.</translation>
+        <translation>Bilgisayarı Wi-Fi ağınıza bağlayın ya da bir ağ kablosu takın. USB kablosuyla bağlı telefona ağ gerekmez.</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the camera yet</source>
-        <translation>Görüşmeler ve tarayıcılar kamerayı henüz bulamıyor</translation>
+        <translation>Kamera, görüşmelerde ve tarayıcılarda henüz görünmüyor</translation>
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>Pevrix kamerasını bir kez sisteme ekleyin. Yönetici izni ister.</translation>
+        <translation>Pevrix kamerasını sisteme ekleyin (yalnızca bir kez). Yönetici izni ister.</translation>
     </message>
     <message>
         <source>Register</source>
@@ -417,11 +417,11 @@
     </message>
     <message>
         <source>A recording waits for its phone (%1)</source>
-        <translation>Bir kayıt telefonunu bekliyor (%1)</translation>
+        <translation>Bir kayıt telefonu bekliyor (%1)</translation>
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
-        <translation>Telefon geri gelince sürer.</translation>
+        <translation>Telefon yeniden bağlanınca devam eder.</translation>
     </message>
     <message>
         <source>Stop recording</source>
@@ -436,7 +436,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>Uygulamalar donmuş bir kare alır. Yeniden yayınlamak için Kamerayı sürdür&apos;e tıklayın.</translation>
+        <translation>Uygulamalar donmuş bir görüntü alıyor. Yayına devam etmek için “Kamerayı sürdür” düğmesine tıklayın.</translation>
     </message>
 </context>
 <context>
@@ -483,7 +483,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>Kayıt sona erdi</translation>
+        <translation>Kayıt yarıda kesildi</translation>
     </message>
     <message>
         <source>The recording could not start</source>
@@ -511,7 +511,7 @@
     </message>
     <message>
         <source>The recordings folder is gone, and the recording with it.</source>
-        <translation>Kayıt klasörü artık yok, kayıt da onunla gitti.</translation>
+        <translation>Video kayıtları klasörü artık yok, kayıt da onunla birlikte gitti.</translation>
     </message>
     <message>
         <source>Pevrix cannot write to the folder %1.</source>
@@ -519,11 +519,11 @@
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
-        <translation>Video yazılmaya devam edilemedi. O ana kadar kaydedilenler saklandı.</translation>
+        <translation>Video kaydı sürdürülemedi. O ana kadar kaydedilenler saklandı.</translation>
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>Video oraya yazılamıyor. Başka bir klasör seçin ya da Pevrix&apos;i yeniden başlatın.</translation>
+        <translation>Video oraya kaydedilemiyor. Başka bir klasör seçin ya da Pevrix’i yeniden başlatın.</translation>
     </message>
 </context>
 <context>
@@ -584,7 +584,7 @@
     </message>
     <message>
         <source>Needs iTunes or the Apple Devices app</source>
-        <translation>iTunes veya Apple Aygıtları uygulaması gerekir</translation>
+        <translation>iTunes veya “Apple Aygıtları” gerekir</translation>
     </message>
     <message>
         <source>DIAGNOSTICS</source>
@@ -601,7 +601,7 @@
     <message>
         <source>Needs the usbmuxd service</source>
         <extracomment>usbmuxd is the name of a system service.</extracomment>
-        <translation>usbmuxd hizmeti gerekiyor</translation>
+        <translation>usbmuxd hizmeti gerekir</translation>
     </message>
 </context>
 <context>
@@ -631,7 +631,7 @@
     <name>UpdateBar</name>
     <message>
         <source>Pevrix %1 is available.</source>
-        <translation>Pevrix %1 kullanıma hazır.</translation>
+        <translation>Pevrix %1 yayımlandı.</translation>
     </message>
     <message>
         <source>Download</source>
@@ -665,7 +665,7 @@
     <name>tray</name>
     <message>
         <source>Show Pevrix</source>
-        <translation>Pevrix&apos;i göster</translation>
+        <translation>Pevrix’i göster</translation>
     </message>
     <message>
         <source>Quit</source>
@@ -673,7 +673,7 @@
     </message>
     <message>
         <source>Pevrix - in use by an app</source>
-        <translation>Pevrix - bir uygulama kullanıyor</translation>
+        <translation>Pevrix – bir uygulama kullanıyor</translation>
     </message>
     <message>
         <source>Pause</source>

@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>The recording has stopped by itself</source>
-        <translation>录像已自行停止</translation>
+        <translation>录制已自行停止</translation>
     </message>
     <message>
         <source>Recording saved</source>
@@ -85,7 +85,7 @@
     <message>
         <source>In your call, choose the camera “Pevrix”.</source>
         <extracomment>&quot;Pevrix&quot; is the name in the list of cameras of a video-call program.</extracomment>
-        <translation>请在通话中选择摄像头“Pevrix”。</translation>
+        <translation>请在视频通话中选择“Pevrix”摄像头。</translation>
     </message>
     <message>
         <source>Calls and browsers do not find the Pevrix camera yet.</source>
@@ -210,11 +210,11 @@
     </message>
     <message>
         <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>所有已配对的手机都将被移除，需要重新扫描新的二维码。是否继续？</translation>
+        <translation>所有已配对的手机都将被移除，需要扫描新的二维码。是否继续？</translation>
     </message>
     <message>
         <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>完成：已生成新的二维码。已配对的手机需要重新扫描一次。</translation>
+        <translation>完成：已生成新的二维码。之前配对的手机需要扫描它。</translation>
     </message>
 </context>
 <context>
@@ -272,7 +272,7 @@
     </message>
     <message>
         <source>Close to tray</source>
-        <translation>关闭到托盘</translation>
+        <translation>关闭到通知区域</translation>
     </message>
     <message>
         <source>Keep Pevrix running in the notification area when you close the window.</source>
@@ -311,7 +311,7 @@
     <name>Notice</name>
     <message>
         <source>Dismiss</source>
-        <translation>忽略</translation>
+        <translation>关闭</translation>
     </message>
 </context>
 <context>
@@ -343,15 +343,15 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
-        <translation>找不到 Pevrix 摄像头，或者另一个 Pevrix 正在使用它。请退出另一个或重新安装 Pevrix，然后重新启动。</translation>
+        <translation>找不到 Pevrix 摄像头，或者另一个 Pevrix 正在使用它。请退出另一个 Pevrix 或重新安装，然后再打开 Pevrix。</translation>
     </message>
     <message>
         <source>Windows is blocking Pevrix on this network</source>
-        <translation>Windows 正在此网络中阻止 Pevrix</translation>
+        <translation>Windows 在此网络上阻止了 Pevrix</translation>
     </message>
     <message>
         <source>Your phone cannot reach this PC until you allow it. Asks for admin.</source>
-        <translation>在您允许之前，手机无法连接此电脑。需要管理员权限。</translation>
+        <translation>允许之后，手机才能连接此电脑。需要管理员权限。</translation>
     </message>
     <message>
         <source>Allow</source>
@@ -363,7 +363,7 @@
     </message>
     <message>
         <source>Connect your phone</source>
-        <translation>连接您的手机</translation>
+        <translation>连接手机</translation>
     </message>
     <message>
         <source>Scan this code with the Pevrix app. Keep your phone on the same Wi-Fi as this PC.</source>
@@ -408,7 +408,7 @@
     </message>
     <message>
         <source>Register the Pevrix camera once. Asks for admin.</source>
-        <translation>请注册一次 Pevrix 摄像头。需要管理员权限。</translation>
+        <translation>请注册 Pevrix 摄像头（只需一次）。需要管理员权限。</translation>
     </message>
     <message>
         <source>Register</source>
@@ -436,7 +436,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
-        <translation>其他应用收到的是静止画面。点击“恢复摄像头”可重新播送。</translation>
+        <translation>其他应用收到的是静止画面。点击“恢复摄像头”即可继续传送画面。</translation>
     </message>
 </context>
 <context>
@@ -461,7 +461,7 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
-        <translation>配对码</translation>
+        <translation>配对二维码</translation>
     </message>
 </context>
 <context>
@@ -483,7 +483,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
-        <translation>录制已结束</translation>
+        <translation>录制已中断</translation>
     </message>
     <message>
         <source>The recording could not start</source>
@@ -519,11 +519,11 @@
     </message>
     <message>
         <source>The video could not be written any further. What was recorded until then is saved.</source>
-        <translation>无法继续写入视频。此前录制的内容已保存。</translation>
+        <translation>无法继续录制视频。此前录制的内容已保存。</translation>
     </message>
     <message>
         <source>The video cannot be written there. Choose another folder or restart Pevrix.</source>
-        <translation>无法在该处写入视频。请选择其他文件夹或重新启动 Pevrix。</translation>
+        <translation>无法将视频保存到该文件夹。请选择其他文件夹或重新启动 Pevrix。</translation>
     </message>
 </context>
 <context>
@@ -548,7 +548,7 @@
     </message>
     <message>
         <source>General</source>
-        <translation>通用</translation>
+        <translation>常规</translation>
     </message>
     <message>
         <source>Camera</source>
@@ -639,7 +639,7 @@
     </message>
     <message>
         <source>Dismiss</source>
-        <translation>忽略</translation>
+        <translation>关闭</translation>
     </message>
 </context>
 <context>
@@ -673,7 +673,7 @@
     </message>
     <message>
         <source>Pevrix - in use by an app</source>
-        <translation>Pevrix - 正被应用使用</translation>
+        <translation>Pevrix——正被应用使用</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -689,7 +689,7 @@
     </message>
     <message>
         <source>Click its icon to bring the window back. &quot;Quit&quot; in its menu ends it.</source>
-        <translation>单击其图标可恢复窗口。图标菜单中的“退出”会结束程序。</translation>
+        <translation>点击图标可恢复窗口。图标菜单中的“退出”会结束程序。</translation>
     </message>
 </context>
 </TS>
