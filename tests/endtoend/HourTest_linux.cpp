@@ -168,6 +168,7 @@ protected:
         m_roster = {};
         m_pipeline.stopRecording();
         m_pipeline.startStream(kSize, true);
+        m_pipeline.feedParameterSets({}); // the decoder is made anew with what comes first
         m_pipeline.goIdle();
         m_shown = {};
     }
