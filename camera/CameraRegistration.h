@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 namespace pevrix {
 
 // Whether other programs find the camera only once it is registered.
@@ -14,5 +16,11 @@ namespace pevrix {
 // seconds once they are granted; isCameraRegistered() tells whether it worked. Does nothing without
 // a library, or where nothing needs to be registered.
 void runCameraRegistration(bool unregister);
+
+// The folder that runCameraRegistration() would register the library of, when others than the
+// present user and administrators can change what is in there: what programs that read the camera
+// load from then on. Empty when they cannot, without a library, and where nothing needs to be
+// registered.
+[[nodiscard]] std::filesystem::path openCameraFolder();
 
 } // namespace pevrix

@@ -16,4 +16,9 @@ bool isCameraRegistered()
 
 void runCameraRegistration(bool /*unregister*/) {}
 
+std::filesystem::path openCameraFolder()
+{
+    return {};
+}
+
 } // namespace pevrix

@@ -1,5 +1,10 @@
 #include "camera/CameraRegistration_win.h"
 
+#include "system/OthersRights_win.h"
+
+#include <algorithm>
+#include <array>
+
 namespace pevrix {
 namespace {
 
@@ -38,6 +43,26 @@ DWORD launchCameraRegistration(const LaunchCalls& calls, bool unregister)
 void runCameraRegistration(bool unregister)
 {
     launchCameraRegistration({}, unregister);
+}
+
+std::filesystem::path openCameraFolder(const LaunchCalls& calls)
+{
+    const std::filesystem::path library = fileBeside(calls, L"softcam.dll");
+    if (library.empty()) {
+        return {};
+    }
+    // The library registers the one for 32-bit programs, too.
+    const auto folder = library.parent_path();
+    const std::array all = {folder, library, folder / L"x86", folder / L"x86" / L"softcam.dll"};
+    const bool isOpen = std::ranges::any_of(all, [](const auto& path) {
+        return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES && canOthersChange(path);
+    });
+    return isOpen ? folder : std::filesystem::path();
+}
+
+std::filesystem::path openCameraFolder()
+{
+    return openCameraFolder(LaunchCalls{});
 }
 
 } // namespace pevrix

@@ -9,4 +9,7 @@ namespace pevrix {
 // kNothingRan without a library beside the executable.
 DWORD launchCameraRegistration(const LaunchCalls& calls, bool unregister);
 
+// openCameraFolder() by the given calls.
+std::filesystem::path openCameraFolder(const LaunchCalls& calls);
+
 } // namespace pevrix

@@ -400,6 +400,12 @@ void AppController::copyPairingLink()
     QGuiApplication::clipboard()->setText(m_pairing.uri);
 }
 
+QString AppController::openCameraFolder() const
+{
+    return QDir::toNativeSeparators(
+        QString::fromStdU16String(m_options.system.openCameraFolder().u16string()));
+}
+
 void AppController::registerCamera()
 {
     m_options.system.runCameraRegistration(false);

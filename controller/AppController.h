@@ -78,6 +78,7 @@ class AppController final : public QObject, private IVideoSwitch
     Q_PROPERTY(bool videoStalled READ videoStalled NOTIFY changed)
     Q_PROPERTY(bool trustsPhones READ trustsPhones NOTIFY changed)
     Q_PROPERTY(bool cameraNeedsRegistration READ cameraNeedsRegistration CONSTANT)
+    Q_PROPERTY(QString openCameraFolder READ openCameraFolder NOTIFY changed)
     Q_PROPERTY(QString platform READ platform CONSTANT)
 
 public:
@@ -133,6 +134,9 @@ public:
     {
         return m_options.system.cameraNeedsRegistration;
     }
+    // The folder whose library registerCamera() would register, when others than the user and
+    // administrators can change it; else empty. The system is asked at each read.
+    [[nodiscard]] QString openCameraFolder() const;
     // "linux" or "winnt".
     [[nodiscard]] QString platform() const { return QSysInfo::kernelType(); }
 

@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>Kamera registrieren?</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>Andere können Dateien in %1 ändern. Ein dort abgelegtes Programm würde in jedem Videoanruf laufen. Trotzdem registrieren?</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>Trotzdem registrieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

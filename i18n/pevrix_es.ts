@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>¿Registrar la cámara?</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>Otras personas pueden cambiar archivos en %1. Un programa puesto ahí se ejecutaría en cada videollamada. ¿Registrar de todos modos?</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>Registrar de todos modos</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

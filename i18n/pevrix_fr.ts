@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>Installer la caméra&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>D’autres personnes peuvent modifier des fichiers dans %1. Un programme placé là s’exécuterait dans chaque appel vidéo. Installer quand même&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>Installer quand même</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>Installare la fotocamera?</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>Altre persone possono modificare i file in %1. Un programma messo lì verrebbe eseguito in ogni videochiamata. Installare comunque?</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>Installa comunque</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>カメラを登録しますか？</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>ほかのユーザーが %1 のファイルを変更できます。そこに置かれたプログラムは、すべてのビデオ通話で実行されます。それでも登録しますか？</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>それでも登録</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>Registrar a câmera?</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>Outras pessoas podem alterar arquivos em %1. Um programa colocado ali seria executado em todas as chamadas de vídeo. Registrar mesmo assim?</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>Registrar mesmo assim</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>Зарегистрировать камеру?</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>Другие могут изменять файлы в папке %1. Помещённая туда программа запускалась бы при каждом видеозвонке. Всё равно зарегистрировать?</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>Всё равно зарегистрировать</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

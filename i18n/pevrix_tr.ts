@@ -527,6 +527,25 @@
     </message>
 </context>
 <context>
+    <name>RegistrationDialog</name>
+    <message>
+        <source>Register the camera?</source>
+        <translation>Kamera sisteme eklensin mi?</translation>
+    </message>
+    <message>
+        <source>Others can change files in %1. A program put there would run in every video call. Register anyway?</source>
+        <translation>Başkaları %1 klasöründeki dosyaları değiştirebilir. Oraya konan bir program her görüntülü aramada çalışır. Yine de eklensin mi?</translation>
+    </message>
+    <message>
+        <source>Register anyway</source>
+        <translation>Yine de ekle</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>İptal</translation>
+    </message>
+</context>
+<context>
     <name>RenameButton</name>
     <message>
         <source>Rename %1</source>

@@ -49,6 +49,8 @@ QtObject {
 
     readonly property string language: translator?.language ?? ""
 
+    signal registrationDoubted(string folder)
+
     // The system is asked at each read, and each change of the controller reads.
     function isCameraRegistered(): bool { return controller.cameraRegistered }
 
@@ -64,6 +66,15 @@ QtObject {
     function copyPairingLink(): void { controller.copyPairingLink() }
     function regeneratePairing(): void { controller.regeneratePairing() }
     function registerCamera(): void { controller.registerCamera() }
+    // Unless the question comes first whether to register what others can change.
+    function wishToRegister(): void {
+        const folder = controller.openCameraFolder ?? ""
+        if (folder === "") {
+            registerCamera()
+        } else {
+            registrationDoubted(folder)
+        }
+    }
     function unregisterCamera(): void { controller.unregisterCamera() }
     function allowThroughFirewall(): void { controller.allowThroughFirewall() }
     function openDownload(): void { updates.openDownload() }

@@ -47,6 +47,7 @@ Window {
     readonly property int rz: 6 // thickness of the resize grips
 
     signal dialogAsked(string name)
+    signal registrationAsked(string folder)
     signal hiddenToTray()
 
     width: normalWidth
@@ -72,6 +73,11 @@ Window {
     function openDialog(name: string): void {
         dialogs.active = true
         dialogAsked(name)
+    }
+
+    function askToRegister(folder: string): void {
+        dialogs.active = true
+        registrationAsked(folder)
     }
 
     function nameOfLanguage(code: string): string {
@@ -163,6 +169,14 @@ Window {
         }
     }
 
+    Connections {
+        target: App
+
+        function onRegistrationDoubted(folder: string): void {
+            root.askToRegister(folder)
+        }
+    }
+
     Timer {
         interval: 1000
         repeat: true
@@ -247,7 +261,7 @@ Window {
                 unregistered: visible && App.cameraNeedsRegistration && !App.isCameraRegistered()
                 recordingClock: App.recording ? root.recClock : ""
                 onAllowClicked: App.allowThroughFirewall()
-                onRegisterClicked: App.registerCamera()
+                onRegisterClicked: App.wishToRegister()
                 onRetryClicked: App.start()
                 onStopRecordingClicked: App.toggleRecording()
             }

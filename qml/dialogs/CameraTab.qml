@@ -47,7 +47,7 @@ Column {
                       : qsTr("Register")
                 Accessible.name: root.registered ? qsTr("Unregister the camera")
                                                  : qsTr("Register the camera")
-                onClicked: root.registered ? App.unregisterCamera() : App.registerCamera()
+                onClicked: root.registered ? App.unregisterCamera() : App.wishToRegister()
             }
         }
 

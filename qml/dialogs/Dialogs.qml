@@ -8,6 +8,7 @@ Item {
 
     required property Main window // that they belong to
     readonly property bool anyShown: settings.shown || language.shown || addPhone.shown
+                                     || registration.shown
 
     Connections {
         target: root.window
@@ -19,6 +20,12 @@ Item {
             case "language": language.open(); break
             case "addphone": addPhone.open(); break
             }
+        }
+
+        function onRegistrationAsked(folder: string): void {
+            registration.open()
+            const dialog = registration.item as RegistrationDialog
+            dialog.folder = folder
         }
     }
 
@@ -34,6 +41,7 @@ Item {
         sourceComponent: SettingsDialog {
             objectName: "settings"
             theme: root.window
+            covered: registration.shown
             homeUrl: App.siteUrl
             languageName: Languages.nameOf(App.language)
             onLanguageClicked: {
@@ -62,6 +70,16 @@ Item {
             theme: root.window
             qrDataUrl: App.qrDataUrl
             pairAddress: App.pairAddress
+        }
+    }
+
+    LazyDialog {
+        id: registration
+
+        sourceComponent: RegistrationDialog {
+            objectName: "registration"
+            theme: root.window
+            onConfirmed: App.registerCamera()
         }
     }
 }

@@ -9,6 +9,7 @@ Item {
 
     property var theme: null // the window, for its colours; without one the light colours
     property bool shown: false
+    property bool covered: false // by another dialog, which the keys are for
     property string title: ""
     property int panelWidth: 360
     property int panelMaxHeight: 620
@@ -76,7 +77,7 @@ Item {
 
     Shortcut {
         sequence: "Escape"
-        enabled: root.shown
+        enabled: root.shown && !root.covered
         onActivated: root.close()
     }
 

@@ -33,7 +33,7 @@ Item {
             objectName: "callHint"
             maxWidth: root.width - 24
             registered: !App.cameraNeedsRegistration || App.isCameraRegistered()
-            onRegisterClicked: App.registerCamera()
+            onRegisterClicked: App.wishToRegister()
             onDismissed: root.done = true
         }
     }

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <random>
+#include <sddl.h>
 
 namespace pevrix {
 namespace {
@@ -128,6 +129,34 @@ TEST_F(LaunchTest, AsksForRightsAndWaitsForTheProgram)
     launch.reset();
     EXPECT_EQ(allow(), 1U);
     EXPECT_FALSE(launch) << "the folder is unknown";
+}
+
+void setAccess(const std::filesystem::path& path, const wchar_t* list)
+{
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(list, SDDL_REVISION_1,
+                                                                     &descriptor, nullptr));
+    EXPECT_TRUE(SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, descriptor));
+    LocalFree(descriptor);
+}
+
+TEST_F(LaunchTest, KnowsWhetherOthersCanChangeWhatIsRegistered)
+{
+    const wchar_t* const closed = L"D:P(A;OICI;FA;;;OW)(A;OICI;FA;;;BA)(A;OICI;FRFX;;;WD)";
+    const wchar_t* const open = L"D:P(A;OICI;FA;;;OW)(A;OICI;FA;;;BA)(A;OICI;FA;;;WD)";
+    setAccess(folder, open);
+    EXPECT_EQ(openCameraFolder(calls), "") << "there is no library";
+    copyTo(L"softcam.dll");
+    EXPECT_EQ(openCameraFolder(calls), folder);
+    setAccess(folder, closed);
+    setAccess(folder / L"softcam.dll", closed);
+    EXPECT_EQ(openCameraFolder(calls), "");
+    setAccess(folder / L"softcam.dll", open);
+    EXPECT_EQ(openCameraFolder(calls), folder);
+    setAccess(folder / L"softcam.dll", closed);
+    std::filesystem::create_directory(folder / L"x86");
+    setAccess(folder / L"x86", open);
+    EXPECT_EQ(openCameraFolder(calls), folder);
 }
 
 // With the system's tool, which writes below a key of the test's own, and without asking for

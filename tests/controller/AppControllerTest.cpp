@@ -348,6 +348,7 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
     int firewallTests = 0;
     m_system = {.isCameraRegistered = [&] { return registered; },
                 .runCameraRegistration = [&](bool unregister) { registered = !unregister; },
+                .openCameraFolder = [] { return std::filesystem::path(u"a ü"); },
                 .isFirewallBlocking =
                     [&](const std::filesystem::path& program) {
                         EXPECT_EQ(program,
@@ -366,6 +367,7 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
     m_app->allowThroughFirewall();
     EXPECT_FALSE(m_app->firewallBlocked());
     EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(m_app->openCameraFolder(), u"a ü"_s);
     m_app->registerCamera();
     EXPECT_TRUE(m_app->cameraRegistered());
     EXPECT_EQ(changes.size(), 2);

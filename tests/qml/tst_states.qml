@@ -125,6 +125,32 @@ WindowTestCase {
         verify(!texts(window.contentItem).some(text => text.includes("iTunes")))
     }
 
+    function test_aCameraThatOthersCanChangeIsRegisteredOnlyOnceMoreAsked() {
+        controller.pairAddress = "10.0.0.5:8788"
+        controller.cameraRegistered = false
+        controller.openCameraFolder = "D:\\<b>Tools"
+        const answer = name => {
+            const dialog = part("registration")
+            tryCompare(dialog, "opacity", 1)
+            verify(texts(dialog).some(text => text.includes(controller.openCameraFolder)))
+            mouseClick(button(name, dialog))
+            tryCompare(dialog, "opacity", 0)
+        }
+        waitForPolish(window) // the button has just appeared
+        mouseClick(button("Register"))
+        answer("Cancel")
+        open("settings").tab = 1
+        mouseClick(button("Register the camera", part("settings")))
+        tryCompare(part("registration"), "opacity", 1)
+        keyClick(Qt.Key_Escape)
+        tryCompare(part("registration"), "opacity", 0)
+        verify(part("settings").shown)
+        compare(controller.calls, [])
+        mouseClick(button("Register the camera", part("settings")))
+        answer("Register anyway")
+        compare(controller.calls, ["registerCamera"])
+    }
+
     function test_aNewCodeIsAskedForOnlyWhereItForgetsPhones() {
         open("settings").tab = 1
         controller.trustsPhones = true

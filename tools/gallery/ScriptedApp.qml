@@ -28,6 +28,7 @@ QtObject {
     property bool videoStalled
     property bool trustsPhones
     property bool cameraNeedsRegistration
+    property string openCameraFolder
     property string platform
     readonly property string appVersion: "1.1"
 
@@ -47,7 +48,7 @@ QtObject {
         cameraNeedsRegistration = true
         platform = "winnt"
         activeId = themeMode = 0
-        phoneName = ""
+        phoneName = openCameraFolder = ""
         recordingFolder = "/home/user/Videos/Pevrix"
         port = 8788
         fps = 30

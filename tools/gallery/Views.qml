@@ -21,8 +21,8 @@ QtObject {
         "live", "waiting", "stalled", "paused", "call-hint", "recording", "recording-saved",
         "recording-ended", "recording-refused", "recording-waits", "edit-menu", "add-phone",
         "settings-general", "settings-camera", "settings-camera-unregistered", "settings-camera-linux",
-        "settings-status", "settings-status-linux", "settings-about", "regenerate", "regenerated",
-        "language",
+        "register-open-folder", "settings-status", "settings-status-linux", "settings-about",
+        "regenerate", "regenerated", "language",
         "focus-pairing", "focus-live", "focus-settings",
         "contrast-pairing", "contrast-live", "contrast-settings"
     ]
@@ -33,7 +33,7 @@ QtObject {
     readonly property string recording: "/home/user/Videos/Pevrix/Pevrix_20260115_093012.mp4"
 
     function arrange(view: string): void {
-        for (const dialog of ["settings", "language", "addPhone", "editMenu"]) {
+        for (const dialog of ["settings", "language", "addPhone", "registration", "editMenu"]) {
             find(window.contentItem, dialog)?.close()
         }
         window.renamingCard?.cancelRename()
@@ -94,6 +94,10 @@ QtObject {
             break
         case "edit-menu": openEditMenu(); break
         case "add-phone": window.shotOpenView("addphone"); break
+        case "register-open-folder":
+            app.cameraRegistered = false
+            window.askToRegister("D:\\Tools\\Pevrix")
+            break
         case "language": window.shotOpenView("language"); break
         }
         openTab(view.startsWith("regenerate") ? "settings-camera" : view)
