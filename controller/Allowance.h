@@ -31,7 +31,7 @@ public:
 private:
     std::chrono::milliseconds m_slack;
     std::chrono::milliseconds m_interval;
-    Point m_due{}; // when the next one were due at one per interval
+    Point m_due; // when the next one were due at one per interval
 };
 
 } // namespace pevrix

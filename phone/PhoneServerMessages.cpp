@@ -84,8 +84,9 @@ bool PhoneServer::admit(PhoneConnection& newcomer, const Hello& hello)
 void PhoneServer::forgetUnusedPhone()
 {
     for (const auto& [id, connection] : m_connections) {
-        if (connection->handshaken() && m_trusted.contains(connection->hello()->deviceId)) {
-            m_lastUse.insert(connection->hello()->deviceId, m_uses); // it is in use
+        const auto& hello = connection->hello();
+        if (hello && connection->handshaken() && m_trusted.contains(hello->deviceId)) {
+            m_lastUse.insert(hello->deviceId, m_uses); // it is in use
         }
     }
     const QList<QString> ids = m_trusted.keys();

@@ -17,7 +17,7 @@ class StayAwake
 {
 public:
     StayAwake();
-    ~StayAwake();
+    ~StayAwake(); // NOLINT(performance-trivially-destructible): on Windows it has something to do
     StayAwake(const StayAwake&) = delete;
     StayAwake& operator=(const StayAwake&) = delete;
 };

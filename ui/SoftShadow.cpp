@@ -42,12 +42,12 @@ struct Run
 std::vector<Run> runsOf(double radius)
 {
     std::vector<Run> runs;
-    double top = 0;
-    for (; top < radius; ++top) {
-        const double rise = std::max(radius - (top + 0.5), 0.0);
-        runs.push_back({radius - std::sqrt(radius * radius - rise * rise), top, top + 1});
+    const int rounded = static_cast<int>(std::ceil(radius));
+    for (int row = 0; row < rounded; ++row) {
+        const double rise = std::max(radius - (row + 0.5), 0.0);
+        runs.push_back({radius - std::sqrt(radius * radius - rise * rise), 1.0 * row, row + 1.0});
     }
-    runs.push_back({.begin = 0, .top = top});
+    runs.push_back({.begin = 0, .top = 1.0 * rounded});
     return runs;
 }
 

@@ -22,7 +22,8 @@ public:
         address.sin_family = AF_INET;
         address.sin_port = htons(port);
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        m_connected = ::connect(m_fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        m_connected = m_fd >= 0 &&
+                      ::connect(m_fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
     }
     RawPeer(RawPeer&& other) noexcept
         : m_fd(std::exchange(other.m_fd, -1))
