@@ -21,13 +21,16 @@ Item {
 
     function comparePhones(): void {
         const now = {}
-        for (const phone of App.phones) {
+        for (let i = 0; i < App.phones.length; ++i) {
+            const phone = App.phones[i]
             now[phone.id] = phone.name
             if (names[phone.id] === undefined) {
                 say(qsTr("Phone connected: %1").arg(phone.name))
             }
         }
-        for (const id in names) {
+        const known = Object.keys(names)
+        for (let i = 0; i < known.length; ++i) {
+            const id = known[i]
             if (now[id] === undefined) {
                 say(qsTr("Phone disconnected: %1").arg(names[id]))
             }
