@@ -21,7 +21,7 @@ Item {
 
     function comparePhones(): void {
         const now = {}
-        for (let i = 0; i < App.phones.length; ++i) {
+        for (let i = 0; i < App.phones.length; ++i) { // qmllint disable compiler
             const phone = App.phones[i]
             now[phone.id] = phone.name
             if (names[phone.id] === undefined) {
