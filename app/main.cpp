@@ -29,6 +29,15 @@ using namespace pevrix;
 
 namespace {
 
+// What the desktop and the settings know the program by.
+void introduce()
+{
+    QApplication::setApplicationName(u"Pevrix"_s);
+    QApplication::setOrganizationName(u"Pevrix"_s);
+    QApplication::setDesktopFileName(u"example.pevrix.Pevrix"_s); // the Linux menu entry's name
+    QApplication::setWindowIcon(QIcon(u":/assets/icons/app-icon-256.png"_s));
+}
+
 // Once the window is seen: encryption takes some hundred milliseconds to load.
 void checkForUpdates(UpdateChecker& updater, const QQuickWindow& window)
 {
@@ -105,10 +114,7 @@ int main(int argc, char** argv)
     keepPaceWhileHidden();
     QQuickWindow::setDefaultAlphaBuffer(true);
     QApplication application(argc, argv);
-    QApplication::setApplicationName(u"Pevrix"_s);
-    QApplication::setOrganizationName(u"Pevrix"_s);
-    QApplication::setDesktopFileName(u"example.pevrix.Pevrix"_s); // the Linux menu entry's name
-    QApplication::setWindowIcon(QIcon(u":/assets/icons/app-icon-256.png"_s));
+    introduce();
     quitOnSystemSignals(application);
 
     const auto picture = parseCaptureOptions(QApplication::arguments());

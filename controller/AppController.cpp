@@ -5,11 +5,8 @@
 #include "phone/Protocol.h"
 
 #include <QClipboard>
-#include <QCoreApplication>
-#include <QDateTime>
 #include <QDesktopServices>
 #include <QDir>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QStyleHints>
 #include <QUrl>
@@ -20,39 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
-namespace {
-
-QString nameOf(RecordingReport::Outcome outcome)
-{
-    switch (outcome) {
-    case RecordingReport::Outcome::Saved:
-        return u"saved"_s;
-    case RecordingReport::Outcome::Resized:
-        return u"resized"_s;
-    case RecordingReport::Outcome::DiskFull:
-        return u"diskFull"_s;
-    case RecordingReport::Outcome::FolderGone:
-        return u"folderGone"_s;
-    case RecordingReport::Outcome::WriteFailed:
-        break;
-    }
-    return u"writeFailed"_s;
-}
-
-// A second recording within the same second gets a name of its own.
-QString newRecordingFile(const QString& folder)
-{
-    const QString base =
-        folder + u"/Pevrix_"_s + QDateTime::currentDateTime().toString(u"yyyyMMdd_HHmmss"_s);
-    QString path = base + u".mp4"_s;
-    for (int number = 2; QFileInfo::exists(path); ++number) {
-        path = base + u'_' + QString::number(number) + u".mp4"_s;
-    }
-    return path;
-}
-
-} // namespace
-
 AppController::AppController(const ControllerOptions& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
@@ -61,6 +25,7 @@ AppController::AppController(const ControllerOptions& options, QObject* parent)
     , m_pipeline(m_sink)
     , m_firewall(m_options.system, options.firewallInterval)
     , m_settings(options.settingsFile)
+    , m_pairing(options.tokenFolder, options.findEndpoints, options.addressInterval)
     , m_status(u"Idle"_s)
     , m_serverInfo(u"Not listening"_s)
 {
@@ -76,8 +41,7 @@ AppController::AppController(const ControllerOptions& options, QObject* parent)
     m_statisticsClock.start();
     m_statisticsTimer.setInterval(options.statisticsInterval);
     connect(&m_statisticsTimer, &QTimer::timeout, this, &AppController::onStatisticsTick);
-    m_addressTimer.setInterval(options.addressInterval);
-    connect(&m_addressTimer, &QTimer::timeout, this, &AppController::followAddresses);
+    connect(&m_pairing, &PairingCode::changed, this, &AppController::onPairingChanged);
     connectServer();
     connectUsb();
     m_usb.start();
@@ -163,11 +127,11 @@ void AppController::start()
         return;
     }
     listen();
-    refreshPairingInfo();
+    m_pairing.renew(pairingPort());
     m_firewall.refresh();
     m_pipeline.showIdle();
     m_statisticsTimer.start();
-    m_addressTimer.start();
+    m_pairing.follow(true);
     watchFirewall();
     Q_EMIT changed();
 }
@@ -220,40 +184,20 @@ void AppController::listen()
     qCInfo(phoneLog, "Pevrix: listening on port %d", m_server.port());
 }
 
-void AppController::refreshPairingInfo()
-{
-    const QString tokenFolder = m_options.tokenFolder.isEmpty()
-                                    ? QCoreApplication::applicationDirPath()
-                                    : m_options.tokenFolder;
-    showPairing(refreshPairing(tokenFolder, pairingPort(), m_captureMode, m_options.findEndpoints));
-}
-
 // Where phones connect, or would if nobody else listened there.
 quint16 AppController::pairingPort() const
 {
     return m_server.port() != 0 ? m_server.port() : kDefaultPort;
 }
 
-// The PC may have got another address, or its first one: from a Wi-Fi that came up late, or by
-// waking in another network. The token stays, and so do the phones.
-void AppController::followAddresses()
+// Before any phone is heard again: the server takes those only that know the new token.
+void AppController::onPairingChanged()
 {
-    auto moved =
-        moveToPresentAddresses(m_pairing, pairingPort(), m_captureMode, m_options.findEndpoints);
-    if (!moved) {
-        return;
-    }
-    qCInfo(controllerLog, "Pevrix: the addresses of this PC have changed");
-    showPairing(*std::move(moved));
+    const PairingInfo& pairing = m_pairing.info();
+    m_server.setToken(pairing.token);
+    m_server.setPcName(pairing.pcName);
+    m_pipeline.setPairAddress(pairing.addressText);
     Q_EMIT changed();
-}
-
-void AppController::showPairing(PairingInfo pairing)
-{
-    m_pairing = std::move(pairing);
-    m_server.setToken(m_pairing.token);
-    m_server.setPcName(m_pairing.pcName);
-    m_pipeline.setPairAddress(m_pairing.addressText);
 }
 
 void AppController::stop()
@@ -263,7 +207,7 @@ void AppController::stop()
         return;
     }
     m_statisticsTimer.stop();
-    m_addressTimer.stop();
+    m_pairing.follow(false);
     watchFirewall();
     m_pipeline.stop();
     qCInfo(controllerLog,
@@ -284,7 +228,7 @@ void AppController::toggleRecording()
     if (m_pipeline.isRecording()) {
         m_pipeline.stopRecording();
     } else {
-        static_cast<void>(m_pipeline.startRecording(newRecordingFile(recordingFolder())));
+        static_cast<void>(m_pipeline.startRecording(newRecordingPath(recordingFolder())));
     }
     Q_EMIT changed();
 }
@@ -292,7 +236,7 @@ void AppController::toggleRecording()
 void AppController::onRecordingEnded(const RecordingReport& report)
 {
     Q_EMIT changed();
-    Q_EMIT recordingEnded(nameOf(report.outcome), report.started, report.path, report.seconds);
+    Q_EMIT recordingEnded(outcomeName(report.outcome), report.started, report.path, report.seconds);
 }
 
 void AppController::openRecordingsFolder()
@@ -390,14 +334,14 @@ void AppController::regeneratePairing()
 {
     m_server.clearTrusted();
     m_settings.setTrusted({});
-    refreshPairingInfo();
+    m_pairing.renew(pairingPort());
     m_firewall.refresh();
     Q_EMIT changed();
 }
 
 void AppController::copyPairingLink()
 {
-    QGuiApplication::clipboard()->setText(m_pairing.uri);
+    QGuiApplication::clipboard()->setText(m_pairing.info().uri);
 }
 
 QString AppController::openCameraFolder() const

@@ -5,9 +5,9 @@
 #include "controller/LivePhones.h"
 #include "controller/LivePipeline.h"
 #include "controller/LiveStatistics.h"
+#include "controller/PairingCode.h"
 #include "controller/Settings.h"
 #include "controller/SystemFunctions.h"
-#include "pairing/Pairing.h"
 #include "phone/LogLimiter.h"
 #include "phone/PhoneServer.h"
 #include "usb/UsbMuxClient.h"
@@ -101,9 +101,9 @@ public:
     [[nodiscard]] int fps() const { return m_statistics.fps(); }
     [[nodiscard]] int decodeMs() const { return m_statistics.decodeMs(); }
     [[nodiscard]] QString serverInfo() const { return m_serverInfo; }
-    [[nodiscard]] QString qrDataUrl() const { return m_pairing.qrDataUrl; }
-    [[nodiscard]] QString pairAddress() const { return m_pairing.addressText; }
-    [[nodiscard]] QString pcName() const { return m_pairing.pcName; }
+    [[nodiscard]] QString qrDataUrl() const { return m_pairing.info().qrDataUrl; }
+    [[nodiscard]] QString pairAddress() const { return m_pairing.info().addressText; }
+    [[nodiscard]] QString pcName() const { return m_pairing.info().pcName; }
     [[nodiscard]] int port() const { return m_server.port(); }
     [[nodiscard]] bool osDark() const;
     [[nodiscard]] int themeMode() const { return m_settings.themeMode(); }
@@ -150,7 +150,7 @@ public:
 
     // From the next pairing code on the window shows demonstration values in place of this PC's
     // name, address and token, so that a picture of it can be published.
-    void setCaptureMode(bool on) { m_captureMode = on; }
+    void setCaptureMode(bool on) { m_pairing.setCaptureMode(on); }
 
 public Q_SLOTS:
     // Creates the camera, listens for phones, makes the pairing code and shows the idle card.
@@ -205,16 +205,14 @@ private:
     void connectServer();
     void connectUsb();
     void listen();
-    void refreshPairingInfo();
     void onPhoneConnected(PhoneRoster::Phone phone);
     void onPhoneDisconnected(int id);
     void setStatus(const QString& status);
     void onPipelineState();
     void onStatisticsTick();
     void onRecordingEnded(const RecordingReport& report);
-    void followAddresses();
+    void onPairingChanged();
     [[nodiscard]] quint16 pairingPort() const;
-    void showPairing(PairingInfo pairing);
     void watchFirewall();
     void tellSoon();
 
@@ -232,16 +230,14 @@ private:
     LivePhones m_phones{*this};
     FirewallWatch m_firewall;
     Settings m_settings;
-    PairingInfo m_pairing;
+    PairingCode m_pairing;
     LogLimiter m_phoneLines; // a phone may come and go as often as it likes
     QString m_status;
     QString m_serverInfo;
     QTimer m_statisticsTimer;
-    QTimer m_addressTimer;
     QElapsedTimer m_statisticsClock;
     LiveStatistics m_statistics;
     bool m_appConnected = false;
-    bool m_captureMode = false;
     bool m_toldSoon = false; // changed() is on its way
 };
 

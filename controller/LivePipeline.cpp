@@ -4,6 +4,7 @@
 #include "controller/Log.h"
 #include "phone/Log.h"
 #include "picture/PictureSize.h"
+#include "system/Memory.h"
 #include "video/VideoBackEnd.h"
 
 #include <cstring>
@@ -341,6 +342,19 @@ void LivePipeline::goIdle()
     }
     clearQueue();
     showIdle();
+    if (m_time.timersRun) {
+        QMetaObject::invokeMethod(this, &LivePipeline::rest, Qt::QueuedConnection);
+    }
+}
+
+// The program may run for weeks without a phone. The next stream makes its decoder anew anyway.
+void LivePipeline::rest()
+{
+    if (!isLive()) {
+        m_pool.clear();
+        m_decoder.reset();
+        returnFreeMemory();
+    }
 }
 
 bool LivePipeline::startRecording(const QString& path)

@@ -155,6 +155,7 @@ private:
 
     void setState(State state);
     void feedCard(std::vector<std::uint8_t> pixels);
+    void rest();
     void clearQueue();
     bool resizeCamera(QSize size);
     void startDecoder();

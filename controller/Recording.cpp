@@ -2,6 +2,7 @@
 
 #include "controller/Log.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -9,6 +10,8 @@
 #include <filesystem>
 #include <system_error>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
@@ -45,6 +48,34 @@ const char* explain(Outcome failure)
 }
 
 } // namespace
+
+QString outcomeName(Outcome outcome)
+{
+    switch (outcome) {
+    case Outcome::Saved:
+        return u"saved"_s;
+    case Outcome::Resized:
+        return u"resized"_s;
+    case Outcome::DiskFull:
+        return u"diskFull"_s;
+    case Outcome::FolderGone:
+        return u"folderGone"_s;
+    case Outcome::WriteFailed:
+        break;
+    }
+    return u"writeFailed"_s;
+}
+
+QString newRecordingPath(const QString& folder)
+{
+    const QString base =
+        folder + u"/Pevrix_"_s + QDateTime::currentDateTime().toString(u"yyyyMMdd_HHmmss"_s);
+    QString path = base + u".mp4"_s;
+    for (int number = 2; QFileInfo::exists(path); ++number) {
+        path = base + u'_' + QString::number(number) + u".mp4"_s;
+    }
+    return path;
+}
 
 bool Recording::start(const QString& path, QSize size, int fps)
 {

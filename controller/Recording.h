@@ -34,6 +34,13 @@ struct RecordingReport
     friend bool operator==(const RecordingReport&, const RecordingReport&) = default;
 };
 
+// "saved", "resized", "diskFull", "folderGone" or "writeFailed": what the interface knows it by.
+[[nodiscard]] QString outcomeName(RecordingReport::Outcome outcome);
+
+// The path of a recording that begins now, in `folder`: named by the time, and so that a second one
+// within the same second does not replace the first.
+[[nodiscard]] QString newRecordingPath(const QString& folder);
+
 // Records the live pictures to a file, keeps the PC awake meanwhile, and logs what goes wrong. GUI
 // thread.
 class Recording final : public IPictureConsumer

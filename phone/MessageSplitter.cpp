@@ -1,5 +1,7 @@
 #include "phone/MessageSplitter.h"
 
+#include <new>
+
 namespace pevrix {
 
 namespace {
@@ -25,7 +27,12 @@ std::span<char> MessageSplitter::writable()
     }
     QByteArray& payload = m_message.payload;
     if (m_payloadFilled == payload.size()) {
-        growPayload();
+        try {
+            growPayload();
+        } catch (const std::bad_alloc&) { // one peer's message must not end the program
+            m_oversized = true;
+            return {};
+        }
     }
     return {payload.data() + m_payloadFilled,
             static_cast<std::size_t>(payload.size() - m_payloadFilled)};

@@ -37,7 +37,8 @@ public:
     {
         NeedMore,
         Message,   // take() has it
-        Oversized, // a header announced more than kMaxPayload: the stream is at its end
+        Oversized, // a header announced more than kMaxPayload, or than there is memory for: the
+                   // stream is at its end
     };
 
     // Where the next bytes of the stream go, and at most how many. Never reaches past the end of

@@ -18,7 +18,11 @@ using namespace std::chrono_literals;
 constexpr auto kStrangersTurn = 2ms;
 constexpr auto kStrangersRest = 2ms;
 
-// More than the queue of the system holds; whoever floods it waits for the phones' turn.
+// How many the system keeps while the thread is busy; it drops those who connect beyond them, and a
+// phone among those tries again after a second. Qt's own 50 do not outlast a crowd.
+constexpr int kBacklog = 512;
+
+// Whoever floods the queue waits for the phones' turn.
 constexpr int kAcceptedInATurn = 64;
 
 } // namespace
@@ -42,10 +46,19 @@ PhoneServer::PhoneServer(const PhoneServerTimings& timings, QObject* parent)
             Qt::QueuedConnection);
     // See onNewConnection().
     m_server.setMaxPendingConnections(1);
+    m_server.setListenBacklogSize(kBacklog);
     connect(&m_server, &QTcpServer::acceptError, this, &PhoneServer::onAcceptError);
 }
 
 PhoneServer::~PhoneServer() = default;
+
+void PhoneServer::Listener::incomingConnection(qintptr descriptor)
+{
+    auto* const socket = new QTcpSocket(this);
+    socket->setSocketDescriptor(descriptor, QAbstractSocket::ConnectedState,
+                                QIODevice::ReadWrite | QIODevice::Unbuffered);
+    addPendingConnection(socket);
+}
 
 bool PhoneServer::listen(quint16 port)
 {

@@ -25,6 +25,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kAnswerLimit = 10s;
 constexpr auto kSilenceLimit = 15s;
+constexpr auto kLargestTime = 3s; // before the program takes them for gone
 constexpr QSize kSmall(640, 480);
 
 double msOf(const QElapsedTimer& clock)
@@ -194,6 +195,28 @@ qint64 push(const Address& address, const Clips& clips, const std::atomic<bool>&
         }
     }
     return counted;
+}
+
+int sendLargest(const Address& address, int count)
+{
+    QByteArray message = buildMessage(MessageType::Thumbnail, QByteArray(kMaxPayload, 'x'));
+    message.chop(1);
+    std::list<Flooder> phones;
+    for (int i = 0; i < count; ++i) {
+        Flooder& phone = phones.emplace_back(Flooder{.peer = RawPeer(address.port)});
+        (void)greet(phone.peer, address.hello(u"large %1"_s.arg(i)));
+    }
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.durationElapsed() < kLargestTime && !std::ranges::all_of(phones, &Flooder::done)) {
+        for (Flooder& phone : phones) {
+            (void)phone.push(message, false);
+            phone.peer.discard();
+        }
+        std::this_thread::sleep_for(1ms);
+    }
+    return static_cast<int>(
+        std::ranges::count_if(phones, [](const Flooder& phone) { return phone.peer.ended(); }));
 }
 
 } // namespace pevrix

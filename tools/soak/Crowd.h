@@ -57,6 +57,10 @@ void flood(const Address& address, int count, const std::atomic<bool>& stop);
 [[nodiscard]] qint64 push(const Address& address, const Clips& clips,
                           const std::atomic<bool>& counting, const std::atomic<bool>& stop);
 
+// Phones that each send all but the end of a message of the largest size. How many of them the
+// program left meanwhile.
+[[nodiscard]] int sendLargest(const Address& address, int count);
+
 // The result, with the event loop of this thread running meanwhile: phones that do not answer for
 // four seconds are dropped.
 template <typename Result>

@@ -27,6 +27,7 @@ public:
     void fillTheDisk(const Build& build, int count);
     // 64 descriptors, and a crowd that wants more.
     void runOutOfDescriptors(const Build& build);
+    void runOutOfMemory(const Build& build);
     // The media service dies and comes again.
     void restartTheMedia(const Build& build, Media& media, int count);
     // Network interfaces that come and go.

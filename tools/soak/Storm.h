@@ -86,6 +86,7 @@ private:
     MuxDaemon m_daemon;
     QTimer m_daemonTimer;
     bool m_daemonRestarts = true;
+    bool m_daemonGone = false; // and could not come back yet
     std::unique_ptr<Phone> m_cable;
     std::unique_ptr<Phone> m_good;
     std::unique_ptr<Phone> m_second; // held, for echoes

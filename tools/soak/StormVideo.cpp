@@ -13,8 +13,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kBrokenConnections = 100;
-constexpr int kBareConnections = 500;
+constexpr int kBrokenConnections = 150;
+constexpr int kBareConnections = 800;
+constexpr int kSizeChanges = 16;
 constexpr int kSilentPhones = 10;
 constexpr int kSlowStrangers = 200;
 constexpr int kCrowd = 2000;
@@ -61,9 +62,9 @@ void Storm::streamAndRecord()
         },
         QDeadlineTimer(10s));
     m_tally.recordingsThatPlay += playable && playable->pictures > 15 ? 1 : 0;
-    for (const QSize other : Clips::kSizes) {
+    for (int change = 0; change < kSizeChanges; ++change) {
         ++m_tally.sizes;
-        m_good->resize(other);
+        m_good->resize(Clips::kSizes[static_cast<std::size_t>(change) % Clips::kSizes.size()]);
         letEventsRunFor(300ms);
     }
     m_good->resize(Clips::kSizes.front());

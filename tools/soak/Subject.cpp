@@ -120,6 +120,14 @@ Resources Subject::resources() const
     return resources;
 }
 
+quint64 Subject::addressSpace() const
+{
+    QFile memory(u"/proc/%1/statm"_s.arg(processId()));
+    return memory.open(QIODevice::ReadOnly) ? memory.readAll().split(' ').value(0).toULongLong() *
+                                                  static_cast<quint64>(::sysconf(_SC_PAGESIZE))
+                                            : 0;
+}
+
 bool Subject::awaitLog(const QString& text, std::chrono::seconds limit)
 {
     return waitUntil([&] { return log().contains(text); }, QDeadlineTimer(limit));

@@ -50,6 +50,7 @@ public:
     [[nodiscard]] qint64 processId() const { return m_program.processId(); }
     [[nodiscard]] bool isRunning() const { return m_program.state() == QProcess::Running; }
     [[nodiscard]] Resources resources() const;
+    [[nodiscard]] quint64 addressSpace() const; // in bytes
     [[nodiscard]] QString log() { return m_program.errors(); }
     [[nodiscard]] bool awaitLog(const QString& text, std::chrono::seconds limit);
 

@@ -148,6 +148,7 @@ void runEndings(const Plan& plan, const Clips& clips, Media& media, Verdicts& ve
     say(u"programs that end at any moment"_s);
     Endings endings(plan.folder, clips, verdicts);
     endings.runOutOfDescriptors(plan.release);
+    endings.runOutOfMemory(plan.release);
     endings.flapInterfaces(plan.release, plan.share(50));
     endings.restartTheMedia(plan.release, media, plan.share(10));
     endings.fillTheDisk(plan.release, plan.share(20));
