@@ -32,8 +32,30 @@ constexpr auto kNames = "names"_L1;
 constexpr int kMaxWindowSide = 32'768;
 constexpr int kMaxWindowOffset = 1'000'000;
 
+// Begins the keys of ids that the store would not give back as they are: it drops slashes that
+// lead, trail or follow one another.
+constexpr auto kEncodedId = "encoded:"_L1;
+
 // A settings file has a few kilobytes; a far larger one is not read for inspection.
 constexpr qint64 kMaxInspectedBytes = qint64{16} * 1024 * 1024;
+
+QString keyOf(const QString& deviceId)
+{
+    if (!deviceId.startsWith(u'/') && !deviceId.endsWith(u'/') && !deviceId.contains("//"_L1) &&
+        !deviceId.startsWith(kEncodedId)) {
+        return deviceId;
+    }
+    QString encoded = deviceId;
+    return kEncodedId + encoded.replace(u'%', "%25"_L1).replace(u'/', "%2F"_L1);
+}
+
+QString deviceIdOf(const QString& key)
+{
+    if (!key.startsWith(kEncodedId)) {
+        return key;
+    }
+    return key.sliced(kEncodedId.size()).replace("%2F"_L1, "/"_L1).replace("%25"_L1, "%"_L1);
+}
 
 bool isIntactLine(QByteArrayView line)
 {
@@ -272,7 +294,7 @@ Settings::DeviceMap Settings::group(QLatin1StringView name) const
     const QStringList keys = m_store->allKeys();
     for (const QString& key : keys) {
         if (key.startsWith(prefix)) {
-            map.insert(key.sliced(prefix.size()), m_store->value(key).toString());
+            map.insert(deviceIdOf(key.sliced(prefix.size())), m_store->value(key).toString());
         }
     }
     return map;
@@ -280,16 +302,17 @@ Settings::DeviceMap Settings::group(QLatin1StringView name) const
 
 void Settings::replaceGroup(QLatin1StringView name, const DeviceMap& values)
 {
-    const DeviceMap stored = group(name);
-    for (const QString& deviceId : stored.keys()) {
+    for (const QString& deviceId : group(name).keys()) {
         if (!values.contains(deviceId)) {
-            m_store->remove(name + u'/' + deviceId);
+            m_store->remove(name + u'/' + keyOf(deviceId));
         }
     }
+    // Looked at anew: "a" has taken "a/b" along.
+    const DeviceMap stored = group(name);
     for (const auto& [deviceId, value] : values.asKeyValueRange()) {
         const bool fits = !deviceId.isEmpty() && deviceId.size() <= kMaxDeviceIdLength;
         if (fits && stored.value(deviceId) != value) {
-            m_store->setValue(name + u'/' + deviceId, value);
+            m_store->setValue(name + u'/' + keyOf(deviceId), value);
         }
     }
     // At once: a pairing must not be lost with a crash a moment later.
