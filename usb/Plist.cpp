@@ -23,13 +23,13 @@ QByteArray escaped(const QString& text)
 }
 
 // Whether the XML reader's work stays in proportion to the document. It does not when the document
-// declares entities or attributes itself, nor with tags of very many attributes: each is compared
-// with every other. An attribute has two quotes, of which real documents have a dozen.
+// declares entities, attributes or elements itself, nor with tags of very many attributes: each is
+// compared with every other. An attribute has two quotes, of which real documents have a dozen.
 bool isHarmless(QByteArrayView bytes)
 {
     constexpr qsizetype kMaxQuotes = 4096;
     return !bytes.contains("<!ENTITY") && !bytes.contains("<!ATTLIST") &&
-           bytes.count('"') + bytes.count('\'') <= kMaxQuotes;
+           !bytes.contains("<!ELEMENT") && bytes.count('"') + bytes.count('\'') <= kMaxQuotes;
 }
 
 class PlistReader

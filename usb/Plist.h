@@ -20,8 +20,8 @@ inline constexpr int kPlistMaxDepth = 32;
 // The first dictionary of a property list: strings, 64-bit integers, booleans and nested maps.
 // Other kinds (arrays, data, dates, reals) and integers that do not fit leave an empty value under
 // their key. Malformed XML and too deep nesting end the reading with what was read so far. A
-// document without a dictionary gives an empty map, and so does one that declares entities or
-// attributes itself or has thousands of quotes.
+// document without a dictionary gives an empty map, and so does one that declares entities,
+// attributes or elements itself or has thousands of quotes.
 [[nodiscard]] QVariantMap parsePlist(QByteArrayView bytes);
 
 } // namespace pevrix

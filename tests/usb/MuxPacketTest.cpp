@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
@@ -53,18 +51,6 @@ TEST(MuxPacket, AnImpossibleLengthClearsTheBufferAndAPossibleOneWaits)
     EXPECT_TRUE(longest.isEmpty());
 }
 
-TEST(MuxPacket, APacketIsTakenWhenItsLastByteArrives)
-{
-    const QByteArray bytes = packet(listenRequest());
-    QByteArray buffer;
-    for (const char byte : bytes) {
-        EXPECT_FALSE(takeMessage(buffer));
-        buffer += byte;
-    }
-    EXPECT_EQ(takeMessage(buffer)->value(u"ProgName"_s), u"Pevrix"_s);
-    EXPECT_EQ(missingMuxBytes(buffer), kMuxHeaderSize);
-}
-
 // Half a million packets in one buffer: each must cost its own size, not that of the backlog.
 TEST(MuxPacket, ABacklogOfPacketsIsTakenInOrder)
 {
@@ -77,14 +63,6 @@ TEST(MuxPacket, ABacklogOfPacketsIsTakenInOrder)
     }
     EXPECT_EQ(takeMessage(buffer)->value(u"Number"_s), 2);
     EXPECT_TRUE(buffer.isEmpty());
-}
-
-TEST(MuxPacket, OnlyANumberOfZeroIsSuccess)
-{
-    EXPECT_TRUE(isSuccess({{u"Number"_s, 0LL}}));
-    for (const QVariant& number : {QVariant(), QVariant(2LL), QVariant(u"0"_s)}) {
-        EXPECT_FALSE(isSuccess({{u"Number"_s, number}}));
-    }
 }
 
 } // namespace

@@ -23,7 +23,7 @@ QVariantMap parseDict(const QByteArray& entries)
     return parsePlist(kHead + "<dict>" + entries + "</dict></plist>");
 }
 
-TEST(PlistWriter, WritesTheRequestsToTheByte)
+TEST(PlistWriter, WritesToTheByte)
 {
     EXPECT_EQ(buildPlist(listenRequest()),
               kHead + "<dict><key>ClientVersionString</key><string>Pevrix</string>"
@@ -36,10 +36,7 @@ TEST(PlistWriter, WritesTheRequestsToTheByte)
                       "<key>MessageType</key><string>Connect</string>"
                       "<key>PortNumber</key><integer>42782</integer>"
                       "<key>ProgName</key><string>Pevrix</string></dict></plist>");
-}
-
-TEST(PlistWriter, EscapesMarkupOnceAndNothingElse)
-{
+    // Markup is escaped once, and nothing else.
     EXPECT_EQ(
         buildPlist({{u"a&b<c>"_s, u"&lt; \"é\" '%1'"_s}, {u"b"_s, -9223372036854775807LL - 1}}),
         kHead + "<dict><key>a&amp;b&lt;c&gt;</key><string>&amp;lt; \"é\" '%1'</string>"
@@ -108,6 +105,7 @@ TEST(PlistReader, SurvivesBombs)
         large("<dict><key>a</key>"),
         "<dict>" + large("<array>"),
         attributes + "/></dict>",
+        "<!DOCTYPE plist [<!ELEMENT key (#PCDATA)>]><dict><key>a</key><string>text</string></dict>",
         "<!DOCTYPE p [<!ATTLIST key " + large("b CDATA #IMPLIED ") + ">]>" + dict,
         large("<!--"),
         large("<!DOCTYPE"),

@@ -1,18 +1,11 @@
-#include "tools/doubles/WaitUntil.h"
+#include "tools/doubles/Program.h"
 #include "usb/UsbMuxClient.h"
 
 #include <gmock/gmock.h>
 
 #include <QDir>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-
-#include <csignal>
-#include <sched.h>
-#include <sys/mount.h>
-#include <sys/prctl.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -20,96 +13,42 @@ namespace pevrix {
 namespace {
 
 // The usbmux daemon of this system, with its socket, lock and pairing records in a folder of ours:
-// it knows only fixed paths, so that it gets a file system view of its own. Its socket is a Unix
-// one here, and socat makes the TCP port of it that the client looks for.
-class RealDaemon
+// it knows only fixed paths, so that it gets a file system view of its own. Without root rights, a
+// user namespace gives the right to mount.
+std::unique_ptr<Program> startDaemon(const QString& folder)
 {
-public:
-    RealDaemon()
-    {
-        EXPECT_TRUE(QDir(m_folder.path()).mkpath(u"run"_s) &&
-                    QDir(m_folder.path()).mkpath(u"lib"_s));
-        m_daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_daemon.setChildProcessModifier([run = m_folder.filePath(u"run"_s).toStdString(),
-                                          lib = m_folder.filePath(u"lib"_s).toStdString()] {
-            prctl(PR_SET_PDEATHSIG, SIGKILL);
-            // Without root rights, a user namespace gives the right to mount.
-            if ((unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) ||
-                mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-                mount(run.c_str(), "/run", nullptr, MS_BIND, nullptr) != 0 ||
-                mount(lib.c_str(), "/var/lib", nullptr, MS_BIND, nullptr) != 0) {
-                perror("a file system view of its own");
-                _exit(1);
-            }
-        });
-        m_bridge.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-        m_bridge.start(u"socat"_s, {u"-d"_s, u"-d"_s, u"TCP-LISTEN:0,bind=127.0.0.1,fork"_s,
-                                    u"UNIX-CONNECT:"_s + m_folder.filePath(u"run/usbmuxd"_s)});
-    }
-
-    ~RealDaemon()
-    {
-        stop();
-        m_bridge.kill();
-        m_bridge.waitForFinished();
-    }
-
-    // The port that the system gave to socat, which says so in its log; 0 when it does not start.
-    std::uint16_t port()
-    {
-        static const QRegularExpression listening(u"listening on .*:(\\d+)\\n"_s);
-        QString log;
-        QRegularExpressionMatch match;
-        while (!(match = listening.match(log)).hasMatch() &&
-               m_bridge.state() != QProcess::NotRunning && m_bridge.waitForStarted() &&
-               waitForLog()) {
-            log += QString::fromUtf8(m_bridge.readAllStandardError());
-        }
-        return match.captured(1).toUShort();
-    }
-
-    void start()
-    {
-        m_daemon.start(u"usbmuxd"_s, {u"--foreground"_s});
-        ASSERT_TRUE(m_daemon.waitForStarted()) << qPrintable(m_daemon.errorString());
-    }
-
-    void stop()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
-private:
-    bool waitForLog()
-    {
-        m_bridge.setReadChannel(QProcess::StandardError);
-        return m_bridge.waitForReadyRead();
-    }
-
-    QTemporaryDir m_folder;
-    QProcess m_bridge;
-    QProcess m_daemon;
-};
+    const QString command = u"unshare -m true 2>/dev/null || own=-r; exec unshare -m $own "
+                            "--kill-child=KILL sh -c 'mount --bind run /run && "
+                            "mount --bind lib /var/lib && exec usbmuxd --foreground'"_s;
+    return std::make_unique<Program>(u"sh"_s,
+                                     QStringList{u"-c"_s, u"cd \"$0\" && "_s + command, folder});
+}
 
 TEST(RealUsbMuxDaemon, IsFoundLostAndFoundAgain)
 {
-    RealDaemon daemon;
-    const std::uint16_t port = daemon.port();
-    ASSERT_NE(port, 0) << "socat does not run";
-    UsbMuxClient client({.port = port,
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkpath(u"run"_s) && QDir(folder.path()).mkpath(u"lib"_s));
+    // Its socket is a Unix one here; this makes the TCP port of it that the client looks for, on
+    // any free one.
+    Program bridge(u"socat"_s, {u"-d"_s, u"-d"_s, u"TCP-LISTEN:0,bind=127.0.0.1,fork"_s,
+                                u"UNIX-CONNECT:"_s + folder.filePath(u"run/usbmuxd"_s)});
+    static const QRegularExpression listening(u"listening on .*:(\\d+)\\n"_s);
+    QRegularExpressionMatch match;
+    ASSERT_TRUE(waitUntil([&] { return (match = listening.match(bridge.errors())).hasMatch(); }));
+    UsbMuxClient client({.address = QHostAddress(QHostAddress::LocalHost),
+                         .port = match.captured(1).toUShort(),
                          .reconnectInterval = std::chrono::milliseconds(50),
                          .tunnelInterval = std::chrono::milliseconds(50)});
     std::vector<bool> changes;
     QObject::connect(&client, &UsbMuxClient::availabilityChanged, &client,
                      [&](bool available) { changes.push_back(available); });
     client.start();
-    daemon.start();
-    ASSERT_TRUE(waitUntil([&] { return client.available(); }));
-    daemon.stop();
+    auto daemon = startDaemon(folder.path());
+    ASSERT_TRUE(waitUntil([&] { return client.available(); })) << daemon->errors().toStdString();
+    daemon.reset();
     ASSERT_TRUE(waitUntil([&] { return !client.available(); }));
-    daemon.start();
-    ASSERT_TRUE(waitUntil([&] { return client.available(); }));
+    daemon = startDaemon(folder.path());
+    ASSERT_TRUE(waitUntil([&] { return client.available(); })) << daemon->errors().toStdString();
     EXPECT_THAT(changes, testing::ElementsAre(true, false, true));
 }
 

@@ -127,15 +127,18 @@ TEST_F(UsbMuxClientTest, IgnoresWhatIsNoPhoneOnUsb)
 
 TEST_F(UsbMuxClientTest, TriesARefusedPhoneAgainButNeverTwiceAtOnce)
 {
-    // Device 1 is refused, then gets an answer without framing, then is accepted; 2 gets no answer.
+    // Device 1 gets no success at first, which is the number 0 alone; 2 gets no answer.
     daemon.answer = [this](int device) {
-        const QByteArray answers[] = {MuxDaemon::result(3), QByteArray(16, '\1'),
-                                      MuxDaemon::result(0)};
+        const QByteArray result = "<key>MessageType</key><string>Result</string>";
+        const QByteArray answers[] = {
+            MuxDaemon::result(3), QByteArray(16, '\1'), MuxDaemon::packet(result),
+            MuxDaemon::packet(result + "<key>Number</key><string>0</string>"),
+            MuxDaemon::result(0)};
         return device == 1 ? answers[daemon.requests[1] - 1] : QByteArray();
     };
     daemon.announce(daemon.attached("2") + daemon.attached("1"));
     waitForTunnels(1);
-    EXPECT_EQ(daemon.requests[1], 3);
+    EXPECT_EQ(daemon.requests[1], 5);
     EXPECT_EQ(daemon.requests[2], 1);
     // Unplugging it gives the waiting attempt up.
     daemon.announce(daemon.detached(2));
@@ -187,10 +190,12 @@ TEST_F(UsbMuxClientTest, FindsTheDaemonAgainAfterLosingIt)
     daemon.announce(daemon.attached("1") + daemon.attached("2"));
     waitForTunnels(1);
     waitForRequests(2, 1);
+    client.noteUsbBye(tunnels[0]);
     daemon.vanish();
     ASSERT_TRUE(waitUntil([this] { return !client.available(); }));
     // Only the tunnel is left, in its owner's hands: the attempt for 2 is gone.
     EXPECT_TRUE(waitUntil([this] { return client.findChildren<QTcpSocket*>().size() == 1; }));
+    delete tunnels[0];
     client.start();                                  // changes nothing
     letEventsRunFor(std::chrono::milliseconds(100)); // several vain tries to connect
     EXPECT_THAT(changes, ElementsAre(true, false));
@@ -204,6 +209,8 @@ TEST_F(UsbMuxClientTest, FindsTheDaemonAgainAfterLosingIt)
     ASSERT_TRUE(daemon.appear());
     waitForTunnels(2);
     EXPECT_THAT(changes, ElementsAre(true, false, true));
+    delete tunnels[1];
+    waitForTunnels(3); // its goodbye is forgotten
     letTheTunnelTimerFire();
     EXPECT_EQ(daemon.requests[2], 1) << "the phones of the lost daemon are forgotten";
 }
