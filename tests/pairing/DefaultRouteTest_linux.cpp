@@ -1,13 +1,11 @@
 #include "pairing/DefaultRoute.h"
 #include "pairing/LanEndpoints.h"
+#include "tools/doubles/Program.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <net/if.h>
-#include <sstream>
-#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -15,40 +13,21 @@ using namespace pevrix;
 
 namespace {
 
-// The kernel's routing table read as text: the interface of the longest prefix that covers
-// 8.8.8.8, the cheapest when several do; 0 when none does.
-int interfaceFromRouteTable()
+// The kernel's own answer, as another program reads it: "8.8.8.8 via ... dev eth0 src ...", 0
+// without a route.
+int interfaceFromRouteTool()
 {
-    std::ifstream table("/proc/net/route");
-    std::string line;
-    std::getline(table, line); // titles
-    int found = 0;
-    unsigned long foundMask = 0;
-    unsigned long foundMetric = 0;
-    while (std::getline(table, line)) {
-        std::istringstream fields(line);
-        std::string name;
-        unsigned long destination, gateway, flags, references, uses, metric, mask;
-        fields >> name >> std::hex >> destination >> gateway >> flags >> std::dec >> references >>
-            uses >> metric >> std::hex >> mask;
-        EXPECT_TRUE(fields) << line;
-        const bool better =
-            found == 0 || mask > foundMask || (mask == foundMask && metric < foundMetric);
-        constexpr unsigned long kReject = 0x200;
-        if ((0x08080808 & mask) == destination && better) {
-            found = (flags & kReject) != 0 ? 0 : static_cast<int>(if_nametoindex(name.c_str()));
-            foundMask = mask;
-            foundMetric = metric;
-        }
-    }
-    return found;
+    Program tool(u"ip"_s, {u"-o"_s, u"route"_s, u"get"_s, u"8.8.8.8"_s});
+    const bool found = tool.awaitExit() == 0;
+    const QString name = tool.output().section(u" dev "_s, 1).section(u' ', 0, 0);
+    return found ? static_cast<int>(if_nametoindex(qPrintable(name))) : 0;
 }
 
 } // namespace
 
-TEST(DefaultRoute, IsTheInterfaceThatTheRoutingTableNamesOrZeroWithoutARoute)
+TEST(DefaultRoute, IsTheInterfaceThatTheKernelNamesOrZeroWithoutARoute)
 {
-    EXPECT_EQ(defaultRouteInterfaceIndex(), interfaceFromRouteTable());
+    EXPECT_EQ(defaultRouteInterfaceIndex(), interfaceFromRouteTool());
 }
 
 TEST(LanInterfaces, AreReadWithTheFlagsAndNumbersOfTheSystem)

@@ -40,7 +40,6 @@ TEST(QrImage, IsEmptyWhenTheTextDoesNotFit)
     EXPECT_EQ(makeQrImage(QString(2331, u'a')).width(), 177 * 8 + 64); // the largest symbol
     for (const QString& text : {QString(2332, u'a'), QString(1166, u'ä'), QString(100'000, u'a'),
                                 u"a"_s + QChar::Null + u'b'}) {
-        EXPECT_TRUE(makeQrImage(text).isNull());
         EXPECT_EQ(makeQrDataUrl(text), QString());
     }
 }

@@ -1,5 +1,4 @@
-#include "pairing/PairingUri.h"
-#include "pairing/QrImage.h"
+#include "pairing/Pairing.h"
 #include "tools/doubles/Program.h"
 
 #include <gtest/gtest.h>
@@ -12,14 +11,6 @@ using namespace Qt::StringLiterals;
 using namespace pevrix;
 
 namespace {
-
-QByteArray pngOf(const QString& dataUrl)
-{
-    const QString prefix = u"data:image/png;base64,"_s;
-    EXPECT_TRUE(dataUrl.startsWith(prefix));
-    return QByteArray::fromBase64(dataUrl.sliced(prefix.size()).toLatin1(),
-                                  QByteArray::AbortOnBase64DecodingErrors);
-}
 
 // What an independent reader finds in the picture. The reader must be installed.
 std::string readWith(const QString& program, const QStringList& arguments)
@@ -36,28 +27,28 @@ TEST(QrImage, IsReadBackByTwoIndependentReaders)
     const QString token = u"AbCdEfGhIjKlMnOpQrSt-_"_s;
     const QStringList four{u"192.168.100.107:65535"_s, u"192.168.100.108:65535"_s,
                            u"172.168.100.108:65535"_s, u"10.168.100.108:65535"_s};
-    const PairingUri uris[] = {
-        {u"PC"_s, token, {}},
-        {u"DESKTOP-PEVRIX"_s, token, four.first(1)},
-        {u"Büro 水"_s.repeated(9), token, four},
+    const PairingInfo pairings[] = {
+        describePairing(token, u"PC"_s, {}, 1, false),
+        describePairing(token, u"Büro 水"_s.repeated(9), four, 1, false),
     };
     // Modules of exactly 8 pixels fall on the blocks of this reader's default, local threshold,
     // which then takes a uniform block for background; photographs are never aligned like that.
     const QStringList globalThreshold{u"-binarizer"_s, u"global"_s, u"-bytes"_s};
+    const QString prefix = u"data:image/png;base64,"_s;
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"code.png"_s);
-    for (const PairingUri& uri : uris) {
-        const QString text = writePairingUri(uri);
-        const QByteArray png = pngOf(makeQrDataUrl(text));
-        EXPECT_EQ(QImage::fromData(png, "PNG").convertToFormat(QImage::Format_RGB32),
-                  makeQrImage(text));
+    for (const PairingInfo& pairing : pairings) {
+        ASSERT_TRUE(pairing.qrDataUrl.startsWith(prefix));
+        const QByteArray png =
+            QByteArray::fromBase64(pairing.qrDataUrl.sliced(prefix.size()).toLatin1(),
+                                   QByteArray::AbortOnBase64DecodingErrors);
         QFile output(file);
         ASSERT_TRUE(output.open(QIODevice::WriteOnly));
         ASSERT_EQ(output.write(png), png.size());
         output.close();
         EXPECT_EQ(readWith(u"zbarimg"_s, {u"--nodbus"_s, u"--quiet"_s, u"--raw"_s, file}),
-                  text.toStdString());
+                  pairing.uri.toStdString());
         EXPECT_EQ(readWith(u"ZXingReader"_s, globalThreshold + QStringList{file}),
-                  text.toStdString());
+                  pairing.uri.toStdString());
     }
 }
