@@ -1,5 +1,6 @@
 // The controller with phones on a cable.
 #include "tests/controller/AppControllerFixture.h"
+#include "tests/support/HostileNames.h"
 #include "tools/phonesim/MuxDaemon.h"
 #include "usb/MuxPacket.h"
 
@@ -26,6 +27,9 @@ protected:
                 m_phones[device] = std::make_unique<Phone>(
                     m_clip.source(),
                     PhoneIdentity{.deviceId = u"phone-%1"_s.arg(device), .name = u"Cable"_s});
+                QObject::connect(
+                    m_phones[device].get(), &Phone::received, &m_daemon,
+                    [this](const Message& message) { m_heard[message.type] = message.payload; });
                 m_phones[device]->takeTunnel(socket);
             });
         startApp(m_daemon.port());
@@ -39,6 +43,7 @@ protected:
 
     MuxDaemon m_daemon;
     std::map<int, std::unique_ptr<Phone>> m_phones; // by device, the last one each
+    std::map<MessageType, QByteArray> m_heard;      // by any of them
     int m_refusals = 0;                             // to come
     QString m_availability;                         // + and - for each change of the USB service
 };
@@ -51,6 +56,9 @@ TEST_F(AppControllerCableTest, ShowsPhonesOnCablesWithoutPairing)
     ASSERT_TRUE(waitForVideo());
     EXPECT_TRUE(phone(0)[u"usb"_s].toBool() && phone(1)[u"usb"_s].toBool());
     EXPECT_NE(phone(0)[u"deviceId"_s], phone(1)[u"deviceId"_s]);
+    const QByteArray greeting = m_heard[MessageType::UsbHello];
+    EXPECT_TRUE(greeting.contains("\"pcName\":" + jsonOf(m_app->pcName()))) << greeting.data();
+    EXPECT_TRUE(greeting.contains(token().toUtf8())) << greeting.data();
 }
 
 TEST_F(AppControllerCableTest, PrefersTheCableToTheNetworkForTheSamePhone)

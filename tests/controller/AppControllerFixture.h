@@ -2,6 +2,8 @@
 
 #include "tests/support/Clip.h"
 #include "tests/support/TestController.h"
+#include "tests/support/TestPhone.h"
+#include "tools/doubles/Testcam.h"
 #include "tools/doubles/WaitUntil.h"
 #include "tools/phonesim/Phone.h"
 
@@ -9,7 +11,6 @@
 
 #include <QFile>
 #include <QImage>
-#include <QSettings>
 #include <QTemporaryDir>
 
 #include <chrono>
@@ -21,19 +22,20 @@ namespace pevrix {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-// The real controller with ports, settings and token of its own, and simulated phones that speak to
-// it over real sockets.
+// The real controller with ports, settings and token of its own, a camera library that remembers
+// what was done to it, and phones that speak to it over real sockets.
 class AppControllerTest : public testing::Test
 {
 protected:
     [[nodiscard]] ControllerOptions options(quint16 usbPort = kNobodysPort) const
     {
         ControllerOptions options = testOptions(m_folder.path(), usbPort);
+        options.port = m_port;
         options.system = m_system;
         options.firewallInterval = m_firewallInterval;
         if (m_endpoints) {
-            options.findEndpoints = [this](quint16) {
-                return *m_endpoints;
+            options.findEndpoints = [this](quint16 port) {
+                return QStringList(*m_endpoints).replaceInStrings(u"PORT"_s, QString::number(port));
             };
             options.addressInterval = 50ms;
         }
@@ -46,7 +48,10 @@ protected:
         m_app.reset(); // before the next one reads its settings
         m_app = std::make_unique<AppController>(options(usbPort));
         QObject::connect(m_app.get(), &AppController::frameReady, m_app.get(),
-                         [this](const QImage& image) { m_imageSize = image.size(); });
+                         [this](const QImage& image) {
+                             m_imageSize = image.size();
+                             ++m_imagesShown;
+                         });
         m_app->start();
         ASSERT_GT(m_app->port(), 0);
     }
@@ -70,6 +75,16 @@ protected:
         auto phone = std::make_unique<Phone>((clip ? *clip : m_clip).source(), identity);
         phone->connectTo(u"127.0.0.1"_s, static_cast<quint16>(m_app->port()),
                          ownToken.isEmpty() ? token() : ownToken);
+        return phone;
+    }
+
+    // A phone of the test's own bytes that has said hello.
+    [[nodiscard]] std::unique_ptr<TestPhone> greet(const QByteArray& deviceId,
+                                                   const char* pc = "127.0.0.1") const
+    {
+        auto phone = std::make_unique<TestPhone>(static_cast<quint16>(m_app->port()),
+                                                 QHostAddress(QLatin1StringView(pc)));
+        EXPECT_TRUE(phone->sendAndSettle(helloMessage(deviceId, token().toUtf8())));
         return phone;
     }
 
@@ -99,18 +114,27 @@ protected:
         });
     }
 
-    [[nodiscard]] QVariant stored(const char* key) const
+    // The settings as they lie on the disk.
+    [[nodiscard]] QByteArray stored() const
     {
-        return QSettings(path("settings.ini"), QSettings::IniFormat).value(QLatin1StringView(key));
+        QFile file(path("settings.ini"));
+        return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll() : QByteArray();
     }
 
+    [[nodiscard]] QSize cameraSize() const { return {m_camera.width, m_camera.height}; }
+
     const Clip m_clip{"live.h264", {160, 96}};
+    const CameraLibrary m_library = loadCameraLibrary(TESTCAM_NAME); // keeps its state alive
+    TestcamState& m_camera =
+        *reinterpret_cast<TestcamStateFunction>(cameraEntryPoint(m_library, "testcamState"))();
     QTemporaryDir m_folder;
+    quint16 m_port = 0; // to listen on, 0: any
     SystemFunctions m_system;
     std::chrono::milliseconds m_firewallInterval{10'000};
-    std::optional<QStringList> m_endpoints; // of this PC; none: its real ones
+    std::optional<QStringList> m_endpoints; // of this PC; with PORT for it; none: its real ones
     std::unique_ptr<AppController> m_app;
     QSize m_imageSize; // of the last picture
+    int m_imagesShown = 0;
 };
 
 } // namespace pevrix

@@ -2,14 +2,10 @@
 
 #include "controller/Card.h"
 #include "controller/LiveStatistics.h"
-#include "tools/doubles/AnnexB.h"
-#include "tools/doubles/ThisProcess.h"
+#include "tests/support/Clip.h"
 #include "tools/doubles/WaitUntil.h"
 
 #include <gmock/gmock.h>
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <cstring>
 #include <mutex>
@@ -79,23 +75,8 @@ private:
     std::vector<Pixels> m_pictures;
 };
 
-struct Stream
-{
-    explicit Stream(const QString& name)
-    {
-        QFile file(QStringLiteral(PEVRIX_TEST_DATA "/") + name + u".h264"_s);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        const QByteArray content = file.readAll();
-        bytes.assign(content.begin(), content.end());
-        units = splitAccessUnits(bytes);
-    }
-
-    std::vector<std::uint8_t> bytes;
-    std::vector<AccessUnit> units;
-};
-
 // What the decoder alone makes of the first units.
-std::vector<Pixels> decode(const Stream& stream, std::size_t count)
+std::vector<Pixels> decode(const Clip& clip, std::size_t count)
 {
     std::vector<Pixels> pictures;
     H264Decoder decoder([&](const std::uint8_t* bgr, int width, int height, std::int64_t) {
@@ -103,7 +84,7 @@ std::vector<Pixels> decode(const Stream& stream, std::size_t count)
     });
     EXPECT_TRUE(decoder.initialize(160, 96));
     for (std::size_t i = 0; i < count; ++i) {
-        decoder.feed(stream.units[i].bytes, 0);
+        decoder.feed(clip.units[i].bytes, 0);
     }
     return pictures;
 }
@@ -111,11 +92,10 @@ std::vector<Pixels> decode(const Stream& stream, std::size_t count)
 class LivePipelineTest : public testing::Test
 {
 protected:
-    void feed(const Stream& stream, std::size_t first, std::size_t count)
+    void feed(const Clip& clip, std::size_t first, std::size_t count)
     {
         for (std::size_t i = first; i < first + count; ++i) {
-            const auto unit = stream.units[i].bytes;
-            m_pipeline.feed({unit.data(), static_cast<qsizetype>(unit.size())}, 0);
+            m_pipeline.feed(clip.unit(i), 0);
         }
     }
 
@@ -136,7 +116,7 @@ protected:
     std::chrono::steady_clock::time_point m_now = std::chrono::steady_clock::now();
     RecordingSink m_sink;
     LivePipeline m_pipeline{m_sink, {.now = [this] { return m_now; }, .timersRun = false}};
-    const Stream m_live{u"live"_s}; // 160 x 96
+    const Clip m_live{"live.h264", {160, 96}};
 };
 
 } // namespace
@@ -209,12 +189,50 @@ TEST_F(LivePipelineTest, PausesTheCameraOnlyWhenTheOutputIsOff)
     const qint64 sentBefore = m_pipeline.framesSent();
     m_pipeline.toggleOutput();
     feed(m_live, 0, 3);
-    EXPECT_FALSE(m_sink.hasPictures());
+    pass(400ms);
+    pass(1501ms);
+    EXPECT_EQ(m_pipeline.state(), LivePipeline::State::Stalled);
+    letEventsRunFor(4 * std::chrono::ceil<std::chrono::milliseconds>(CardSender::kPeriod));
+    EXPECT_FALSE(m_sink.hasPictures()) << "no card either";
     m_pipeline.toggleOutput();
-    feed(m_live, 3, 2);
+    EXPECT_TRUE(waitUntil([this] { return m_sink.hasPictures(); }));
+    m_pipeline.toggleOutput();
+    feed(m_live, 3, 1);
+    (void)m_sink.take();
+    const qint64 cards = m_pipeline.framesSent() - sentBefore;
+    m_pipeline.toggleOutput();
+    feed(m_live, 4, 2);
     EXPECT_THAT(m_sink.take(), SizeIs(2));
-    EXPECT_EQ(shown, 5);
-    EXPECT_EQ(m_pipeline.framesSent() - sentBefore, 2);
+    EXPECT_EQ(shown, 6);
+    EXPECT_EQ(m_pipeline.framesSent() - sentBefore - cards, 2);
+}
+
+TEST_F(LivePipelineTest, ShowsNothingThatWaitedBeforeASwitch)
+{
+    const Clip other("sizes.h264", {320, 240}, 0, 4);
+    const struct
+    {
+        const char* to;
+        std::function<void()> happen;
+        QSize shown; // from then on; empty: nothing
+    } cases[] = {{"a larger stream", [&] { m_pipeline.startStream({320, 240}, false); }, {}},
+                 {"pictures of another size", [&] { feed(other, 0, 1); }, {320, 240}},
+                 {"nobody", [&] { m_pipeline.goIdle(); }, {}}};
+    QList<QSize> shown;
+    QObject::connect(&m_pipeline, &LivePipeline::frameReady, &m_pipeline,
+                     [&](const QImage& image) { shown += image.size(); });
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.to);
+        m_now += 10s; // cameras are not made anew all the time
+        startLive(false);
+        feed(m_live, 0, 3);
+        c.happen();
+        shown.clear();
+        for (int i = 0; i < 3; ++i) {
+            m_pipeline.pacingTick();
+        }
+        EXPECT_EQ(shown, c.shown.isEmpty() ? QList<QSize>() : QList<QSize>{c.shown});
+    }
 }
 
 TEST_F(LivePipelineTest, ShowsThePausedCardWhileThePhoneSendsNothing)
@@ -326,51 +344,6 @@ TEST_F(LivePipelineTest, TakesTheSizeFromThePicturesWhenTheAnnouncedOneIsOfNoUse
         EXPECT_EQ(m_pipeline.cameraSize(), QSize(160, 96));
     }
     EXPECT_THAT(m_sink.sizes, ElementsAre(QSize(1280, 720), QSize(160, 96)));
-}
-
-TEST_F(LivePipelineTest, RecordsWhileLiveAndEndsWhenTheSizeChanges)
-{
-    QTemporaryDir folder;
-    const QString file = folder.filePath(u"new/folder/a.mp4"_s);
-    EXPECT_FALSE(m_pipeline.startRecording(file)); // nothing to record
-    startLive(true);
-    m_pipeline.toggleOutput();
-    EXPECT_FALSE(m_pipeline.startRecording(file)); // paused
-    m_pipeline.toggleOutput();
-    if (runsUnderWine()) {
-        EXPECT_FALSE(m_pipeline.startRecording(file));
-        GTEST_SKIP() << "Wine's sink writer cannot encode";
-    }
-    ASSERT_TRUE(m_pipeline.startRecording(file));
-    feed(m_live, 0, 10);
-    m_pipeline.startStream({160, 96}, true); // the same size goes on
-    EXPECT_TRUE(m_pipeline.isRecording());
-    m_pipeline.startStream({320, 240}, true);
-    EXPECT_FALSE(m_pipeline.isRecording());
-    EXPECT_GT(QFile(file).size(), 1000);
-    ASSERT_TRUE(m_pipeline.startRecording(file));
-    feed(m_live, 0, 1); // of the size that the camera then takes
-    EXPECT_FALSE(m_pipeline.isRecording());
-}
-
-TEST_F(LivePipelineTest, TellsOfARecordingWhoseFolderIsGone)
-{
-    if (runsUnderWine()) {
-        GTEST_SKIP() << "Wine's sink writer cannot encode";
-    }
-    QTemporaryDir folder;
-    startLive(true);
-    ASSERT_TRUE(m_pipeline.startRecording(folder.filePath(u"a.mp4"_s)));
-    ASSERT_TRUE(folder.remove());
-    std::vector<RecordingReport::Outcome> told;
-    QObject::connect(&m_pipeline, &LivePipeline::recordingEnded, &m_pipeline,
-                     [&](const RecordingReport& report) { told.push_back(report.outcome); });
-    EXPECT_TRUE(waitUntil([&] {
-        feed(m_live, 0, 1);
-        return !told.empty();
-    }));
-    EXPECT_THAT(told, ElementsAre(RecordingReport::Outcome::FolderGone));
-    EXPECT_FALSE(m_pipeline.isRecording());
 }
 
 TEST(LiveStatistics, CountsPicturesPerSecondAndKeepsTheLastDecodeTime)

@@ -3,6 +3,7 @@
 #include "controller/Card.h"
 #include "picture/PictureSize.h"
 #include "tools/doubles/AnnexB.h"
+#include "tools/doubles/Program.h"
 #include "video/H264Decoder.h"
 
 #include <gtest/gtest.h>
@@ -105,6 +106,16 @@ std::vector<std::uint64_t> sentHashes(const std::vector<CameraRecord>& log)
 int countEvents(const std::vector<CameraRecord>& log, CameraEvent event)
 {
     return static_cast<int>(std::ranges::count(log, event, &CameraRecord::event));
+}
+
+std::string played(const QString& file)
+{
+    Program probe(u"ffprobe"_s, words("-v error -count_frames -show_entries "
+                                      "stream=width,height,nb_read_frames -of csv=p=0") +
+                                    QStringList{file});
+    EXPECT_EQ(probe.awaitExit(), 0);
+    EXPECT_EQ(probe.errors(), QString());
+    return probe.output().trimmed().toStdString();
 }
 
 HoldUps::HoldUps()

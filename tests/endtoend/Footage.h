@@ -55,6 +55,9 @@ private:
 [[nodiscard]] std::vector<std::uint64_t> sentHashes(const std::vector<CameraRecord>& log);
 [[nodiscard]] int countEvents(const std::vector<CameraRecord>& log, CameraEvent event);
 
+// The size and number of the pictures that another program finds in the file: "160,120,31".
+[[nodiscard]] std::string played(const QString& file);
+
 // How long this machine holds up a thread that wakes up at the camera's rate, while it lives.
 class HoldUps
 {

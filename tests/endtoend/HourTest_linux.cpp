@@ -1,8 +1,8 @@
 // An hour of phones that come, stall, switch and leave at random, in as long as the decoding takes:
 // nothing may be left of it.
 #include "camera/SoftcamSink.h"
+#include "controller/LivePhones.h"
 #include "controller/LivePipeline.h"
-#include "controller/PhoneRoster.h"
 #include "tests/support/Clip.h"
 #include "tools/doubles/ThisProcess.h"
 
@@ -22,7 +22,7 @@ namespace pevrix {
 
 namespace {
 
-constexpr int kStepsPerSecond = 10; // also the most pictures that a phone sends
+constexpr int kStepsPerSecond = 5; // also the most pictures that a phone sends
 constexpr int kHour = 3600 * kStepsPerSecond;
 constexpr int kPart = kHour / 6; // memory is looked at after each; two are the warm-up
 constexpr QSize kSize(160, 96);
@@ -40,13 +40,12 @@ PacingTime fastTime()
             }};
 }
 
-class HourTest : public testing::Test
+class HourTest : public testing::Test, private IVideoSwitch
 {
 protected:
     struct Phone
     {
         const Clip* clip = nullptr;
-        bool usb = false;
         int stepsPerPicture = 1;
         std::size_t next = 0; // access unit
         int leaves = 0;       // times in steps
@@ -66,52 +65,46 @@ protected:
     int between(int low, int high) { return std::uniform_int_distribution(low, high)(m_random); }
     int secondsFromNow(int low, int high) { return m_step + kStepsPerSecond * between(low, high); }
 
-    // The phone in use sends its video from the beginning.
-    void startStream()
-    {
-        const auto found = m_phones.find(m_roster.activeId());
-        if (found != m_phones.end()) {
-            found->second.next = 0;
-            m_pipeline.startStream(found->second.clip->size, found->second.usb);
-            m_pipeline.setFrameRate(kStepsPerSecond / found->second.stepsPerPicture);
-        }
-    }
+    // IVideoSwitch
+    void askForVideo(int id, bool) override { m_phones[id].next = 0; }
+    void startStream(QSize size, bool direct) override { m_pipeline.startStream(size, direct); }
+    void setFrameRate(int fps) override { m_pipeline.setFrameRate(fps); }
+    void goIdle() override { m_pipeline.goIdle(); }
 
     void join()
     {
         const int stalls = secondsFromNow(1, 40);
-        const Phone phone{.clip = &m_clips[static_cast<std::size_t>(between(0, 3))],
-                          .usb = between(0, 1) == 1,
-                          .stepsPerPicture = between(1, 2),
-                          .leaves = secondsFromNow(2, 60),
-                          .stalls = stalls,
-                          .resumes = stalls + between(3, 50)};
-        m_phones[++m_lastId] = phone;
-        if (m_roster.add({m_lastId, QString::number(m_lastId % 7), {}, {}, {}, {}, phone.usb})) {
-            startStream();
-        }
+        m_phones[++m_lastId] = {.clip = &m_clips[static_cast<std::size_t>(between(0, 3))],
+                                .stepsPerPicture = between(1, 2),
+                                .leaves = secondsFromNow(2, 60),
+                                .stalls = stalls,
+                                .resumes = stalls + between(3, 50)};
+        m_live.add({m_lastId, QString::number(m_lastId % 7), {}, {}, {}, {}, between(0, 1) == 1});
+        announce(m_lastId);
+    }
+
+    void announce(int id)
+    {
+        Phone& phone = m_phones[id];
+        phone.next = 0;
+        m_live.setStream(id, phone.clip->size, kStepsPerSecond / phone.stepsPerPicture);
     }
 
     void leave(int id)
     {
+        m_live.remove(id);
         m_phones.erase(id);
-        if (m_roster.remove(id)) {
-            if (m_roster.isEmpty()) {
-                m_pipeline.goIdle();
-            } else {
-                startStream();
-            }
-        }
     }
 
     // What the phone in use does now; others send nothing.
-    void send(Phone& phone)
+    void send(int id)
     {
+        Phone& phone = m_phones[id];
         if (m_step >= phone.resumes) {
             phone.stalls = secondsFromNow(5, 40);
             phone.resumes = phone.stalls + between(3, 50);
             if (between(0, 1) == 1) { // or it goes on where it was
-                startStream();
+                announce(id);
             }
         }
         if (m_step >= phone.stalls || m_step % phone.stepsPerPicture != 0) {
@@ -120,15 +113,14 @@ protected:
         if (between(0, 500) == 0) {
             m_pipeline.feed(QByteArrayView::fromArray("\0\0\1\x65 no slice"), 0);
         }
-        const auto unit = phone.clip->units[phone.next].bytes;
-        m_pipeline.feed({unit.data(), std::ssize(unit)}, 0);
+        m_pipeline.feed(phone.clip->unit(phone.next), 0);
         phone.next = (phone.next + 1) % phone.clip->units.size();
     }
 
     void click()
     {
-        if (m_phones.size() > 1 && m_roster.setActive(m_phones.begin()->first)) {
-            startStream();
+        if (m_phones.size() > 1) {
+            static_cast<void>(m_live.activate(m_phones.begin()->first));
         }
         if (between(0, 3) > 0) {
             m_pipeline.stopRecording();
@@ -149,8 +141,8 @@ protected:
                 leave(id);
             }
         }
-        if (const auto active = m_phones.find(m_roster.activeId()); active != m_phones.end()) {
-            send(active->second);
+        if (!m_phones.empty()) {
+            send(m_live.roster().activeId());
         }
         m_pipeline.pacingTick();
         if (m_step % (kStepsPerSecond * 2 / 5) == 0) {
@@ -165,8 +157,9 @@ protected:
     // Everybody leaves; what the program holds then.
     void settle()
     {
-        m_phones.clear();
-        m_roster = {};
+        while (!m_phones.empty()) {
+            leave(m_phones.begin()->first);
+        }
         m_pipeline.stopRecording();
         m_pipeline.startStream(kSize, true);
         m_pipeline.feedParameterSets({}); // the decoder is made anew with what comes first
@@ -183,7 +176,7 @@ protected:
     std::chrono::steady_clock::time_point m_now = std::chrono::steady_clock::now();
     SoftcamSink m_sink{TESTCAM_NAME, fastTime()};
     LivePipeline m_pipeline{m_sink, {.now = [this] { return m_now; }, .timersRun = false}};
-    PhoneRoster m_roster;
+    LivePhones m_live{*this};
     std::map<int, Phone> m_phones;
     std::map<LivePipeline::State, int> m_steps; // spent in each state
     QImage m_shown;
@@ -202,7 +195,7 @@ TEST_F(HourTest, LeavesMemoryHandlesAndThreadsAsTheyWere)
     while (m_step < kHour) {
         for (int i = 0; i < kPart; ++i) {
             step();
-            ASSERT_EQ(m_pipeline.isLive(), !m_roster.isEmpty());
+            ASSERT_EQ(m_pipeline.isLive(), !m_phones.empty());
             ASSERT_EQ(m_pipeline.isFeedingCards(), m_pipeline.state() != LivePipeline::State::Live);
             ASSERT_TRUE(m_sink.isActive());
         }

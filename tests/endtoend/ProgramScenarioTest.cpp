@@ -9,8 +9,10 @@
 
 #include <gmock/gmock.h>
 
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+#include <QSaveFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -45,6 +47,13 @@ protected:
         environment.insert(u"XDG_CONFIG_HOME"_s, path("config"));
         environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
         environment.insert(QString::fromLatin1(kCameraLogVariable), path("camera.log"));
+        environment.insert(u"QT_PLUGIN_PATH"_s, QStringLiteral(PEVRIX_BIN_DIR "/hand"));
+        environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"hand:"_s + path("press"));
+        std::filesystem::create_directories(folder / "config" / "Pevrix");
+        QFile settings(path("config/Pevrix/Pevrix.ini"));
+        ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+        settings.write("[recording]\nfolder=" + path("recordings").toUtf8() + '\n');
+        settings.close();
         m_program.emplace(path("pevrix"), QStringList(), environment);
         m_port = waitForLog("listening on port (\\d+)").toUShort();
         ASSERT_GT(m_port, 0);
@@ -77,6 +86,14 @@ protected:
         return filmed;
     }
 
+    // The hand inside the program presses this, as soon as it can be pressed.
+    void press(const QByteArray& name) const
+    {
+        QSaveFile file(path("press"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(name) > 0 && file.commit());
+        EXPECT_TRUE(waitUntil([this] { return !QFile::exists(path("press")); })) << name.data();
+    }
+
     // Asks the program to quit; what its camera saw.
     [[nodiscard]] std::vector<CameraRecord> quit()
     {
@@ -84,7 +101,6 @@ protected:
         EXPECT_EQ(m_program->awaitExit(), kDone) << qPrintable(m_program->errors());
         auto log = readCameraLog(path("camera.log"));
         expectNeverStarved(log, m_holdUps);
-        EXPECT_EQ(countEvents(log, CameraEvent::Created), 2); // the card's and the phone's size
         return log;
     }
 
@@ -99,23 +115,28 @@ protected:
 
 } // namespace
 
-TEST_F(ProgramScenarioTest, ShowsThePausedCardWhileThePhoneSendsNothing)
+TEST_F(ProgramScenarioTest, ShowsAPhoneThatPausesAndTheNextOneAndEndsWhileItIsLive)
 {
-    const auto filmed = phone(u"phone"_s);
+    const auto first = phone(u"first"_s);
     waitForLog("first picture of the stream");
-    letEventsRunFor(1s);
-    filmed->phone.setStalled(true);
-    letEventsRunFor(3s);
-    filmed->phone.setStalled(false);
-    letEventsRunFor(1s);
-    filmed->phone.leave();
-    waitForLog("phone 1 disconnected");
+    letEventsRunFor(700ms);
+    first->phone.setStalled(true);
+    waitForLog("paused card");
     letEventsRunFor(300ms);
+    first->phone.setStalled(false);
+    const auto second = phone(u"second"_s);
+    waitForLog("phone 2 connected");
+    letEventsRunFor(700ms);
+    first->phone.leave();
+    waitForLog("disconnected(.|\n)*first picture of the stream");
+    letEventsRunFor(500ms);
     const auto log = quit();
-    m_footage.addPhone(u"phone"_s, filmed->video);
-    const auto hashes = sentHashes(log);
-    EXPECT_EQ(m_footage.story(hashes, true), "idle phone paused phone idle");
-    EXPECT_GE(m_footage.seen(u"phone"_s) * 3, m_footage.sent(u"phone"_s));
+    waitForLog("stopped after \\d+ access units received");
+    EXPECT_EQ(countEvents(log, CameraEvent::Created), 2); // the card's and the phones' size
+    m_footage.addPhone(u"first"_s, first->video);
+    m_footage.addPhone(u"second"_s, second->video);
+    EXPECT_EQ(m_footage.story(sentHashes(log), true), "idle first paused first second");
+    EXPECT_GE(m_footage.seen(u"first"_s) * 3, m_footage.sent(u"first"_s));
 
     const std::vector<std::uint8_t> card = drawPausedCard(kSize);
     const auto paused =
@@ -128,21 +149,21 @@ TEST_F(ProgramScenarioTest, ShowsThePausedCardWhileThePhoneSendsNothing)
     EXPECT_LE(still, StallDetector::kLimit + StallDetector::kCheckInterval + 1s);
 }
 
-TEST_F(ProgramScenarioTest, GoesOnWithTheNextPhoneAndEndsWhileItIsLive)
+// With the tray's own entry, as the window hides when it is asked to close; and nothing is
+// destroyed once the event loop has ended.
+TEST_F(ProgramScenarioTest, CompletesARecordingWhenTheSessionEnds)
 {
-    const auto first = phone(u"first"_s);
+    const auto filmed = phone(u"phone"_s);
     waitForLog("first picture of the stream");
-    const auto second = phone(u"second"_s);
-    waitForLog("phone 2 connected");
-    letEventsRunFor(1s);
-    first->phone.leave();
-    waitForLog("first picture of the stream(.|\n)*first picture of the stream");
-    letEventsRunFor(1s);
-    const auto log = quit();
-    m_footage.addPhone(u"first"_s, first->video);
-    m_footage.addPhone(u"second"_s, second->video);
-    EXPECT_EQ(m_footage.story(sentHashes(log), true), "idle first second");
+    press("recordButton");
+    const QDir folder(path("recordings"));
+    ASSERT_TRUE(waitUntil([&] { return folder.entryList(QDir::Files).size() == 1; }));
+    letEventsRunFor(700ms);
+    press("Quit");
+    EXPECT_EQ(m_program->awaitExit(), kDone) << qPrintable(m_program->errors());
     waitForLog("stopped after \\d+ access units received");
+    EXPECT_THAT(played(folder.filePath(folder.entryList(QDir::Files).value(0))),
+                testing::MatchesRegex("320,240,[1-9][0-9]*"));
 }
 
 } // namespace pevrix

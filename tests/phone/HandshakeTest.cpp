@@ -1,11 +1,6 @@
 #include "phone/Handshake.h"
 
-#include "tests/support/HostileNames.h"
-
 #include <gtest/gtest.h>
-
-#include <QJsonDocument>
-#include <QJsonObject>
 
 namespace pevrix {
 namespace {
@@ -31,24 +26,6 @@ TEST(Handshake, ReadsHellosWithDefaults)
     }
     EXPECT_EQ(parseStreamInfo(R"({"width":640,"height":"480"})"),
               (StreamDescription{.width = 640, .height = 720, .fps = 30}));
-}
-
-TEST(Handshake, ShowsHostileNamesAsOneLineOfPlainText)
-{
-    for (const HostileName& name : hostileNames()) {
-        QByteArray json = QJsonDocument(QJsonObject{{u"name"_s, name.sent},
-                                                    {u"model"_s, name.sent},
-                                                    {u"osVersion"_s, name.sent}})
-                              .toJson();
-        if (name.sent.contains(QChar(0xD83D)) && name.sent.startsWith("half"_L1)) {
-            json = R"({"name":"half \ud83d pair","model":"half \ud83d pair",)"
-                   R"("osVersion":"half \ud83d pair"})";
-        }
-        const Hello hello = parseHello(json);
-        EXPECT_EQ(hello.name, name.shown);
-        EXPECT_EQ(hello.model, name.shown);
-        EXPECT_EQ(hello.os, name.shown);
-    }
 }
 
 TEST(Handshake, LetsInWhoHoldsTheCurrentTokenOrTheOneItWasTrustedWith)

@@ -29,10 +29,15 @@ struct Clip
     }
 
     // For a phone that sends it over and over. The clip must outlive it.
-    [[nodiscard]] std::unique_ptr<VideoSource> source() const
+    [[nodiscard]] std::unique_ptr<VideoSource> source(int fps = 30) const
     {
-        return std::make_unique<ClipSource>(StreamDescription{size.width(), size.height(), 30},
+        return std::make_unique<ClipSource>(StreamDescription{size.width(), size.height(), fps},
                                             units);
+    }
+
+    [[nodiscard]] QByteArrayView unit(std::size_t number) const
+    {
+        return {units[number].bytes.data(), std::ssize(units[number].bytes)};
     }
 
     QSize size;

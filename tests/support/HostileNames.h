@@ -12,6 +12,18 @@ struct HostileName
     QString shown;
 };
 
+// The text in JSON, halves of a character included.
+inline QByteArray jsonOf(const QString& text)
+{
+    QByteArray json = "\"";
+    for (const QChar c : text) {
+        const bool plain = c >= u' ' && c < u'\x7f' && c != u'"' && c != u'\\';
+        json += plain ? QByteArray(1, c.toLatin1())
+                      : "\\u" + QByteArray::number(c.unicode(), 16).rightJustified(4, '0');
+    }
+    return json + '"';
+}
+
 // What a phone may call itself, and what of it is shown, stored and logged.
 inline std::vector<HostileName> hostileNames()
 {
