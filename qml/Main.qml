@@ -13,10 +13,9 @@ Window {
     readonly property int normalShadow: 16
     readonly property int shadowMargin: isMax || captureMode ? 0 : normalShadow
     readonly property int cardRadius: isMax || captureMode ? 0 : Theme.rCard
-    property int _restoreW: normalWidth // the width before maximising
-    property bool _moving: false // a title-bar drag is under way
-    readonly property int normalWidth: 540
-    readonly property int normalHeight: 640
+    property alias _restoreW: frame.restoreWidth
+    property alias _moving: frame.moving
+    readonly property size normalSize: Qt.size(540, 640)
 
     property int themeMode: App.themeMode // 0 system, 1 light, 2 dark
     readonly property bool dark: themeMode === 0 ? App.osDark : themeMode === 2
@@ -50,8 +49,8 @@ Window {
     signal registrationAsked(string folder)
     signal hiddenToTray()
 
-    width: normalWidth
-    height: normalHeight
+    width: normalSize.width
+    height: normalSize.height
     minimumWidth: 460
     minimumHeight: 502
     visible: true
@@ -102,29 +101,6 @@ Window {
         }
     }
 
-    function toggleMaximized(): void {
-        if (isMax) {
-            showNormal()
-        } else {
-            _restoreW = width
-            showMaximized()
-        }
-    }
-
-    // A maximised window is restored first, so that the pointer keeps its relative place on the
-    // title bar; `at` is in the bar, `global` on the screen.
-    function startMove(at: point, global: point, barWidth: real): void {
-        _moving = true
-        moveTimer.restart()
-        if (isMax) {
-            const cardWidth = _restoreW - 2 * normalShadow
-            showNormal()
-            x = Math.round(global.x - normalShadow - at.x / barWidth * cardWidth)
-            y = Math.round(global.y - at.y - normalShadow)
-        }
-        startSystemMove()
-    }
-
     onClosing: close => {
         if (App.minimizeToTray) {
             close.accepted = false
@@ -161,15 +137,6 @@ Window {
     }
 
     Connections {
-        target: App.controller
-        ignoreUnknownSignals: true
-
-        function onRecordingEnded(outcome: string, started: bool, path: string, seconds: int): void {
-            notice.report(outcome, started, path, seconds)
-        }
-    }
-
-    Connections {
         target: App
 
         function onRegistrationDoubted(folder: string): void {
@@ -183,23 +150,6 @@ Window {
         running: App.recording
         onRunningChanged: root.recSeconds = 0
         onTriggered: ++root.recSeconds
-    }
-
-    // The system does not reliably tell when its move has ended.
-    Timer {
-        id: moveTimer
-
-        interval: 400
-        onTriggered: root._moving = false
-    }
-
-    Shortcut {
-        sequence: "Ctrl+0"
-        onActivated: {
-            root.showNormal()
-            root.width = root.normalWidth
-            root.height = root.normalHeight
-        }
     }
 
     Shadow {
@@ -226,10 +176,10 @@ Window {
             maximized: root.isMax
             onSettingsClicked: root.openDialog("settings")
             onMinimizeClicked: root.showMinimized()
-            onMaximizeToggled: root.toggleMaximized()
+            onMaximizeToggled: frame.toggleMaximized()
             onCloseClicked: root.closeOrHide()
-            onDragStarted: (point, global) => root.startMove(point, global, width)
-            onDragEnded: root._moving = false
+            onDragStarted: (point, global) => frame.startMove(point, global, width)
+            onDragEnded: frame.moving = false
         }
 
         UpdateBar {
@@ -290,10 +240,15 @@ Window {
             active: false
             source: "RecordingNotice.qml"
 
-            function report(outcome: string, started: bool, path: string, seconds: int): void {
-                active = true
-                const notice = item as RecordingNotice
-                notice.report(outcome, started, path, seconds)
+            Connections {
+                target: App.controller
+                ignoreUnknownSignals: true
+
+                function onRecordingEnded(outcome: string, started: bool, path: string, seconds: int): void {
+                    notice.active = true
+                    const card = notice.item as RecordingNotice
+                    card.report(outcome, started, path, seconds)
+                }
             }
 
             Connections {
@@ -318,11 +273,14 @@ Window {
         }
     }
 
-    ResizeGrips {
+    WindowFrame {
+        id: frame
+
         anchors.fill: card
-        visible: !root.isMax && !root._moving
+        window: root
+        normalSize: root.normalSize
+        shadow: root.normalShadow
         thickness: root.rz
-        onResizeStarted: edges => root.startSystemResize(edges)
     }
 
     RenameCatcher { card: root.renamingCard }
