@@ -147,8 +147,12 @@ void Tray::update()
         m_icon.setToolTip(u"Pevrix"_s);
     }
     m_pauseAction->setEnabled(m_state.live);
-    m_pauseAction->setText(m_state.outputEnabled ? QCoreApplication::translate("tray", "Pause")
-                                                 : QCoreApplication::translate("tray", "Resume"));
+    if (m_state.outputEnabled) {
+        //: Menu entry, a verb: pauses what programs get from the camera. "Resume" undoes it.
+        m_pauseAction->setText(QCoreApplication::translate("tray", "Pause"));
+    } else {
+        m_pauseAction->setText(QCoreApplication::translate("tray", "Resume"));
+    }
 }
 
 void Tray::show(Dot dot)

@@ -69,15 +69,8 @@
     </message>
     <message>
         <source>Recording</source>
+        <extracomment>Announced by a screen reader: a recording has started.</extracomment>
         <translation>Aufnahme läuft</translation>
-    </message>
-    <message>
-        <source>The recording has stopped by itself</source>
-        <translation>Die Aufnahme wurde unerwartet beendet</translation>
-    </message>
-    <message>
-        <source>Recording saved</source>
-        <translation>Aufnahme gespeichert</translation>
     </message>
 </context>
 <context>
@@ -137,14 +130,17 @@
     </message>
     <message>
         <source>Open</source>
+        <extracomment>Button: shows the recordings folder in the file manager.</extracomment>
         <translation>Öffnen</translation>
     </message>
     <message>
         <source>Change</source>
+        <extracomment>Button: chooses another recordings folder.</extracomment>
         <translation>Ändern</translation>
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
+        <extracomment>&quot;Record&quot; is the button below the video: the same word, in quotation marks.</extracomment>
         <translation>Hier speichert die Schaltfläche „Aufnehmen“ die .mp4-Dateien.</translation>
     </message>
     <message>
@@ -190,6 +186,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of the camera: programs can use it.</extracomment>
         <translation>Bereit</translation>
     </message>
     <message>
@@ -209,12 +206,12 @@
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Alle gekoppelten Telefone werden entfernt und müssen den neuen Code scannen. Fortfahren?</translation>
+        <source>The current QR stops working and all paired phones are forgotten: they have to scan the new one. Go on?</source>
+        <translation>Der bisherige QR-Code gilt dann nicht mehr, und alle gekoppelten Telefone werden entfernt: Sie müssen den neuen scannen. Fortfahren?</translation>
     </message>
     <message>
-        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Fertig: Es gibt einen neuen Code. Bisher gekoppelte Telefone müssen ihn scannen.</translation>
+        <source>Done: there is a new QR. Phones that were paired have to scan it.</source>
+        <translation>Fertig: Es gibt einen neuen QR-Code. Bisher gekoppelte Telefone müssen ihn scannen.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +245,7 @@
     </message>
     <message>
         <source>System</source>
+        <extracomment>A choice: the theme follows the system&apos;s light or dark.</extracomment>
         <translation>System</translation>
     </message>
     <message>
@@ -283,6 +281,7 @@
     <name>InUseChip</name>
     <message>
         <source>In use</source>
+        <extracomment>On a small chip. Of the camera: a program reads it.</extracomment>
         <translation>Wird verwendet</translation>
     </message>
 </context>
@@ -322,6 +321,7 @@
     </message>
     <message>
         <source>Resume camera</source>
+        <extracomment>Programs get the live picture again. PausedOverlay quotes it: keep both the same.</extracomment>
         <translation>Kamera fortsetzen</translation>
     </message>
     <message>
@@ -343,6 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <extracomment>At the end, &quot;it&quot; is Pevrix, neither the PC nor the camera.</extracomment>
         <translation>Die Pevrix-Kamera fehlt, oder ein anderes Pevrix verwendet sie. Beenden Sie das andere oder installieren Sie Pevrix neu, und starten Sie es dann noch einmal.</translation>
     </message>
     <message>
@@ -400,6 +401,7 @@
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <extracomment>&quot;it&quot; is this PC.</extracomment>
         <translation>Verbinden Sie ihn mit Ihrem WLAN oder stecken Sie ein Netzwerkkabel ein. Ein Telefon am USB-Kabel funktioniert auch ohne Netzwerk.</translation>
     </message>
     <message>
@@ -421,6 +423,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
+        <extracomment>&quot;It&quot; is the recording.</extracomment>
         <translation>Sie geht weiter, sobald das Telefon wieder verbunden ist.</translation>
     </message>
     <message>
@@ -436,6 +439,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
+        <extracomment>&quot;Resume camera&quot; is the name of the button above: the same words, in quotation marks.</extracomment>
         <translation>Apps erhalten ein Standbild. Klicken Sie auf „Kamera fortsetzen“, um wieder zu senden.</translation>
     </message>
 </context>
@@ -461,6 +465,7 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
+        <extracomment>For screen readers: names the picture of the QR code.</extracomment>
         <translation>Kopplungscode</translation>
     </message>
 </context>
@@ -472,6 +477,7 @@
     </message>
     <message>
         <source>Record</source>
+        <extracomment>Button, a verb: begins to write the video into a file. Not: to register.</extracomment>
         <translation>Aufnehmen</translation>
     </message>
 </context>
@@ -483,6 +489,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
+        <extracomment>A title: it ended through a fault, not by the user.</extracomment>
         <translation>Die Aufnahme wurde abgebrochen</translation>
     </message>
     <message>
@@ -696,6 +703,7 @@
     </message>
     <message>
         <source>Pause</source>
+        <extracomment>Menu entry, a verb: pauses what programs get from the camera. &quot;Resume&quot; undoes it.</extracomment>
         <translation>Pausieren</translation>
     </message>
     <message>

@@ -69,15 +69,8 @@
     </message>
     <message>
         <source>Recording</source>
+        <extracomment>Announced by a screen reader: a recording has started.</extracomment>
         <translation>Enregistrement en cours</translation>
-    </message>
-    <message>
-        <source>The recording has stopped by itself</source>
-        <translation>L’enregistrement s’est arrêté de lui-même</translation>
-    </message>
-    <message>
-        <source>Recording saved</source>
-        <translation>Vidéo enregistrée</translation>
     </message>
 </context>
 <context>
@@ -137,14 +130,17 @@
     </message>
     <message>
         <source>Open</source>
+        <extracomment>Button: shows the recordings folder in the file manager.</extracomment>
         <translation>Ouvrir</translation>
     </message>
     <message>
         <source>Change</source>
+        <extracomment>Button: chooses another recordings folder.</extracomment>
         <translation>Changer</translation>
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
+        <extracomment>&quot;Record&quot; is the button below the video: the same word, in quotation marks.</extracomment>
         <translation>Où le bouton «&#xa0;Enregistrer&#xa0;» place les fichiers .mp4.</translation>
     </message>
     <message>
@@ -190,6 +186,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of the camera: programs can use it.</extracomment>
         <translation>Prête</translation>
     </message>
     <message>
@@ -209,12 +206,12 @@
         <translation>Annuler</translation>
     </message>
     <message>
-        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Tous les téléphones associés seront oubliés et devront scanner le nouveau code. Continuer&#xa0;?</translation>
+        <source>The current QR stops working and all paired phones are forgotten: they have to scan the new one. Go on?</source>
+        <translation>Le code QR actuel ne fonctionnera plus et tous les téléphones associés seront oubliés&#xa0;: ils devront scanner le nouveau. Continuer&#xa0;?</translation>
     </message>
     <message>
-        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>C’est fait&#xa0;: il y a un nouveau code. Les téléphones déjà associés doivent le scanner.</translation>
+        <source>Done: there is a new QR. Phones that were paired have to scan it.</source>
+        <translation>C’est fait&#xa0;: il y a un nouveau code QR. Les téléphones déjà associés doivent le scanner.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +245,7 @@
     </message>
     <message>
         <source>System</source>
+        <extracomment>A choice: the theme follows the system&apos;s light or dark.</extracomment>
         <translation>Système</translation>
     </message>
     <message>
@@ -283,6 +281,7 @@
     <name>InUseChip</name>
     <message>
         <source>In use</source>
+        <extracomment>On a small chip. Of the camera: a program reads it.</extracomment>
         <translation>Utilisée</translation>
     </message>
 </context>
@@ -322,6 +321,7 @@
     </message>
     <message>
         <source>Resume camera</source>
+        <extracomment>Programs get the live picture again. PausedOverlay quotes it: keep both the same.</extracomment>
         <translation>Réactiver la caméra</translation>
     </message>
     <message>
@@ -343,6 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <extracomment>At the end, &quot;it&quot; is Pevrix, neither the PC nor the camera.</extracomment>
         <translation>La caméra Pevrix est absente, ou un autre Pevrix l’utilise. Quittez l’autre ou réinstallez Pevrix, puis relancez-le.</translation>
     </message>
     <message>
@@ -400,6 +401,7 @@
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <extracomment>&quot;it&quot; is this PC.</extracomment>
         <translation>Connectez-le à votre Wi-Fi ou branchez un câble réseau. Un téléphone relié par câble USB n’en a pas besoin.</translation>
     </message>
     <message>
@@ -421,6 +423,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
+        <extracomment>&quot;It&quot; is the recording.</extracomment>
         <translation>Il reprendra quand le téléphone sera de retour.</translation>
     </message>
     <message>
@@ -436,6 +439,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
+        <extracomment>&quot;Resume camera&quot; is the name of the button above: the same words, in quotation marks.</extracomment>
         <translation>Les applications reçoivent une image figée. Cliquez sur «&#xa0;Réactiver la caméra&#xa0;» pour diffuser à nouveau.</translation>
     </message>
 </context>
@@ -461,6 +465,7 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
+        <extracomment>For screen readers: names the picture of the QR code.</extracomment>
         <translation>Code d’association</translation>
     </message>
 </context>
@@ -472,6 +477,7 @@
     </message>
     <message>
         <source>Record</source>
+        <extracomment>Button, a verb: begins to write the video into a file. Not: to register.</extracomment>
         <translation>Enregistrer</translation>
     </message>
 </context>
@@ -483,6 +489,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
+        <extracomment>A title: it ended through a fault, not by the user.</extracomment>
         <translation>L’enregistrement s’est arrêté</translation>
     </message>
     <message>
@@ -696,6 +703,7 @@
     </message>
     <message>
         <source>Pause</source>
+        <extracomment>Menu entry, a verb: pauses what programs get from the camera. &quot;Resume&quot; undoes it.</extracomment>
         <translation>Pause</translation>
     </message>
     <message>

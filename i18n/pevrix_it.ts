@@ -69,15 +69,8 @@
     </message>
     <message>
         <source>Recording</source>
+        <extracomment>Announced by a screen reader: a recording has started.</extracomment>
         <translation>Registrazione in corso</translation>
-    </message>
-    <message>
-        <source>The recording has stopped by itself</source>
-        <translation>La registrazione si è interrotta da sola</translation>
-    </message>
-    <message>
-        <source>Recording saved</source>
-        <translation>Registrazione salvata</translation>
     </message>
 </context>
 <context>
@@ -137,14 +130,17 @@
     </message>
     <message>
         <source>Open</source>
+        <extracomment>Button: shows the recordings folder in the file manager.</extracomment>
         <translation>Apri</translation>
     </message>
     <message>
         <source>Change</source>
+        <extracomment>Button: chooses another recordings folder.</extracomment>
         <translation>Cambia</translation>
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
+        <extracomment>&quot;Record&quot; is the button below the video: the same word, in quotation marks.</extracomment>
         <translation>Dove il pulsante «Registra» salva i file .mp4.</translation>
     </message>
     <message>
@@ -190,6 +186,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of the camera: programs can use it.</extracomment>
         <translation>Pronta</translation>
     </message>
     <message>
@@ -209,12 +206,12 @@
         <translation>Annulla</translation>
     </message>
     <message>
-        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Tutti i telefoni associati saranno dimenticati e dovranno scansionare il nuovo codice. Continuare?</translation>
+        <source>The current QR stops working and all paired phones are forgotten: they have to scan the new one. Go on?</source>
+        <translation>Il QR attuale non varrà più e tutti i telefoni associati saranno dimenticati: dovranno scansionare quello nuovo. Continuare?</translation>
     </message>
     <message>
-        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Fatto: c’è un nuovo codice. I telefoni già associati devono scansionarlo.</translation>
+        <source>Done: there is a new QR. Phones that were paired have to scan it.</source>
+        <translation>Fatto: c’è un nuovo QR. I telefoni già associati devono scansionarlo.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +245,7 @@
     </message>
     <message>
         <source>System</source>
+        <extracomment>A choice: the theme follows the system&apos;s light or dark.</extracomment>
         <translation>Sistema</translation>
     </message>
     <message>
@@ -283,6 +281,7 @@
     <name>InUseChip</name>
     <message>
         <source>In use</source>
+        <extracomment>On a small chip. Of the camera: a program reads it.</extracomment>
         <translation>In uso</translation>
     </message>
 </context>
@@ -322,6 +321,7 @@
     </message>
     <message>
         <source>Resume camera</source>
+        <extracomment>Programs get the live picture again. PausedOverlay quotes it: keep both the same.</extracomment>
         <translation>Riattiva la fotocamera</translation>
     </message>
     <message>
@@ -343,6 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <extracomment>At the end, &quot;it&quot; is Pevrix, neither the PC nor the camera.</extracomment>
         <translation>La fotocamera Pevrix manca, oppure la usa un altro Pevrix. Chiudi l’altro o reinstalla Pevrix, poi riavvialo.</translation>
     </message>
     <message>
@@ -400,6 +401,7 @@
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <extracomment>&quot;it&quot; is this PC.</extracomment>
         <translation>Connettilo al Wi-Fi o collega un cavo di rete. Un telefono collegato con un cavo USB non ne ha bisogno.</translation>
     </message>
     <message>
@@ -421,6 +423,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
+        <extracomment>&quot;It&quot; is the recording.</extracomment>
         <translation>Riprenderà al ritorno del telefono.</translation>
     </message>
     <message>
@@ -436,6 +439,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
+        <extracomment>&quot;Resume camera&quot; is the name of the button above: the same words, in quotation marks.</extracomment>
         <translation>Le app ricevono un’immagine fissa. Fai clic su «Riattiva la fotocamera» per trasmettere di nuovo.</translation>
     </message>
 </context>
@@ -461,6 +465,7 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
+        <extracomment>For screen readers: names the picture of the QR code.</extracomment>
         <translation>Codice di associazione</translation>
     </message>
 </context>
@@ -472,6 +477,7 @@
     </message>
     <message>
         <source>Record</source>
+        <extracomment>Button, a verb: begins to write the video into a file. Not: to register.</extracomment>
         <translation>Registra</translation>
     </message>
 </context>
@@ -483,6 +489,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
+        <extracomment>A title: it ended through a fault, not by the user.</extracomment>
         <translation>La registrazione si è interrotta</translation>
     </message>
     <message>
@@ -696,6 +703,7 @@
     </message>
     <message>
         <source>Pause</source>
+        <extracomment>Menu entry, a verb: pauses what programs get from the camera. &quot;Resume&quot; undoes it.</extracomment>
         <translation>Pausa</translation>
     </message>
     <message>

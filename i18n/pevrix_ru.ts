@@ -69,15 +69,8 @@
     </message>
     <message>
         <source>Recording</source>
+        <extracomment>Announced by a screen reader: a recording has started.</extracomment>
         <translation>Идёт запись</translation>
-    </message>
-    <message>
-        <source>The recording has stopped by itself</source>
-        <translation>Запись остановилась сама</translation>
-    </message>
-    <message>
-        <source>Recording saved</source>
-        <translation>Запись сохранена</translation>
     </message>
 </context>
 <context>
@@ -137,14 +130,17 @@
     </message>
     <message>
         <source>Open</source>
+        <extracomment>Button: shows the recordings folder in the file manager.</extracomment>
         <translation>Открыть</translation>
     </message>
     <message>
         <source>Change</source>
+        <extracomment>Button: chooses another recordings folder.</extracomment>
         <translation>Изменить</translation>
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
+        <extracomment>&quot;Record&quot; is the button below the video: the same word, in quotation marks.</extracomment>
         <translation>Сюда кнопка «Записать» сохраняет файлы .mp4.</translation>
     </message>
     <message>
@@ -190,6 +186,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of the camera: programs can use it.</extracomment>
         <translation>Готова</translation>
     </message>
     <message>
@@ -209,12 +206,12 @@
         <translation>Отмена</translation>
     </message>
     <message>
-        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Сопряжение всех телефонов будет сброшено, им придётся отсканировать новый код. Продолжить?</translation>
+        <source>The current QR stops working and all paired phones are forgotten: they have to scan the new one. Go on?</source>
+        <translation>Текущий QR-код перестанет действовать, а сопряжение всех телефонов будет сброшено: им придётся отсканировать новый. Продолжить?</translation>
     </message>
     <message>
-        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Готово: создан новый код. Отсканируйте его на ранее сопряжённых телефонах.</translation>
+        <source>Done: there is a new QR. Phones that were paired have to scan it.</source>
+        <translation>Готово: создан новый QR-код. Отсканируйте его на ранее сопряжённых телефонах.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +245,7 @@
     </message>
     <message>
         <source>System</source>
+        <extracomment>A choice: the theme follows the system&apos;s light or dark.</extracomment>
         <translation>Системное</translation>
     </message>
     <message>
@@ -283,6 +281,7 @@
     <name>InUseChip</name>
     <message>
         <source>In use</source>
+        <extracomment>On a small chip. Of the camera: a program reads it.</extracomment>
         <translation>Используется</translation>
     </message>
 </context>
@@ -322,6 +321,7 @@
     </message>
     <message>
         <source>Resume camera</source>
+        <extracomment>Programs get the live picture again. PausedOverlay quotes it: keep both the same.</extracomment>
         <translation>Включить камеру снова</translation>
     </message>
     <message>
@@ -343,6 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <extracomment>At the end, &quot;it&quot; is Pevrix, neither the PC nor the camera.</extracomment>
         <translation>Камера Pevrix не найдена, или её использует другой экземпляр Pevrix. Закройте его или переустановите Pevrix, затем запустите программу снова.</translation>
     </message>
     <message>
@@ -400,6 +401,7 @@
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <extracomment>&quot;it&quot; is this PC.</extracomment>
         <translation>Подключите его к Wi-Fi или вставьте сетевой кабель. Телефону, подключённому по USB, сеть не нужна.</translation>
     </message>
     <message>
@@ -421,6 +423,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
+        <extracomment>&quot;It&quot; is the recording.</extracomment>
         <translation>Она продолжится, когда телефон снова подключится.</translation>
     </message>
     <message>
@@ -436,6 +439,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
+        <extracomment>&quot;Resume camera&quot; is the name of the button above: the same words, in quotation marks.</extracomment>
         <translation>Приложения получают застывший кадр. Нажмите «Включить камеру снова», чтобы продолжить трансляцию.</translation>
     </message>
 </context>
@@ -461,6 +465,7 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
+        <extracomment>For screen readers: names the picture of the QR code.</extracomment>
         <translation>Код сопряжения</translation>
     </message>
 </context>
@@ -472,6 +477,7 @@
     </message>
     <message>
         <source>Record</source>
+        <extracomment>Button, a verb: begins to write the video into a file. Not: to register.</extracomment>
         <translation>Записать</translation>
     </message>
 </context>
@@ -483,6 +489,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
+        <extracomment>A title: it ended through a fault, not by the user.</extracomment>
         <translation>Запись прервана</translation>
     </message>
     <message>
@@ -696,6 +703,7 @@
     </message>
     <message>
         <source>Pause</source>
+        <extracomment>Menu entry, a verb: pauses what programs get from the camera. &quot;Resume&quot; undoes it.</extracomment>
         <translation>Пауза</translation>
     </message>
     <message>

@@ -69,15 +69,8 @@
     </message>
     <message>
         <source>Recording</source>
+        <extracomment>Announced by a screen reader: a recording has started.</extracomment>
         <translation>Video kaydediliyor</translation>
-    </message>
-    <message>
-        <source>The recording has stopped by itself</source>
-        <translation>Video kaydı kendiliğinden durdu</translation>
-    </message>
-    <message>
-        <source>Recording saved</source>
-        <translation>Video kaydedildi</translation>
     </message>
 </context>
 <context>
@@ -137,14 +130,17 @@
     </message>
     <message>
         <source>Open</source>
+        <extracomment>Button: shows the recordings folder in the file manager.</extracomment>
         <translation>Aç</translation>
     </message>
     <message>
         <source>Change</source>
+        <extracomment>Button: chooses another recordings folder.</extracomment>
         <translation>Değiştir</translation>
     </message>
     <message>
         <source>Where the Record button saves .mp4 files.</source>
+        <extracomment>&quot;Record&quot; is the button below the video: the same word, in quotation marks.</extracomment>
         <translation>“Kaydet” düğmesi .mp4 dosyalarını buraya kaydeder.</translation>
     </message>
     <message>
@@ -190,6 +186,7 @@
     </message>
     <message>
         <source>Ready</source>
+        <extracomment>Of the camera: programs can use it.</extracomment>
         <translation>Hazır</translation>
     </message>
     <message>
@@ -209,12 +206,12 @@
         <translation>İptal</translation>
     </message>
     <message>
-        <source>All paired phones are forgotten and have to scan the new code. Go on?</source>
-        <translation>Eşleştirilmiş tüm telefonlar unutulur ve yeni kodu taramaları gerekir. Devam edilsin mi?</translation>
+        <source>The current QR stops working and all paired phones are forgotten: they have to scan the new one. Go on?</source>
+        <translation>Şimdiki QR kodu artık çalışmaz ve eşleştirilmiş tüm telefonlar unutulur: yeni kodu taramaları gerekir. Devam edilsin mi?</translation>
     </message>
     <message>
-        <source>Done: there is a new code. Phones that were paired scan it once more.</source>
-        <translation>Tamam: yeni kod hazır. Daha önce eşleştirilmiş telefonlar bu kodu taramalı.</translation>
+        <source>Done: there is a new QR. Phones that were paired have to scan it.</source>
+        <translation>Tamam: yeni QR kodu hazır. Daha önce eşleştirilmiş telefonlar bu kodu taramalı.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +245,7 @@
     </message>
     <message>
         <source>System</source>
+        <extracomment>A choice: the theme follows the system&apos;s light or dark.</extracomment>
         <translation>Sistem</translation>
     </message>
     <message>
@@ -283,6 +281,7 @@
     <name>InUseChip</name>
     <message>
         <source>In use</source>
+        <extracomment>On a small chip. Of the camera: a program reads it.</extracomment>
         <translation>Kullanımda</translation>
     </message>
 </context>
@@ -322,6 +321,7 @@
     </message>
     <message>
         <source>Resume camera</source>
+        <extracomment>Programs get the live picture again. PausedOverlay quotes it: keep both the same.</extracomment>
         <translation>Kamerayı sürdür</translation>
     </message>
     <message>
@@ -343,6 +343,7 @@
     </message>
     <message>
         <source>The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.</source>
+        <extracomment>At the end, &quot;it&quot; is Pevrix, neither the PC nor the camera.</extracomment>
         <translation>Pevrix kamerası eksik ya da başka bir Pevrix onu kullanıyor. Diğerinden çıkın veya Pevrix’i yeniden kurun, sonra Pevrix’i yeniden başlatın.</translation>
     </message>
     <message>
@@ -400,6 +401,7 @@
     </message>
     <message>
         <source>Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.</source>
+        <extracomment>&quot;it&quot; is this PC.</extracomment>
         <translation>Bilgisayarı Wi-Fi ağınıza bağlayın ya da bir ağ kablosu takın. USB kablosuyla bağlı telefona ağ gerekmez.</translation>
     </message>
     <message>
@@ -421,6 +423,7 @@
     </message>
     <message>
         <source>It goes on when the phone is back.</source>
+        <extracomment>&quot;It&quot; is the recording.</extracomment>
         <translation>Telefon yeniden bağlanınca devam eder.</translation>
     </message>
     <message>
@@ -436,6 +439,7 @@
     </message>
     <message>
         <source>Apps receive a frozen frame. Click Resume camera to broadcast again.</source>
+        <extracomment>&quot;Resume camera&quot; is the name of the button above: the same words, in quotation marks.</extracomment>
         <translation>Uygulamalar donmuş bir görüntü alıyor. Yayına devam etmek için “Kamerayı sürdür” düğmesine tıklayın.</translation>
     </message>
 </context>
@@ -461,6 +465,7 @@
     <name>QrCode</name>
     <message>
         <source>Pairing code</source>
+        <extracomment>For screen readers: names the picture of the QR code.</extracomment>
         <translation>Eşleştirme kodu</translation>
     </message>
 </context>
@@ -472,6 +477,7 @@
     </message>
     <message>
         <source>Record</source>
+        <extracomment>Button, a verb: begins to write the video into a file. Not: to register.</extracomment>
         <translation>Kaydet</translation>
     </message>
 </context>
@@ -483,6 +489,7 @@
     </message>
     <message>
         <source>The recording has ended</source>
+        <extracomment>A title: it ended through a fault, not by the user.</extracomment>
         <translation>Kayıt yarıda kesildi</translation>
     </message>
     <message>
@@ -696,6 +703,7 @@
     </message>
     <message>
         <source>Pause</source>
+        <extracomment>Menu entry, a verb: pauses what programs get from the camera. &quot;Resume&quot; undoes it.</extracomment>
         <translation>Duraklat</translation>
     </message>
     <message>

@@ -1,16 +1,19 @@
 import QtQuick
 
-// Tells screen readers what happens without their user having done it: phones that come and go, and
-// what programs get to see, and recordings.
+// Tells screen readers what happens without their user having done it: phones that come and go, what
+// programs get to see, and that it is recorded. How that ended, the notice says.
 Item {
     id: root
 
     property var names: ({}) // of the connected phones, by id
     property string said
-    property bool recordingFailed: false
     readonly property string output: !App.phoneConnected || !App.live ? ""
-                                     : App.outputEnabled ? qsTr("The camera is live")
-                                                         : qsTr("The camera is paused")
+                                     : !App.outputEnabled ? qsTr("The camera is paused")
+                                     : App.videoState === "stalled"
+                                       ? qsTranslate("VideoOverlay", "Phone paused (no video)")
+                                       : qsTr("The camera is live")
+    //: Announced by a screen reader: a recording has started.
+    readonly property string recording: App.recording ? qsTr("Recording") : ""
 
     function say(text: string): void {
         said = text
@@ -38,37 +41,16 @@ Item {
         names = now
     }
 
-    function tellOfRecording(): void {
-        say(recordingFailed ? qsTr("The recording has stopped by itself") : qsTr("Recording saved"))
-    }
-
     Accessible.role: Accessible.AlertMessage
     Accessible.name: said
     onOutputChanged: say(output)
-
-    Connections {
-        target: App.controller
-        ignoreUnknownSignals: true
-
-        function onRecordingEnded(reason: string): void {
-            root.recordingFailed = true
-        }
-    }
+    onRecordingChanged: say(recording)
 
     Connections {
         target: App
 
         function onPhonesChanged(): void {
             root.comparePhones()
-        }
-
-        function onRecordingChanged(): void {
-            if (App.recording) {
-                root.recordingFailed = false
-                root.say(qsTr("Recording"))
-            } else {
-                Qt.callLater(root.tellOfRecording) // why it ended may be told after
-            }
         }
     }
 }

@@ -29,6 +29,7 @@ Modal {
     }
 
     AddressRow {
+        objectName: "addressRow"
         width: parent.width
         address: root.pairAddress
     }

@@ -30,6 +30,7 @@ Column {
 
             ElidedText {
                 Layout.fillWidth: true
+                //: Of the camera: programs can use it.
                 text: !root.registrable ? root.registered ? qsTr("Ready") : qsTr("Camera library missing")
                       //: Of the camera: Windows knows it.
                       : root.registered ? qsTr("Registered")
@@ -73,6 +74,7 @@ Column {
 
             AppButton {
                 size: Theme.btnHsm
+                //: Button: shows the recordings folder in the file manager.
                 text: qsTr("Open")
                 Accessible.name: qsTr("Open the recordings folder")
                 onClicked: App.openRecordingsFolder()
@@ -81,12 +83,14 @@ Column {
             AppButton {
                 objectName: "changeFolder"
                 size: Theme.btnHsm
+                //: Button: chooses another recordings folder.
                 text: qsTr("Change")
                 Accessible.name: qsTr("Change the recordings folder")
                 onClicked: folderDialog.open()
             }
         }
 
+        //: "Record" is the button below the video: the same word, in quotation marks.
         Note { text: qsTr("Where the Record button saves .mp4 files.") }
     }
 
@@ -134,8 +138,8 @@ Column {
         }
 
         Note {
-            text: root.asking ? qsTr("All paired phones are forgotten and have to scan the new code. Go on?")
-                  : root.regenerated ? qsTr("Done: there is a new code. Phones that were paired scan it once more.")
+            text: root.asking ? qsTr("The current QR stops working and all paired phones are forgotten: they have to scan the new one. Go on?")
+                  : root.regenerated ? qsTr("Done: there is a new QR. Phones that were paired have to scan it.")
                   : qsTr("Regenerating makes the current QR stop working for new phones.")
             color: root.asking || root.regenerated ? Theme.textc : Theme.muted
         }

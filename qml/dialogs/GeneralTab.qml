@@ -17,6 +17,7 @@ Column {
 
         SegmentedBar {
             width: parent.width
+            //: A choice: the theme follows the system's light or dark.
             labels: [qsTr("System"), qsTr("Light"), qsTr("Dark")]
             current: App.themeMode
             onPicked: index => App.setThemeMode(index)

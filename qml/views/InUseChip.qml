@@ -22,6 +22,7 @@ Rectangle {
         Text {
             id: label
 
+            //: On a small chip. Of the camera: a program reads it.
             text: qsTr("In use")
             color: Theme.onVideoText
             font.pixelSize: Theme.fsSmall

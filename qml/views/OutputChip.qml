@@ -21,7 +21,9 @@ Clickable {
     implicitWidth: content.width + 22
     implicitHeight: 26
     ringRadius: Theme.pill(26)
-    Accessible.name: live ? qsTr("Pause camera") : qsTr("Resume camera")
+    Accessible.name: live ? qsTr("Pause camera")
+                     //: Programs get the live picture again. PausedOverlay quotes it: keep both the same.
+                     : qsTr("Resume camera")
 
     background: Rectangle {
         radius: 13

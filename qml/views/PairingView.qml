@@ -107,6 +107,7 @@ Item {
 
                 sourceComponent: WarningPanel {
                     title: root.retried ? qsTr("Phones still cannot connect") : qsTr("Phones cannot connect")
+                    //: At the end, "it" is Pevrix, neither the PC nor the camera.
                     text: qsTr("The Pevrix camera is missing, or another Pevrix uses it. Quit the other one or install Pevrix again, then start it anew.")
                     action: qsTr("Try again")
                     onActionClicked: root.retry()
@@ -120,6 +121,7 @@ Item {
 
                 sourceComponent: WarningPanel {
                     title: qsTr("This PC is not on a network")
+                    //: "it" is this PC.
                     text: qsTr("Connect it to your Wi-Fi or plug in a network cable. A phone on a USB cable works without.")
                 }
             }
@@ -159,6 +161,7 @@ Item {
 
                 sourceComponent: WarningPanel {
                     title: qsTr("A recording waits for its phone (%1)").arg(root.recordingClock)
+                    //: "It" is the recording.
                     text: qsTr("It goes on when the phone is back.")
                     action: qsTr("Stop recording")
                     onActionClicked: root.stopRecordingClicked()

@@ -29,6 +29,7 @@ Rectangle {
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 280
+            //: "Resume camera" is the name of the button above: the same words, in quotation marks.
             text: qsTr("Apps receive a frozen frame. Click Resume camera to broadcast again.")
             color: Theme.onVideoMuted
             font.pixelSize: Theme.fsCaption

@@ -11,6 +11,7 @@ Rectangle {
     color: Theme.paper
 
     Accessible.role: Accessible.Graphic
+    //: For screen readers: names the picture of the QR code.
     Accessible.name: qsTr("Pairing code")
 
     // No smoothing, and whole pixels of the screen for each module, whatever the scaling: else some

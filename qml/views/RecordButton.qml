@@ -8,10 +8,13 @@ Clickable {
     required property bool recording
     required property string clock
 
+    //: Button, a verb: begins to write the video into a file. Not: to register.
+    readonly property string label: qsTr("Record")
+
     implicitWidth: content.width + 2 * Theme.btnPadX
     implicitHeight: Theme.btnH
     opacity: enabled ? 1 : 0.45
-    Accessible.name: recording ? qsTr("Stop recording") : qsTr("Record")
+    Accessible.name: recording ? qsTr("Stop recording") : label
 
     background: Rectangle {
         radius: Theme.rControl
@@ -39,7 +42,7 @@ Clickable {
 
             Text {
                 anchors.verticalCenter: parent.verticalCenter
-                text: root.recording ? root.clock : qsTr("Record")
+                text: root.recording ? root.clock : root.label
                 color: root.recording ? Theme.redInk : Theme.textc
                 font.pixelSize: Theme.fsBody
                 font.weight: Font.DemiBold

@@ -24,7 +24,9 @@ Notice {
         path = file
         fileThere = started && outcome !== "folderGone"
         const title = saved ? qsTr("Recording saved")
-                    : started ? qsTr("The recording has ended") : qsTr("The recording could not start")
+                    //: A title: it ended through a fault, not by the user.
+                    : started ? qsTr("The recording has ended")
+                    : qsTr("The recording could not start")
         tell(saved, title, describe(outcome, started, file, seconds),
              fileThere ? qsTr("Show in folder") : qsTr("Choose folder"))
     }
