@@ -77,13 +77,6 @@ TEST(LogFile, KeepsLinesWholeWhenThreadsWriteTogether)
     }
 }
 
-TEST(LogFile, IsSilentWhenTheFileCannotBeWritten)
-{
-    QTemporaryDir base;
-    ASSERT_TRUE(QDir(base.path()).mkpath(u"Pevrix/pevrix.log"_s)); // a folder in its place
-    LogFile(base.path()).write(u"Pevrix: only on standard error"_s);
-}
-
 TEST(LogFile, LiesInTheTemporaryFolderWithoutALocalFolder)
 {
     qunsetenv("LOCALAPPDATA");

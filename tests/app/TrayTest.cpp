@@ -63,28 +63,6 @@ TEST(Tray, TellsOfLiveVideoAndOfACameraInUse)
     EXPECT_FALSE(actionOf(tray, 2)->isEnabled());
 }
 
-TEST(Tray, AsksForTheWindowAtAClickAndForTheRestFromItsMenu)
-{
-    Tray tray;
-    QSignalSpy shows(&tray, &Tray::showRequested);
-    using Reason = QSystemTrayIcon::ActivationReason;
-    for (const Reason reason : {QSystemTrayIcon::Trigger, QSystemTrayIcon::DoubleClick,
-                                QSystemTrayIcon::Context, QSystemTrayIcon::MiddleClick}) {
-        Q_EMIT tray.icon().activated(reason);
-    }
-    EXPECT_EQ(shows.count(), 2);
-
-    QSignalSpy pauses(&tray, &Tray::pauseRequested);
-    QSignalSpy quits(&tray, &Tray::quitRequested);
-    tray.setState({.live = true});
-    for (QAction* action : tray.icon().contextMenu()->actions()) {
-        action->trigger();
-    }
-    EXPECT_EQ(shows.count(), 3);
-    EXPECT_EQ(pauses.count(), 1);
-    EXPECT_EQ(quits.count(), 1);
-}
-
 TEST(Tray, DrawsASignForEachSizeThatIsAskedFor)
 {
     Tray tray;

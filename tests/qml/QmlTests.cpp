@@ -1,10 +1,14 @@
+#include "controller/AppController.h"
 #include "qml/Interface.h"
 #include "ui/Translator.h"
+#include "ui/UpdateChecker.h"
 
 #include <QAccessible>
 #include <QDesktopServices>
 #include <QFont>
 #include <QGuiApplication>
+#include <QMetaMethod>
+#include <QMetaProperty>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -13,32 +17,43 @@
 #include <QUrl>
 #include <QtQuickTest/quicktest.h>
 
+#include <optional>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace pevrix {
 
-// What a screen reader does and hears.
-class ScreenReader : public QObject
+// What lies outside the interface: a screen reader, a browser, and the classes that are scripted
+// here.
+class Outside : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QStringList heard READ heard)
+    Q_PROPERTY(QStringList heard MEMBER m_heard)
+    Q_PROPERTY(QStringList opened MEMBER m_opened)
 
 public:
-    ScreenReader()
+    Outside()
     {
+        s_only = this;
         QAccessible::setActive(true);
         QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
             if (event->type() == QAccessible::Announcement) {
-                s_heard << static_cast<QAccessibleAnnouncementEvent*>(event)->message();
+                s_only->m_heard << static_cast<QAccessibleAnnouncementEvent*>(event)->message();
             }
         });
+        QDesktopServices::setUrlHandler(u"https"_s, this, "open");
     }
 
-    [[nodiscard]] static QStringList heard() { return s_heard; }
+    Q_INVOKABLE void open(const QUrl& page) { m_opened << page.toString(); }
 
-    Q_INVOKABLE static void forget() { s_heard.clear(); }
+    Q_INVOKABLE void forget()
+    {
+        m_heard.clear();
+        m_opened.clear();
+    }
 
-    // False where the control does not offer it.
+    // By the screen reader. False where the control does not offer it.
     Q_INVOKABLE static bool toggle(QObject* control)
     {
         auto* const interface = QAccessible::queryAccessibleInterface(control);
@@ -51,8 +66,25 @@ public:
         return true;
     }
 
+    // The names of what the program's own object has for the interface.
+    Q_INVOKABLE static QStringList membersOf(const QString& name)
+    {
+        const QMetaObject& real =
+            name == "app"_L1 ? AppController::staticMetaObject : UpdateChecker::staticMetaObject;
+        QStringList members;
+        for (int i = 0; i < real.propertyCount(); ++i) {
+            members << QString::fromLatin1(real.property(i).name());
+        }
+        for (int i = 0; i < real.methodCount(); ++i) {
+            members << QString::fromLatin1(real.method(i).name());
+        }
+        return members;
+    }
+
 private:
-    static inline QStringList s_heard;
+    static inline Outside* s_only = nullptr;
+    QStringList m_heard;
+    QStringList m_opened;
 };
 
 // Gives each test file's engine what the program gives its own, scripted where a state at will is
@@ -69,34 +101,26 @@ public Q_SLOTS:
         font.setFamilies({u"Segoe UI"_s, u"Open Sans"_s});
         QGuiApplication::setFont(font);
         registerInterface();
-        QDesktopServices::setUrlHandler(u"https"_s, this, "ignore"); // of links
+        m_outside.emplace();
     }
-
-    void ignore(const QUrl&) {}
 
     void qmlEngineAvailable(QQmlEngine* engine)
     {
-        provide(engine, u"app"_s, make(engine, u"ScriptedApp"_s));
-        provide(engine, u"updater"_s, make(engine, u"ScriptedUpdater"_s));
+        for (const auto& [name, component] : {std::pair(u"app"_s, "ScriptedApp"_L1),
+                                              std::pair(u"updater"_s, "ScriptedUpdater"_L1)}) {
+            QQmlComponent made(engine, QUrl("qrc:/gallery/"_L1 + component + ".qml"_L1));
+            QObject* const object = made.create();
+            object->setParent(engine);
+            engine->rootContext()->setContextProperty(name, object);
+        }
         auto* translator = new Translator(QGuiApplication::instance(), engine, engine);
         engine->rootContext()->setContextProperty(u"i18n"_s, translator);
-        provide(engine, u"screenReader"_s, new ScreenReader);
+        engine->rootContext()->setContextProperty(u"outside"_s, &*m_outside);
     }
 
 private:
-    static QObject* make(QQmlEngine* engine, const QString& component)
-    {
-        QQmlComponent made(engine, QUrl("qrc:/gallery/"_L1 + component + ".qml"_L1));
-        return made.create();
-    }
-
-    static void provide(QQmlEngine* engine, const QString& name, QObject* object)
-    {
-        object->setParent(engine);
-        engine->rootContext()->setContextProperty(name, object);
-    }
-
     const QTemporaryDir m_settings; // the user's own are left alone
+    std::optional<Outside> m_outside;
 };
 
 } // namespace pevrix

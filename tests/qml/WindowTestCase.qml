@@ -3,7 +3,8 @@ import QtTest
 import Pevrix
 import "qrc:/qml"
 
-// The main window around a scripted controller, made anew for each test.
+// The main window around a scripted controller, made anew for each test. Nothing moves by itself unless
+// a test takes the capture mode away.
 TestCase {
     id: test
 
@@ -13,7 +14,7 @@ TestCase {
     readonly property var updates: updater
     property var window: null
 
-    Component { id: mainComponent; Main {} }
+    Component { id: mainComponent; Main { captureMode: true } }
 
     function init() {
         failOnWarning(/^(?!Failed to create Direct Composition)/)
@@ -39,10 +40,13 @@ TestCase {
         return null
     }
 
-    function open(view) {
+    function open(view, tab = 0) {
         window.shotOpenView(view)
         const dialog = part({ settings: "settings", language: "language", addphone: "addPhone" }[view])
         tryCompare(dialog, "opacity", 1)
+        if (tab > 0) {
+            dialog.tab = tab
+        }
         return dialog
     }
 
@@ -57,5 +61,20 @@ TestCase {
             }
         }
         return found
+    }
+
+    function button(name, scope = window.contentItem) {
+        return controlsIn(scope).find(item => item.Accessible.name === name)
+    }
+
+    // What can be read now, and the addresses of pictures and links.
+    function texts(item = window.contentItem) {
+        return [...item.children].filter(child => child.visible).reduce(
+                    (found, child) => found.concat(texts(child)),
+                    [item.text, item.url].filter(text => text !== undefined).map(String))
+    }
+
+    function says(text, item = window.contentItem) {
+        return texts(item).includes(String(text))
     }
 }

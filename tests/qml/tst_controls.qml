@@ -42,6 +42,10 @@ Item {
         name: "Controls"
         when: windowShown
 
+        function initTestCase() {
+            Motion.still = true
+        }
+
         function init() {
             failOnWarning(/^(?!Failed to create Direct Composition)/)
             window.requestActivate()
@@ -80,7 +84,7 @@ Item {
             compare(last.implicitWidth, 200)
             modal.fill = 10
             modal.open()
-            tryCompare(modal, "opacity", 1)
+            verify(waitForPolish(window))
             last.forceActiveFocus(Qt.TabFocusReason)
             clicks.clear()
             keyClick(Qt.Key_Return)

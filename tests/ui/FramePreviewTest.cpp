@@ -42,18 +42,12 @@ TEST(FramePreview, FitsThePictureCentredIntoTheItem)
     }
 }
 
-TEST(FramePreview, CoversTheWholeItemBeforeTheFirstPicture)
+TEST(FramePreview, TellsOfChangesOnlyWhenSomethingChanged)
 {
     FramePreview preview;
     EXPECT_TRUE(preview.frameSize().isEmpty());
     preview.setSize({508, 400});
     EXPECT_EQ(preview.contentRect(), QRectF(0, 0, 508, 400));
-}
-
-TEST(FramePreview, TellsOfChangesOnlyWhenSomethingChanged)
-{
-    FramePreview preview;
-    preview.setSize({508, 400});
     QSignalSpy sizes(&preview, &FramePreview::frameSizeChanged);
     QSignalSpy rects(&preview, &FramePreview::contentRectChanged);
 
@@ -76,7 +70,7 @@ TEST(FramePreview, TellsOfChangesOnlyWhenSomethingChanged)
 }
 
 // Drawn for real, by the software scene graph.
-TEST(FramePreview, DrawsTheLatestPictureAndKeepsItWhenANullOneComes)
+TEST(FramePreview, DrawsEachLatestPictureAndKeepsItWhenANullOneComes)
 {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickWindow window;
@@ -94,6 +88,9 @@ TEST(FramePreview, DrawsTheLatestPictureAndKeepsItWhenANullOneComes)
     EXPECT_EQ(shown.pixelColor(100, 50), QColor(Qt::blue));
     EXPECT_EQ(shown.pixelColor(20, 50), QColor(Qt::white)); // the bar beside it
 
+    preview.setFrame(picture(50, 50, Qt::red));
+    EXPECT_EQ(window.grabWindow().pixelColor(100, 50), QColor(Qt::red)); // after one was drawn
+
     preview.setFrame(QImage());
-    EXPECT_EQ(window.grabWindow().pixelColor(100, 50), QColor(Qt::blue));
+    EXPECT_EQ(window.grabWindow().pixelColor(100, 50), QColor(Qt::red));
 }
