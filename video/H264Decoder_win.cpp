@@ -1,12 +1,9 @@
-#include "picture/PictureSize.h"
-#include "video/ColorConversion.h"
+#include "video/DecoderOutput_win.h"
 #include "video/H264Decoder.h"
-#include "video/MediaFoundation_win.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <new>
 #include <utility>
 
 namespace pevrix {
@@ -25,27 +22,10 @@ constexpr LONGLONG kNominalDuration = 333333;
 constexpr int kMaxPassesPerDrain = 200;
 // The same for one that refuses input although it has no output.
 constexpr int kMaxRefusals = 50;
-// And for one that offers output types without end.
-constexpr DWORD kMaxOutputTypes = 100;
-// A picture of the largest size that is delivered, however the transform aligns it.
-constexpr std::uint32_t kMaxOutputBytes = 64 * 1024 * 1024;
 
 constexpr std::uint64_t packed(std::uint32_t upper, std::uint32_t lower)
 {
     return std::uint64_t{upper} << 32 | lower;
-}
-
-// The rows of an NV12 picture: luma, then half as many of chroma, rounded up.
-constexpr std::uint64_t nv12Rows(std::uint32_t height)
-{
-    return std::uint64_t{height} + (std::uint64_t{height} + 1) / 2;
-}
-
-// How far an NV12 picture that is not empty reaches in memory. Its last row need not be padded, but
-// holds a whole pair of chroma samples for a last pixel without a neighbour.
-constexpr std::uint64_t nv12Extent(std::uint32_t width, std::uint32_t height, std::uint32_t pitch)
-{
-    return (nv12Rows(height) - 1) * pitch + (std::uint64_t{width} + 1) / 2 * 2;
 }
 
 // Whether all references but the caller's one are gone.
@@ -96,22 +76,6 @@ ComPtr<IMFMediaType> makeInputType(std::uint32_t width, std::uint32_t height)
     return type;
 }
 
-ComPtr<IMFMediaType> firstNv12Type(IMFTransform& transform)
-{
-    for (DWORD index = 0; index < kMaxOutputTypes; ++index) {
-        ComPtr<IMFMediaType> type;
-        if (FAILED(transform.GetOutputAvailableType(0, index, &type)) || type == nullptr) {
-            return nullptr;
-        }
-        GUID subtype{};
-        if (SUCCEEDED(type->GetGUID(MF_MT_SUBTYPE, &subtype)) &&
-            IsEqualGUID(subtype, MFVideoFormat_NV12)) {
-            return type;
-        }
-    }
-    return nullptr;
-}
-
 } // namespace
 
 // Lives from the first initialize() to the end of the decoder, because Media Foundation stays
@@ -120,31 +84,18 @@ struct H264Decoder::BackEnd
 {
     MediaPlatform platform;
     ComPtr<IMFTransform> transform;
-    std::uint32_t width = 0; // of the picture, in pixels
-    std::uint32_t height = 0;
-    std::uint32_t stride = 0; // bytes from one row of luma to the next
-    std::uint32_t outputBufferSize = 0;
-    bool transformAllocates = false;     // the output samples
+    DecoderOutput output;
     ComPtr<IMFMediaBuffer> outputBuffer; // of ours, until the transform keeps it or needs more
-    Size shown;                          // the part of the picture that is meant to be seen
 
-    [[nodiscard]] bool open();
-    [[nodiscard]] bool negotiateOutput();
-    void readShownSize(IMFMediaType& type);
-    void readOutputStreamInfo();
+    [[nodiscard]] bool open(std::uint32_t width, std::uint32_t height);
     void tearDown();
 
     [[nodiscard]] ComPtr<IMFSample> makeSample();
     [[nodiscard]] HRESULT nextOutput(ComPtr<IMFSample>& picture);
     void giveUpOutput(HRESULT reason);
-    [[nodiscard]] bool sizeAllowed() const
-    {
-        return isPictureSize(static_cast<int>(width), static_cast<int>(height));
-    }
-    [[nodiscard]] bool convert(IMFSample& picture, std::vector<std::uint8_t>& bgr) const;
 };
 
-bool H264Decoder::BackEnd::open()
+bool H264Decoder::BackEnd::open(std::uint32_t width, std::uint32_t height)
 {
     const HRESULT created = CoCreateInstance(CLSID_CMSH264DecoderMFT, nullptr, CLSCTX_INPROC_SERVER,
                                              IID_PPV_ARGS(&transform));
@@ -158,72 +109,15 @@ bool H264Decoder::BackEnd::open()
         attributes->SetUINT32(CODECAPI_AVLowLatencyMode, 1);
     }
     const ComPtr<IMFMediaType> inputType = makeInputType(width, height);
+    output.width = width;
+    output.height = height;
     if (inputType == nullptr || FAILED(transform->SetInputType(0, inputType.Get(), 0)) ||
-        !negotiateOutput()) {
+        !output.negotiate(*transform.Get())) {
         return false;
     }
     transform->ProcessMessage(MFT_MESSAGE_NOTIFY_BEGIN_STREAMING, 0);
     transform->ProcessMessage(MFT_MESSAGE_NOTIFY_START_OF_STREAM, 0);
     return true;
-}
-
-// Takes the first NV12 type that the transform offers, and its size and stride. Those count even if
-// the transform then refuses the type.
-bool H264Decoder::BackEnd::negotiateOutput()
-{
-    const ComPtr<IMFMediaType> type = firstNv12Type(*transform.Get());
-    if (type == nullptr) {
-        return false;
-    }
-    const HRESULT set = transform->SetOutputType(0, type.Get(), 0);
-    UINT64 size = 0;
-    if (SUCCEEDED(type->GetUINT64(MF_MT_FRAME_SIZE, &size)) && size >> 32 != 0 &&
-        (size & 0xffffffff) != 0) {
-        width = static_cast<std::uint32_t>(size >> 32);
-        height = static_cast<std::uint32_t>(size & 0xffffffff);
-    }
-    readShownSize(*type.Get());
-    UINT32 declaredStride = 0;
-    if (FAILED(type->GetUINT32(MF_MT_DEFAULT_STRIDE, &declaredStride)) || declaredStride == 0) {
-        declaredStride = width;
-    }
-    stride = declaredStride;
-    if (FAILED(set)) {
-        return false;
-    }
-    readOutputStreamInfo();
-    return true;
-}
-
-// Windows' decoder delivers whole macroblocks and tells here which of their rows and columns count.
-void H264Decoder::BackEnd::readShownSize(IMFMediaType& type)
-{
-    shown = {static_cast<int>(width), static_cast<int>(height)};
-    MFVideoArea area{};
-    UINT32 size = 0;
-    if (SUCCEEDED(type.GetBlob(MF_MT_MINIMUM_DISPLAY_APERTURE, reinterpret_cast<UINT8*>(&area),
-                               sizeof(area), &size)) &&
-        size == sizeof(area) && area.Area.cx > 0 && area.Area.cx <= shown.width &&
-        area.Area.cy > 0 && area.Area.cy <= shown.height) {
-        shown = {area.Area.cx, area.Area.cy};
-    }
-}
-
-void H264Decoder::BackEnd::readOutputStreamInfo()
-{
-    MFT_OUTPUT_STREAM_INFO info{};
-    if (FAILED(transform->GetOutputStreamInfo(0, &info))) {
-        info = {};
-    }
-    transformAllocates = (info.dwFlags & (MFT_OUTPUT_STREAM_PROVIDES_SAMPLES |
-                                          MFT_OUTPUT_STREAM_CAN_PROVIDE_SAMPLES)) != 0;
-    outputBufferSize = info.cbSize;
-    if (outputBufferSize == 0 && sizeAllowed()) {
-        const std::uint64_t needed =
-            std::max(nv12Rows(height) * stride, nv12Extent(width, height, stride));
-        outputBufferSize =
-            static_cast<std::uint32_t>(std::min<std::uint64_t>(needed, kMaxOutputBytes));
-    }
 }
 
 void H264Decoder::BackEnd::tearDown()
@@ -233,18 +127,15 @@ void H264Decoder::BackEnd::tearDown()
         transform->ProcessMessage(MFT_MESSAGE_COMMAND_FLUSH, 0);
         transform.Reset();
     }
-    stride = 0;
-    outputBufferSize = 0;
-    transformAllocates = false;
+    output = {};
     outputBuffer.Reset();
-    shown = {};
 }
 
 // In a new sample, so that it has no time of an earlier picture. The memory is made anew only when
 // it must be: the system would zero some megabytes for each picture.
 ComPtr<IMFSample> H264Decoder::BackEnd::makeSample()
 {
-    const DWORD bytes = std::min(outputBufferSize, kMaxOutputBytes);
+    const DWORD bytes = std::min(output.bufferSize, DecoderOutput::kMaxBytes);
     DWORD has = 0;
     if (outputBuffer != nullptr && (!isOnlyOurs(*outputBuffer.Get()) ||
                                     FAILED(outputBuffer->GetMaxLength(&has)) || has < bytes)) {
@@ -264,22 +155,22 @@ ComPtr<IMFSample> H264Decoder::BackEnd::makeSample()
 HRESULT H264Decoder::BackEnd::nextOutput(ComPtr<IMFSample>& picture)
 {
     ComPtr<IMFSample> ours;
-    if (!transformAllocates) {
+    if (!output.transformAllocates) {
         ours = makeSample();
         if (ours == nullptr) {
             return E_OUTOFMEMORY;
         }
     }
-    MFT_OUTPUT_DATA_BUFFER output{};
-    output.pSample = ours.Get();
+    MFT_OUTPUT_DATA_BUFFER data{};
+    data.pSample = ours.Get();
     DWORD status = 0;
-    const HRESULT result = transform->ProcessOutput(0, 1, &output, &status);
+    const HRESULT result = transform->ProcessOutput(0, 1, &data, &status);
     ComPtr<IMFCollection> events;
-    events.Attach(output.pEvents);
-    if (output.pSample == ours.Get()) {
+    events.Attach(data.pEvents);
+    if (data.pSample == ours.Get()) {
         picture = std::move(ours);
     } else {
-        picture.Attach(output.pSample);
+        picture.Attach(data.pSample);
     }
     return result;
 }
@@ -288,34 +179,9 @@ HRESULT H264Decoder::BackEnd::nextOutput(ComPtr<IMFSample>& picture)
 // refuses all further input.
 void H264Decoder::BackEnd::giveUpOutput(HRESULT reason)
 {
-    if (reason != MF_E_TRANSFORM_NEED_MORE_INPUT && !sizeAllowed()) {
+    if (reason != MF_E_TRANSFORM_NEED_MORE_INPUT && !output.sizeAllowed()) {
         transform->ProcessMessage(MFT_MESSAGE_COMMAND_FLUSH, 0);
     }
-}
-
-bool H264Decoder::BackEnd::convert(IMFSample& picture, std::vector<std::uint8_t>& bgr) const
-try {
-    ComPtr<IMFMediaBuffer> buffer;
-    if (!sizeAllowed() || FAILED(picture.ConvertToContiguousBuffer(&buffer))) {
-        return false;
-    }
-    const LockedBuffer locked(buffer.Get());
-    if (locked.bytes().size() < nv12Extent(width, height, stride)) {
-        return false;
-    }
-    bgr.resize(pictureBytes(static_cast<int>(width), static_cast<int>(height)));
-    const std::ptrdiff_t pitch = stride;
-    const std::uint8_t* luma = locked.bytes().data();
-    convertToBgr(Nv12Picture{.y = luma,
-                             .uv = luma + pitch * static_cast<std::ptrdiff_t>(height),
-                             .yStride = pitch,
-                             .uvStride = pitch,
-                             .width = static_cast<int>(width),
-                             .height = static_cast<int>(height)},
-                 bgr.data());
-    return true;
-} catch (const std::bad_alloc&) {
-    return false;
 }
 
 H264Decoder::H264Decoder(FrameCallback onFrame)
@@ -343,9 +209,7 @@ bool H264Decoder::initialize(std::uint32_t width, std::uint32_t height)
     if (!m_backEnd->platform.start(MFSTARTUP_LITE)) {
         return false;
     }
-    m_backEnd->width = width;
-    m_backEnd->height = height;
-    if (!m_backEnd->open()) {
+    if (!m_backEnd->open(width, height)) {
         reset();
         return false;
     }
@@ -378,32 +242,33 @@ void H264Decoder::feed(std::span<const std::uint8_t> data, std::int64_t timestam
 void H264Decoder::drain()
 {
     for (int pass = 0; pass < kMaxPassesPerDrain && initialized(); ++pass) {
+        DecoderOutput& output = m_backEnd->output;
         ComPtr<IMFSample> picture;
         const HRESULT result = m_backEnd->nextOutput(picture);
         if (result == MF_E_TRANSFORM_STREAM_CHANGE) {
             picture.Reset();
-            static_cast<void>(m_backEnd->negotiateOutput());
+            static_cast<void>(output.negotiate(*m_backEnd->transform.Get()));
             continue;
         }
         if (FAILED(result)) {
             m_backEnd->giveUpOutput(result);
             return;
         }
-        if (picture == nullptr || !m_onFrame || !m_backEnd->convert(*picture.Get(), m_bgr)) {
+        if (picture == nullptr || !m_onFrame || !output.convert(*picture.Get(), m_bgr)) {
             continue;
         }
         LONGLONG time = 0;
         if (FAILED(picture->GetSampleTime(&time))) {
             time = 0;
         }
-        m_onFrame(m_bgr.data(), static_cast<int>(m_backEnd->width),
-                  static_cast<int>(m_backEnd->height), time / kTicksPerMicrosecond);
+        m_onFrame(m_bgr.data(), static_cast<int>(output.width), static_cast<int>(output.height),
+                  time / kTicksPerMicrosecond);
     }
 }
 
 H264Decoder::Size H264Decoder::shownSize() const
 {
-    return m_backEnd != nullptr ? m_backEnd->shown : Size{};
+    return m_backEnd != nullptr ? m_backEnd->output.shown : Size{};
 }
 
 void H264Decoder::reset()
