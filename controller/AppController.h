@@ -197,8 +197,9 @@ Q_SIGNALS:
     void osDarkChanged();
     void themeModeChanged();
     // How a recording went. `outcome` is "saved"; "resized", which is the same by pictures of
-    // another size; or why it ended by itself or (not `started`) could not begin: "diskFull",
-    // "folderGone", "writeFailed". `path` is its file's.
+    // another size; "empty", when no picture came and there is no file; or why it ended by itself
+    // or (not `started`) could not begin: "diskFull", "folderGone", "writeFailed". `path` is its
+    // file's.
     void recordingEnded(const QString& outcome, bool started, const QString& path, int seconds);
 
 private:

@@ -56,6 +56,8 @@ QString outcomeName(Outcome outcome)
         return u"saved"_s;
     case Outcome::Resized:
         return u"resized"_s;
+    case Outcome::Empty:
+        return u"empty"_s;
     case Outcome::DiskFull:
         return u"diskFull"_s;
     case Outcome::FolderGone:
@@ -90,6 +92,7 @@ bool Recording::start(const QString& path, QSize size, int fps)
                                 static_cast<std::uint32_t>(size.height()), fps);
     if (m_started) {
         m_path = path;
+        m_hasPicture = false;
         m_awake.emplace();
         m_clock.start();
     } else {
@@ -122,7 +125,9 @@ void Recording::stop(Outcome outcome)
         qCWarning(videoLog, "Pevrix: the recording lacks %llu pictures; the encoder was too slow",
                   static_cast<unsigned long long>(dropped));
     }
-    if (!complete || !QFileInfo::exists(m_path)) {
+    if (complete && !m_hasPicture) {
+        outcome = Outcome::Empty;
+    } else if (!complete || !QFileInfo::exists(m_path)) {
         outcome = QFileInfo::exists(m_path) ? failureAt(m_path) : Outcome::FolderGone;
         qCWarning(videoLog, "Pevrix: the recording lacks its end: %s", explain(outcome));
     }
@@ -146,6 +151,7 @@ void Recording::show(const SharedPicture& picture)
     check();
     if (size() == QSize(picture->width, picture->height)) {
         m_recorder.writeFrame(picture->pixels.data());
+        m_hasPicture = true;
     }
 }
 

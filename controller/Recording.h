@@ -21,13 +21,14 @@ struct RecordingReport
     {
         Saved,       // it was stopped
         Resized,     // the same, by pictures of another size
+        Empty,       // no picture came: there is no file
         DiskFull,    // from here on: it ended by itself, or could not start
         FolderGone,  // or not to be written to
         WriteFailed, // the encoder or the disk, who knows
     };
 
     Outcome outcome = Outcome::Saved;
-    bool started = false; // there were pictures; the file may hold those up to the end
+    bool started = false; // the file may hold the pictures up to the end
     QString path;
     int seconds = 0; // that it lasted
 
@@ -84,6 +85,7 @@ private:
     QElapsedTimer m_clock;
     QString m_path;
     std::optional<StayAwake> m_awake;
+    bool m_hasPicture = false;
     bool m_started = false; // and not stopped yet, though it may have ended by itself
 };
 

@@ -509,6 +509,10 @@
         <translation>Sie wurde beendet, weil das Bild des Telefons jetzt eine andere Größe hat.</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>Es kam kein Bild, daher gibt es keine Datei.</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>Der Datenträger ist voll. Was bis dahin aufgenommen wurde, ist gespeichert.</translation>
     </message>

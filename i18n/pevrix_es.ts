@@ -509,6 +509,10 @@
         <translation>Se ha detenido porque la imagen del teléfono ha cambiado de tamaño.</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>No llegó ninguna imagen, así que no hay archivo.</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>El disco está lleno. Lo grabado hasta ese momento se ha guardado.</translation>
     </message>

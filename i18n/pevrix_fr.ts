@@ -509,6 +509,10 @@
         <translation>Il s’est arrêté parce que l’image du téléphone a changé de taille.</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>Aucune image n’est arrivée, il n’y a donc pas de fichier.</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>Le disque est plein. Ce qui a été filmé jusque-là est conservé.</translation>
     </message>

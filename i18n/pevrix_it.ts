@@ -509,6 +509,10 @@
         <translation>Si è interrotta perché l’immagine del telefono ha cambiato dimensioni.</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>Non è arrivata nessuna immagine, quindi non c’è alcun file.</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>Il disco è pieno. Quanto registrato fino ad allora è stato salvato.</translation>
     </message>

@@ -509,6 +509,10 @@
         <translation>スマートフォンの映像サイズが変わったため終了しました。</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>映像が届かなかったため、ファイルはありません。</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>ディスクがいっぱいです。それまでの録画は保存されています。</translation>
     </message>

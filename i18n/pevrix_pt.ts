@@ -509,6 +509,10 @@
         <translation>Ela parou porque a imagem do celular mudou de tamanho.</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>Nenhuma imagem chegou, por isso não há arquivo.</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>O disco está cheio. O que foi gravado até então foi salvo.</translation>
     </message>

@@ -509,6 +509,10 @@
         <translation>Она завершена, потому что размер изображения с телефона изменился.</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>Изображение не поступило, поэтому файла нет.</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>Диск заполнен. Всё записанное до этого сохранено.</translation>
     </message>

@@ -509,6 +509,10 @@
         <translation>Telefonun görüntü boyutu değiştiği için sona erdi.</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>Hiç görüntü gelmedi, bu yüzden dosya yok.</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>Disk dolu. O ana kadar kaydedilenler saklandı.</translation>
     </message>

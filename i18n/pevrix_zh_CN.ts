@@ -509,6 +509,10 @@
         <translation>由于手机画面尺寸改变，录制已结束。</translation>
     </message>
     <message>
+        <source>No picture came, so there is no file.</source>
+        <translation>没有收到画面，因此没有文件。</translation>
+    </message>
+    <message>
         <source>The disk is full. What was recorded until then is saved.</source>
         <translation>磁盘已满。此前录制的内容已保存。</translation>
     </message>

@@ -41,8 +41,9 @@ public:
     void writeFrame(const std::uint8_t* pixels);
 
     // Completes the file, which takes as long as the pictures that still wait need. Safe when
-    // nothing is open. Destruction does the same. False when the file could not be written to its
-    // end; what is there plays as far as the system's way of writing allows.
+    // nothing is open. Destruction does the same. A recording without a single picture leaves no
+    // file. False when the file could not be written to its end; what is there plays as far as the
+    // system's way of writing allows.
     bool close();
 
     // False also once a recording has ended by itself because it could not be written any further,

@@ -36,11 +36,13 @@ constexpr UINT64 packed(UINT32 upper, UINT32 lower)
 } // namespace
 
 // One recording, from a writer that was made to its last picture. Destruction releases the writer,
-// which drops what was not finalised, and then the platform.
+// which drops what was not finalised, and then the platform. A file without a picture plays nowhere
+// and goes.
 class Mp4Recorder::Recording
 {
 public:
-    Recording(const Platform& platform, UINT32 width, UINT32 height, UINT32 fps);
+    Recording(const Platform& platform, std::filesystem::path path, UINT32 width, UINT32 height,
+              UINT32 fps);
     ~Recording();
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
@@ -52,12 +54,15 @@ public:
     };
 
     // Makes the writer and, with it, the file.
-    [[nodiscard]] bool createWriter(const std::filesystem::path& path, Container container);
+    [[nodiscard]] bool createWriter(Container container);
     // Tells the writer what it writes and what it gets, and starts the clock.
     [[nodiscard]] bool begin();
     void add(const std::uint8_t* pixels);
     // Whether the file was written to its end.
-    [[nodiscard]] bool finish() { return SUCCEEDED(writer->Finalize()) && !m_failed; }
+    [[nodiscard]] bool finish()
+    {
+        return (!m_hasPicture || SUCCEEDED(m_writer->Finalize())) && !m_failed;
+    }
     // The writer took no picture for too long.
     [[nodiscard]] bool failed() const { return m_failed; }
     [[nodiscard]] std::uint64_t dropped() const { return m_dropped; }
@@ -70,42 +75,47 @@ private:
     [[nodiscard]] bool isBehind() const;
 
     const Platform& m_platform;
-    ComPtr<IMFSinkWriter> writer;
-    DWORD streamIndex = 0;
-    const UINT32 width;
-    const UINT32 height;
-    const UINT32 fps;
-    const LONGLONG frameDuration;
-    Clock::time_point clock; // when the recording began
-    bool mfStarted = false;
+    const std::filesystem::path m_path;
+    std::optional<MediaPlatform> m_media{std::in_place};
+    ComPtr<IMFSinkWriter> m_writer;
+    DWORD m_streamIndex = 0;
+    const UINT32 m_width;
+    const UINT32 m_height;
+    const UINT32 m_fps;
+    const LONGLONG m_frameDuration;
+    Clock::time_point m_start;
+    bool m_hasPicture = false; // in the writer
     std::uint64_t m_dropped = 0;
     std::optional<Clock::time_point> m_failing; // since when no picture was taken
     bool m_failed = false;
 };
 
-Mp4Recorder::Recording::Recording(const Platform& platform, UINT32 pictureWidth,
-                                  UINT32 pictureHeight, UINT32 rate)
+Mp4Recorder::Recording::Recording(const Platform& platform, std::filesystem::path path,
+                                  UINT32 width, UINT32 height, UINT32 fps)
     : m_platform(platform)
-    , width(pictureWidth)
-    , height(pictureHeight)
-    , fps(rate)
-    , frameDuration(Ticks::period::den / rate)
+    , m_path(std::move(path))
+    , m_width(width)
+    , m_height(height)
+    , m_fps(fps)
+    , m_frameDuration(Ticks::period::den / fps)
 {}
 
 Mp4Recorder::Recording::~Recording()
 {
-    writer.Reset();
-    if (mfStarted) {
-        m_platform.shutdown();
+    const bool isFileEmpty = m_writer != nullptr && !m_hasPicture;
+    m_writer.Reset();
+    m_media.reset();
+    if (isFileEmpty) {
+        DeleteFileW(m_path.c_str());
     }
 }
 
-bool Mp4Recorder::Recording::createWriter(const std::filesystem::path& path, Container container)
+bool Mp4Recorder::Recording::createWriter(Container container)
 {
     // Without the platform the calls below fail by themselves.
-    mfStarted = SUCCEEDED(m_platform.startup(MF_VERSION, MFSTARTUP_FULL));
+    static_cast<void>(m_media->start(MFSTARTUP_FULL));
     ComPtr<IMFAttributes> attributes;
-    if (FAILED(m_platform.createAttributes(&attributes, 2))) {
+    if (FAILED(mediaFunctions().createAttributes(&attributes, 2))) {
         return false;
     }
     // A live source must never wait for the encoder.
@@ -114,8 +124,8 @@ bool Mp4Recorder::Recording::createWriter(const std::filesystem::path& path, Con
         attributes->SetGUID(MF_TRANSCODE_CONTAINERTYPE, MFTranscodeContainerType_FMPEG4);
     }
     return SUCCEEDED(
-               m_platform.createSinkWriter(path.c_str(), nullptr, attributes.Get(), &writer)) &&
-           writer != nullptr;
+               m_platform.createSinkWriter(m_path.c_str(), nullptr, attributes.Get(), &m_writer)) &&
+           m_writer != nullptr;
 }
 
 bool Mp4Recorder::Recording::begin()
@@ -123,26 +133,26 @@ bool Mp4Recorder::Recording::begin()
     const ComPtr<IMFMediaType> output = makeOutputType();
     const ComPtr<IMFMediaType> input = makeInputType();
     if (output == nullptr || input == nullptr ||
-        FAILED(writer->AddStream(output.Get(), &streamIndex)) ||
-        FAILED(writer->SetInputMediaType(streamIndex, input.Get(), nullptr)) ||
-        FAILED(writer->BeginWriting())) {
+        FAILED(m_writer->AddStream(output.Get(), &m_streamIndex)) ||
+        FAILED(m_writer->SetInputMediaType(m_streamIndex, input.Get(), nullptr)) ||
+        FAILED(m_writer->BeginWriting())) {
         return false;
     }
-    clock = m_platform.now();
+    m_start = m_platform.now();
     return true;
 }
 
 ComPtr<IMFMediaType> Mp4Recorder::Recording::makeType(const GUID& subtype) const
 {
     ComPtr<IMFMediaType> type;
-    if (FAILED(m_platform.createMediaType(&type))) {
+    if (FAILED(mediaFunctions().createMediaType(&type))) {
         return nullptr;
     }
     type->SetGUID(MF_MT_MAJOR_TYPE, MFMediaType_Video);
     type->SetGUID(MF_MT_SUBTYPE, subtype);
     type->SetUINT32(MF_MT_INTERLACE_MODE, MFVideoInterlace_Progressive);
-    type->SetUINT64(MF_MT_FRAME_SIZE, packed(width, height));
-    type->SetUINT64(MF_MT_FRAME_RATE, packed(fps, 1));
+    type->SetUINT64(MF_MT_FRAME_SIZE, packed(m_width, m_height));
+    type->SetUINT64(MF_MT_FRAME_RATE, packed(m_fps, 1));
     type->SetUINT64(MF_MT_PIXEL_ASPECT_RATIO, packed(1, 1));
     return type;
 }
@@ -162,16 +172,16 @@ ComPtr<IMFMediaType> Mp4Recorder::Recording::makeInputType() const
     ComPtr<IMFMediaType> type = makeType(MFVideoFormat_RGB32);
     if (type != nullptr) {
         // Positive: the top row comes first, which is not the default of this format.
-        type->SetUINT32(MF_MT_DEFAULT_STRIDE, width * kBytesPerPixel);
+        type->SetUINT32(MF_MT_DEFAULT_STRIDE, m_width * kBytesPerPixel);
     }
     return type;
 }
 
 ComPtr<IMFMediaBuffer> Mp4Recorder::Recording::makeBuffer(const std::uint8_t* pixels) const
 {
-    const DWORD size = width * height * kBytesPerPixel; // 2^28 at most
+    const DWORD size = m_width * m_height * kBytesPerPixel; // 2^28 at most
     ComPtr<IMFMediaBuffer> buffer;
-    if (FAILED(m_platform.createMemoryBuffer(size, &buffer))) {
+    if (FAILED(mediaFunctions().createMemoryBuffer(size, &buffer))) {
         return nullptr;
     }
     {
@@ -198,11 +208,11 @@ bool Mp4Recorder::Recording::isBehind() const
 {
     MF_SINK_WRITER_STATISTICS statistics{};
     statistics.cb = sizeof statistics;
-    if (FAILED(writer->GetStatistics(streamIndex, &statistics))) {
+    if (FAILED(m_writer->GetStatistics(m_streamIndex, &statistics))) {
         return false;
     }
     const std::uint64_t most =
-        std::max(kMaxWaitingBytes / (width * height * kBytesPerPixel), kMinWaitingPictures);
+        std::max(kMaxWaitingBytes / (m_width * m_height * kBytesPerPixel), kMinWaitingPictures);
     return statistics.dwByteCountQueued > kMaxWaitingBytes ||
            (statistics.qwNumSamplesEncoded > 0 &&
             statistics.qwNumSamplesReceived > statistics.qwNumSamplesEncoded + most);
@@ -214,16 +224,17 @@ void Mp4Recorder::Recording::add(const std::uint8_t* pixels)
         ++m_dropped;
         return;
     }
-    const auto time = std::chrono::duration_cast<Ticks>(m_platform.now() - clock);
+    const auto time = std::chrono::duration_cast<Ticks>(m_platform.now() - m_start);
     const ComPtr<IMFMediaBuffer> buffer = makeBuffer(pixels);
     ComPtr<IMFSample> sample;
-    if (buffer == nullptr || FAILED(m_platform.createSample(&sample))) {
+    if (buffer == nullptr || FAILED(mediaFunctions().createSample(&sample))) {
         return;
     }
     sample->AddBuffer(buffer.Get());
     sample->SetSampleTime(time.count());
-    sample->SetSampleDuration(frameDuration);
-    if (SUCCEEDED(writer->WriteSample(streamIndex, sample.Get()))) {
+    sample->SetSampleDuration(m_frameDuration);
+    if (SUCCEEDED(m_writer->WriteSample(m_streamIndex, sample.Get()))) {
+        m_hasPicture = true;
         m_failing.reset();
         return;
     }
@@ -254,18 +265,13 @@ bool Mp4Recorder::open(const std::filesystem::path& path, std::uint32_t width, s
     close(); // a recording that has ended by itself
     for (const auto container : {Recording::Container::Fragmented, Recording::Container::Plain}) {
         auto recording = std::make_unique<Recording>(
-            *m_platform, width, height, static_cast<UINT32>(fps > 0 ? fps : kDefaultFps));
-        if (!recording->createWriter(path, container)) {
-            continue;
-        }
-        if (recording->begin()) {
+            *m_platform, path, width, height, static_cast<UINT32>(fps > 0 ? fps : kDefaultFps));
+        if (recording->createWriter(container) && recording->begin()) {
             m_recording = std::move(recording);
             m_width = width;
             m_height = height;
             return true;
         }
-        recording.reset(); // closes the half-made file
-        m_platform->deleteFile(path.c_str());
     }
     return false;
 }

@@ -165,6 +165,10 @@ bool Mp4Writer::writePackets()
 
 bool Mp4Writer::finish()
 {
+    if (!m_lastKeyframe) { // no picture came, and a file without any plays nowhere
+        keepWholeFragments();
+        return true;
+    }
     const bool written = avcodec_send_frame(m_encoder.get(), nullptr) >= 0 && writePackets() &&
                          av_write_frame(m_output.get(), nullptr) >= 0;
     if (!written) {

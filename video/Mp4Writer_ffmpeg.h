@@ -34,7 +34,8 @@ public:
     // encode() nor finish() may follow. A file without a single fragment is removed.
     [[nodiscard]] bool encode(AVFrame& frame);
 
-    // Completes the file. False when there is no room for the index: the file stays fragmented.
+    // Completes the file, and removes one without a picture. False when there is no room for the
+    // index: the file stays fragmented.
     bool finish();
 
 private:

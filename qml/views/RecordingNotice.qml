@@ -22,13 +22,13 @@ Notice {
     function report(outcome: string, started: bool, file: string, seconds: int): void {
         const saved = outcome === "saved" || outcome === "resized"
         path = file
-        fileThere = started && outcome !== "folderGone"
+        fileThere = started && outcome !== "folderGone" && outcome !== "empty"
         const title = saved ? qsTr("Recording saved")
                     //: A title: it ended through a fault, not by the user.
                     : started ? qsTr("The recording has ended")
                     : qsTr("The recording could not start")
         tell(saved, title, describe(outcome, started, file, seconds),
-             fileThere ? qsTr("Show in folder") : qsTr("Choose folder"))
+             fileThere ? qsTr("Show in folder") : outcome === "empty" ? "" : qsTr("Choose folder"))
     }
 
     function describe(outcome: string, started: bool, file: string, seconds: int): string {
@@ -40,6 +40,8 @@ Notice {
             return made
         case "resized":
             return made + "\n" + qsTr("It ended because the phone's picture has another size now.")
+        case "empty":
+            return qsTr("No picture came, so there is no file.")
         case "diskFull":
             return started ? qsTr("The disk is full. What was recorded until then is saved.")
                            : qsTr("The disk is full. Free some space or choose another folder.")

@@ -251,6 +251,9 @@ TEST_F(AppControllerTest, TellsHowEachRecordingWent)
     simulated->setStalled(false);
     ASSERT_TRUE(waitForVideo());
     m_app->toggleRecording();
+    m_app->toggleRecording();
+    EXPECT_EQ(ends.takeFirst().first(2), (Args{u"empty"_s, true})) << "no picture in between";
+    m_app->toggleRecording();
     ASSERT_TRUE(QDir(path("new")).removeRecursively());
     ASSERT_TRUE(waitUntil([&] { return !ends.isEmpty(); })) << "it ends by itself";
     EXPECT_EQ(ends.takeFirst().first(2), (Args{u"folderGone"_s, true}));

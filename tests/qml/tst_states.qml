@@ -44,6 +44,8 @@ WindowTestCase {
         return [
             { tag: "saved", outcome: "saved", started: true, title: "Recording saved",
               text: "Pevrix_1.mp4 · 3:07", action: "Show in folder" },
+            { tag: "no picture", outcome: "empty", started: true,
+              title: "The recording has ended", action: "" },
             { tag: "folder gone", outcome: "folderGone", started: true,
               title: "The recording has ended", action: "Choose folder" },
             { tag: "disk full", outcome: "diskFull", started: true,

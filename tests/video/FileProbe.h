@@ -3,27 +3,18 @@
 // What independent programs say of a recorded file.
 
 #include <array>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace pevrix {
-
-struct PipeClose
-{
-    void operator()(FILE* pipe) const { pclose(pipe); }
-};
-using Pipe = std::unique_ptr<FILE, PipeClose>;
 
 // What a program prints.
 inline std::string outputOf(const std::string& command)
 {
-    const Pipe pipe(popen(command.c_str(), "r"));
+    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
     std::string output;
     std::array<char, 65536> part{};
     while (const std::size_t size = fread(part.data(), 1, part.size(), pipe.get())) {
@@ -47,22 +38,6 @@ inline std::string probe(const std::filesystem::path& path, const std::string& e
 inline std::size_t decodedPictures(const std::filesystem::path& path)
 {
     return std::strtoul(probe(path, "stream=nb_read_frames").c_str(), nullptr, 10);
-}
-
-inline std::vector<std::string> topLevelBoxes(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    std::vector<std::string> names;
-    std::array<char, 8> head{};
-    while (file.read(head.data(), head.size())) {
-        std::uint32_t size = 0;
-        for (std::size_t i = 0; i < 4; ++i) {
-            size = size << 8 | static_cast<std::uint8_t>(head[i]);
-        }
-        names.emplace_back(head.data() + 4, 4);
-        file.seekg(static_cast<std::streamoff>(size) - 8, std::ios::cur);
-    }
-    return names;
 }
 
 } // namespace pevrix

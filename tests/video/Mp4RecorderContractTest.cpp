@@ -23,6 +23,7 @@ TEST(Mp4RecorderContract, AcceptsSidesFrom1To8192)
         recorder->close();
         EXPECT_TRUE(recorder->open(folder / "a.mp4", 16, side, 30)) << side;
         recorder->close();
+        EXPECT_TRUE(folder.empty()) << "a file without a picture is none";
     }
 }
 
