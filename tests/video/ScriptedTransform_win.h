@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <deque>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace pevrix {
@@ -40,13 +39,12 @@ struct Script
     std::deque<Output> outputs{}; // then MF_E_TRANSFORM_NEED_MORE_INPUT
     bool repeatLastOutput = false;
 
-    std::vector<std::string> calls{};
-    int living = 0;
     Microsoft::WRL::ComPtr<IMFAttributes> attributes{};
-    Microsoft::WRL::ComPtr<IMFMediaType> inputType{};
-    std::vector<std::uint8_t> input{};
+
+    int living = 0; // transforms
+    int flushes = 0;
+    std::vector<std::uint8_t> input{}; // the last that was accepted
     LONGLONG inputTime = 0;
-    LONGLONG inputDuration = 0;
 };
 
 class ScriptedTransform final : public CountedObject<IMFTransform>
@@ -55,27 +53,17 @@ public:
     explicit ScriptedTransform(Script& script)
         : m_script(script)
     {
-        note("created");
         ++m_script.living;
     }
-    ~ScriptedTransform() override
-    {
-        note("destroyed");
-        --m_script.living;
-    }
+    ~ScriptedTransform() override { --m_script.living; }
 
     STDMETHODIMP GetAttributes(IMFAttributes** attributes) override
     {
-        if (m_script.attributes == nullptr) {
-            return E_NOTIMPL;
-        }
-        return m_script.attributes.CopyTo(attributes);
+        return m_script.attributes == nullptr ? E_NOTIMPL : m_script.attributes.CopyTo(attributes);
     }
 
-    STDMETHODIMP SetInputType(DWORD, IMFMediaType* type, DWORD) override
+    STDMETHODIMP SetInputType(DWORD, IMFMediaType*, DWORD) override
     {
-        note("input type");
-        m_script.inputType = type;
         return m_script.inputTypeResult;
     }
 
@@ -105,11 +93,8 @@ public:
         return S_OK;
     }
 
-    STDMETHODIMP SetOutputType(DWORD, IMFMediaType* type, DWORD) override
+    STDMETHODIMP SetOutputType(DWORD, IMFMediaType*, DWORD) override
     {
-        GUID subtype{};
-        type->GetGUID(MF_MT_SUBTYPE, &subtype);
-        note(subtype == MFVideoFormat_NV12 ? "output type NV12" : "another output type");
         return m_script.outputTypeResult;
     }
 
@@ -121,11 +106,7 @@ public:
 
     STDMETHODIMP ProcessMessage(MFT_MESSAGE_TYPE message, ULONG_PTR) override
     {
-        note(message == MFT_MESSAGE_COMMAND_FLUSH            ? "flush"
-             : message == MFT_MESSAGE_NOTIFY_BEGIN_STREAMING ? "begin streaming"
-             : message == MFT_MESSAGE_NOTIFY_START_OF_STREAM ? "start of stream"
-             : message == MFT_MESSAGE_NOTIFY_END_OF_STREAM   ? "end of stream"
-                                                             : "another message");
+        m_script.flushes += message == MFT_MESSAGE_COMMAND_FLUSH ? 1 : 0;
         return S_OK;
     }
 
@@ -133,10 +114,8 @@ public:
     {
         if (m_script.refusals > 0) {
             --m_script.refusals;
-            note("input refused");
             return MF_E_NOTACCEPTING;
         }
-        note("input");
         Microsoft::WRL::ComPtr<IMFMediaBuffer> buffer;
         sample->ConvertToContiguousBuffer(&buffer);
         DWORD length = 0;
@@ -144,7 +123,6 @@ public:
         const LockedBuffer locked(buffer.Get());
         m_script.input.assign(locked.bytes().data(), locked.bytes().data() + length);
         sample->GetSampleTime(&m_script.inputTime);
-        sample->GetSampleDuration(&m_script.inputDuration);
         return S_OK;
     }
 
@@ -181,8 +159,6 @@ public:
     STDMETHODIMP ProcessEvent(DWORD, IMFMediaEvent*) override { return E_NOTIMPL; }
 
 private:
-    void note(const char* call) { m_script.calls.emplace_back(call); }
-
     // Into the caller's sample, or into one of its own where the script says so.
     HRESULT write(const Script::Output& from, MFT_OUTPUT_DATA_BUFFER& output)
     {
@@ -190,7 +166,6 @@ private:
             (m_script.streamFlags &
              (MFT_OUTPUT_STREAM_PROVIDES_SAMPLES | MFT_OUTPUT_STREAM_CAN_PROVIDE_SAMPLES)) != 0;
         if (allocates != (output.pSample == nullptr)) {
-            note("sample on the wrong side");
             return E_INVALIDARG;
         }
         Microsoft::WRL::ComPtr<IMFMediaBuffer> buffer;
@@ -204,7 +179,6 @@ private:
         }
         const LockedBuffer locked(buffer.Get());
         if (locked.bytes().size() < from.bytes.size()) {
-            note("buffer too small");
             return MF_E_BUFFERTOOSMALL;
         }
         std::ranges::copy(from.bytes, locked.bytes().begin());
