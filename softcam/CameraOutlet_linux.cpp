@@ -12,10 +12,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock; // CLOCK_MONOTONIC, as the loop's timers
 
-// How long readers wait for another camera. Making one anew takes a tenth of a second, starting the
-// program again a few seconds.
-constexpr std::chrono::seconds kGrace{5};
-
 timespec timespecOf(std::chrono::nanoseconds time)
 {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
@@ -50,8 +46,9 @@ struct CameraOutlet::Callbacks
     }
 };
 
-CameraOutlet::CameraOutlet()
-    : m_loop(pw_thread_loop_new("pevrix-camera", nullptr))
+CameraOutlet::CameraOutlet(std::chrono::seconds grace)
+    : m_grace(grace)
+    , m_loop(pw_thread_loop_new("pevrix-camera", nullptr))
     , m_source(loopOf(m_loop), m_mailbox)
 {
     pw_loop* loop = loopOf(m_loop);
@@ -104,7 +101,7 @@ void CameraOutlet::followCamera()
         const std::lock_guard lock(m_mutex);
         return m_camera;
     }();
-    timespec grace = timespecOf(camera ? std::chrono::seconds(0) : kGrace); // zero: never
+    timespec grace = timespecOf(camera ? std::chrono::seconds(0) : m_grace); // zero: never
     pw_loop_update_timer(loopOf(m_loop), m_graceTimer, &grace, nullptr, false);
     if (camera) {
         m_source.offer(*camera);

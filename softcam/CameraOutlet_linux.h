@@ -5,6 +5,7 @@
 #include "softcam/V4l2Output.h"
 
 #include <atomic>
+#include <chrono>
 #include <mutex>
 #include <optional>
 
@@ -13,7 +14,7 @@ namespace pevrix {
 // Hands out the pictures of one camera after the other: to a PipeWire source, and to the first free
 // v4l2loopback device where there is one. Both go on while cameras are deleted and created again.
 //
-//   closed -- open() --> open -- close() --> waiting for another camera -- five seconds --> closed
+//   closed -- open() --> open -- close() --> waiting for another camera -- the grace --> closed
 //                          ^------------------- open() ---------------------|
 //
 // While it waits, readers get the last picture again. A thread of its own runs everything that
@@ -22,8 +23,12 @@ namespace pevrix {
 class CameraOutlet
 {
 public:
+    // How long readers wait for another camera. Making one anew takes a tenth of a second, starting
+    // the program again a few seconds.
+    static constexpr std::chrono::seconds kGrace{5};
+
     // Throws std::bad_alloc or std::runtime_error when there is no thread or memory left.
-    CameraOutlet();
+    explicit CameraOutlet(std::chrono::seconds grace = kGrace);
     ~CameraOutlet();
     CameraOutlet(const CameraOutlet&) = delete;
     CameraOutlet& operator=(const CameraOutlet&) = delete;
@@ -47,6 +52,7 @@ private:
     void showDuePictures();
     void armPictureTimer();
 
+    const std::chrono::seconds m_grace;
     std::mutex m_mutex;
     std::optional<CameraFormat> m_camera; // guarded by it
     PictureMailbox m_mailbox;

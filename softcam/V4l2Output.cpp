@@ -44,8 +44,14 @@ bool isLoopbackForOutput(int device)
 }
 
 // YUYV is what most programs read from such devices; odd widths get BGR.
-bool agreeOnFormat(int device, PixelLayout layout, const CameraFormat& camera)
+PixelLayout layoutFor(const CameraFormat& format)
 {
+    return suits(PixelLayout::Yuy2, format) ? PixelLayout::Yuy2 : PixelLayout::Bgr;
+}
+
+bool agreeOnFormat(int device, const CameraFormat& camera)
+{
+    const PixelLayout layout = layoutFor(camera);
     const std::uint32_t pixelFormat =
         layout == PixelLayout::Yuy2 ? V4L2_PIX_FMT_YUYV : V4L2_PIX_FMT_BGR24;
     v4l2_format format{};
@@ -82,19 +88,16 @@ std::optional<V4l2Output> V4l2Output::open(const std::string& path, const Camera
     if (device.descriptor() < 0) {
         return std::nullopt;
     }
-    const PixelLayout layout =
-        suits(PixelLayout::Yuy2, format) ? PixelLayout::Yuy2 : PixelLayout::Bgr;
-    if (!isLoopbackForOutput(device.descriptor()) ||
-        !agreeOnFormat(device.descriptor(), layout, format)) {
+    if (!isLoopbackForOutput(device.descriptor()) || !agreeOnFormat(device.descriptor(), format)) {
         return std::nullopt;
     }
-    return V4l2Output(std::move(device), layout, format);
+    return V4l2Output(std::move(device), format);
 }
 
-V4l2Output::V4l2Output(Device device, PixelLayout layout, const CameraFormat& format)
+V4l2Output::V4l2Output(Device device, const CameraFormat& format)
     : m_device(std::move(device))
-    , m_size(pictureSize(layout, format))
-    , m_converter(layout, format)
+    , m_size(pictureSize(layoutFor(format), format))
+    , m_converter(layoutFor(format), format)
     , m_schedule(format)
     , m_picture(std::make_unique_for_overwrite<std::uint8_t[]>(m_size))
 {}

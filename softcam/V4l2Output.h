@@ -18,17 +18,7 @@ namespace pevrix {
 class V4l2Output
 {
 public:
-    // The first loopback device that nobody feeds yet and that takes pictures of this format.
-    [[nodiscard]] static std::optional<V4l2Output> openFirstFree(const CameraFormat& format);
-
-    // A picture of whatever size. It is left out where there is no memory to convert it.
-    void show(const BgrPicture& picture);
-
-    // When to show the next one.
-    [[nodiscard]] PictureSchedule& schedule() { return m_schedule; }
-
-private:
-    // Of the open device; closed with the object.
+    // An open device, closed with the object.
     class Device
     {
     public:
@@ -50,8 +40,19 @@ private:
         int m_descriptor;
     };
 
-    V4l2Output(Device device, PixelLayout layout, const CameraFormat& format);
+    // Feeds a device that takes pictures of this format.
+    V4l2Output(Device device, const CameraFormat& format);
 
+    // The first loopback device that nobody feeds yet and that takes pictures of this format.
+    [[nodiscard]] static std::optional<V4l2Output> openFirstFree(const CameraFormat& format);
+
+    // A picture of whatever size. It is left out where there is no memory to convert it.
+    void show(const BgrPicture& picture);
+
+    // When to show the next one.
+    [[nodiscard]] PictureSchedule& schedule() { return m_schedule; }
+
+private:
     [[nodiscard]] static std::optional<V4l2Output> open(const std::string& path,
                                                         const CameraFormat& format);
 

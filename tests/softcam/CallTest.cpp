@@ -1,3 +1,4 @@
+#include "softcam/CameraOutlet_linux.h"
 #include "softcam/PictureFormat.h"
 #include "tests/softcam/Samples.h"
 #include "tests/softcam/TestCamera.h"
@@ -8,6 +9,7 @@
 using namespace pevrix;
 using namespace pevrix::test;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -43,11 +45,6 @@ private:
     qsizetype m_size;
 };
 
-QJsonArray offeredSizes(const QJsonObject& camera)
-{
-    return camera["params"_L1]["EnumFormat"_L1].toArray();
-}
-
 } // namespace
 
 // Turning a phone, another phone, a card: each makes the camera anew in another size.
@@ -55,28 +52,30 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
 {
     std::vector<Picture> pictures;
     for (const auto& [width, height] :
-         {std::pair{640, 360}, {720, 1280}, {640, 480}, {1920, 1080}, {333, 217}, {640, 360}}) {
+         {std::pair{320, 180}, {360, 640}, {1280, 720}, {333, 217}, {320, 180}}) {
         pictures.push_back(Picture::quadrants(width, height, static_cast<int>(pictures.size())));
     }
+    const CameraFormat format = *cameraFormat(320, 180, 30);
     PipeWireSession session;
     session.startDaemon();
     auto camera = std::make_unique<TestCamera>(pictures.front());
-    static_cast<void>(session.waitForCamera(640));
+    static_cast<void>(session.waitForCamera(320));
     Reader reader(*camera, u"NV12"_s, 0);
     ASSERT_TRUE(waitUntil([&] { return camera->isConnected(); }));
 
-    constexpr auto kStay = std::chrono::milliseconds(1000);
     QElapsedTimer clock;
     clock.start();
     for (const Picture& picture : pictures) {
         camera.reset(); // the former one ends before the next is made
         camera = std::make_unique<TestCamera>(picture);
-        std::this_thread::sleep_for(kStay);
+        const auto enough = reader.writtenBytes() +
+                            20 * static_cast<qint64>(pictureSize(PixelLayout::Nv12, format));
+        EXPECT_TRUE(waitUntil([&] { return reader.writtenBytes() > enough; }));
         EXPECT_TRUE(camera->isConnected());
     }
     const auto seconds = static_cast<double>(clock.elapsed()) / 1000;
     reader.kill();
-    const Footage seen(reader.written(), *cameraFormat(640, 360, 30));
+    const Footage seen(reader.written(), format);
 
     qsizetype at = 0;
     for (const Picture& picture : pictures) {
@@ -86,27 +85,39 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
         for (; at < seen.count() && seen.shows(picture, at); ++at) {
             ++shown;
         }
-        EXPECT_GT(shown, 10) << picture.width() << "x" << picture.height();
+        EXPECT_GT(shown, 5) << picture.width() << "x" << picture.height();
     }
     EXPECT_EQ(at, seen.count()) << "a picture in between shows anything else";
-    // The sender's rate is three times the reader's; a slow machine may lose some.
-    EXPECT_NEAR(static_cast<double>(seen.count()), 30 * seconds, 6 * seconds + 10);
+    EXPECT_LT(static_cast<double>(seen.count()), 31 * seconds + 10) << "the sender's rate is 100";
 
-    // Now that nobody reads, the offer follows, in the same node. Another size is there for the
-    // asking.
+    // Now that nobody reads, the offer follows, in the same node: four layouts, each also in any
+    // other size that is asked for.
     camera.reset();
     camera = std::make_unique<TestCamera>(pictures[1]);
-    EXPECT_EQ(offeredSizes(session.waitForCamera(720)).size(), 4 + 4);
+    const QJsonObject node = session.waitForCamera(360);
+    EXPECT_EQ(node["params"_L1]["EnumFormat"_L1].toArray().size(), 4 + 4);
     Reader again(pictures.front(), u"NV12"_s, 0);
     EXPECT_TRUE(waitUntil([&] { return camera->isConnected(); }));
 }
 
-TEST(Call, EndsWhenNoCameraComesBack)
+TEST(Call, GoesOnWhenACameraComesBackInTimeAndEndsWhenNoneDoes)
 {
-    const auto live = std::make_unique<LiveCamera>();
-    Reader reader(live->camera, u"YUY2"_s, 0);
-    ASSERT_TRUE(waitUntil([&] { return live->camera.isConnected(); }));
-    live->camera.stop();
-    EXPECT_FALSE(live->session.camera().isEmpty());
-    EXPECT_TRUE(waitUntil([&] { return live->session.camera().isEmpty(); }));
+    constexpr auto kGrace = 1s;
+    PipeWireSession session;
+    session.startDaemon();
+    CameraOutlet outlet(kGrace);
+    outlet.open(*cameraFormat(320, 180, 30));
+    static_cast<void>(session.waitForCamera(320));
+    Reader reader(Picture::quadrants(320, 180), u"YUY2"_s, 0);
+    ASSERT_TRUE(waitUntil([&] { return outlet.isConnected(); }));
+
+    const auto closed = std::chrono::steady_clock::now();
+    outlet.close();
+    std::this_thread::sleep_for(50ms); // the outlet's thread takes note
+    outlet.open(*cameraFormat(640, 480, 30));
+    const bool inTime = std::chrono::steady_clock::now() - closed < kGrace;
+    std::this_thread::sleep_for(kGrace * 5 / 4);
+    EXPECT_TRUE(outlet.isConnected() || !inTime);
+    outlet.close();
+    EXPECT_TRUE(waitUntil([&] { return session.camera().isEmpty(); }));
 }

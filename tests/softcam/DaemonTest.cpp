@@ -46,7 +46,7 @@ TEST(CameraAndDaemon, AppearsWhenTheDaemonDoesAndAgainAfterItsRestart)
     PipeWireSession session;
     const TestCamera camera;
     expectTakesMorePictures(camera);
-    for (int start = 0; start < 3; ++start) {
+    for (int start = 0; start < 2; ++start) {
         session.startDaemon();
         static_cast<void>(session.waitForCamera(camera.picture().width()));
         expectPictures(camera);
@@ -89,7 +89,7 @@ TEST(CameraAndDaemon, CamerasThatComeAndGoLeaveNothingBehind)
 {
     PipeWireSession session;
     session.startDaemon();
-    const Picture picture(640, 360);
+    const Picture picture = Picture::quadrants(640, 360);
     const auto cycle = [&](int stayMs) {
         const scCamera camera = scCreateCamera(picture.width(), picture.height(), 30);
         QThread::msleep(static_cast<unsigned long>(stayMs));

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <random>
 #include <vector>
 
 namespace pevrix::test {
@@ -14,55 +13,24 @@ struct Color
     int red = 0;
 };
 
-// A camera picture of 8 x 8 blocks of random colours, so that no chroma sample lies on a border.
-// The blue of the first block tells pictures of a sequence apart.
+// A camera picture. The blue of its first 8 x 8 pixels tells pictures of a sequence apart.
 class Picture
 {
 public:
-    Picture(int width, int height)
-        : m_width(width)
-        , m_height(height)
-        , m_bytes(std::size_t{3} * static_cast<std::size_t>(width * height))
+    static Picture flat(int width, int height, const Color& color)
     {
-        std::mt19937 random(20240501);
-        std::vector<Color> blocks(static_cast<std::size_t>((width / 8 + 1) * (height / 8 + 1)));
-        for (Color& block : blocks) {
-            block = {static_cast<int>(random() % 256), static_cast<int>(random() % 256),
-                     static_cast<int>(random() % 256)};
-        }
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                const auto block = static_cast<std::size_t>(y / 8 * (width / 8 + 1) + x / 8);
-                set(x, y, blocks[block]);
-            }
-        }
-    }
-
-    static Picture flat(int width, int height, Color color)
-    {
-        Picture picture(width, height);
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                picture.set(x, y, color);
-            }
-        }
-        return picture;
+        return Picture(width, height, [&](int, int) { return color; });
     }
 
     // Four quadrants of different colours, of which the last tells pictures apart: 0 to 9.
     static Picture quadrants(int width, int height, int number = 0)
     {
-        Picture picture(width, height);
         const int gray = 40 + 20 * number;
         const std::array<Color, 4> colors{
             {{40, 60, 200}, {60, 180, 90}, {190, 110, 50}, {gray, gray, gray}}};
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                const int quadrant = (2 * y >= height ? 2 : 0) + (2 * x >= width ? 1 : 0);
-                picture.set(x, y, colors[static_cast<std::size_t>(quadrant)]);
-            }
-        }
-        return picture;
+        return Picture(width, height, [&](int x, int y) {
+            return colors[(2 * y >= height ? 2U : 0U) + (2 * x >= width ? 1U : 0U)];
+        });
     }
 
     void setNumber(std::uint8_t number)
@@ -85,6 +53,19 @@ public:
     [[nodiscard]] const std::uint8_t* bytes() const { return m_bytes.data(); }
 
 private:
+    template <typename ColorAt>
+    Picture(int width, int height, ColorAt colorAt)
+        : m_width(width)
+        , m_height(height)
+        , m_bytes(std::size_t{3} * static_cast<std::size_t>(width * height))
+    {
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                set(x, y, colorAt(x, y));
+            }
+        }
+    }
+
     [[nodiscard]] std::size_t offset(int x, int y) const
     {
         return std::size_t{3} * static_cast<std::size_t>(y * m_width + x);

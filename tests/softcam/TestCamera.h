@@ -16,7 +16,7 @@ class TestCamera
 {
 public:
     explicit TestCamera(int width = 640, int height = 360, float rate = 30)
-        : TestCamera(Picture(width, height), rate)
+        : TestCamera(Picture::quadrants(width, height), rate)
     {}
     explicit TestCamera(const Picture& picture, float rate = 30)
         : m_picture(picture)
@@ -75,28 +75,34 @@ struct LiveCamera
 };
 
 // A program that watches the camera and writes to a file what it sees, without end when `pictures`
-// is 0. `tail` goes between the camera and the file.
+// is 0.
 class Reader
 {
 public:
-    Reader(const TestCamera& camera, const QString& format, int pictures,
-           const QStringList& tail = {})
-        : Reader(camera.picture(), format, pictures, tail)
-    {}
-    // One that asks for the size of this picture, whatever the camera's is.
+    // Asks for the size of this picture, whatever the camera's is. `tail` goes between the camera
+    // and the file.
     Reader(const Picture& picture, const QString& format, int pictures,
            const QStringList& tail = {})
-        : m_process(u"gst-launch-1.0"_s, arguments(picture, format, pictures, tail))
+        : m_process(u"gst-launch-1.0"_s,
+                    QStringList{u"-q"_s, u"--no-fault"_s, u"pipewiresrc"_s,
+                                u"target-object=pevrix-camera"_s,
+                                u"num-buffers=%1"_s.arg(pictures > 0 ? pictures : -1), u"!"_s,
+                                u"video/x-raw,format=%1,width=%2,height=%3"_s.arg(format)
+                                    .arg(picture.width())
+                                    .arg(picture.height()),
+                                u"!"_s} +
+                        tail + QStringList{u"filesink"_s, u"location="_s + m_file})
+    {}
+    Reader(const TestCamera& camera, const QString& format, int pictures)
+        : Reader(camera.picture(), format, pictures)
     {}
 
-    // The last of `pictures` that were asked for, each of `size` bytes; all of them must have come.
+    // All of the `pictures` that were asked for, each of `size` bytes.
     [[nodiscard]] QByteArray wait(int pictures, qsizetype size)
     {
         EXPECT_TRUE(m_process.waitForFinished(kPatienceMs)) << "the pictures stopped";
         EXPECT_EQ(m_process.exitCode(), 0);
-        QFile file(m_file);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        QByteArray content = file.readAll();
+        QByteArray content = written();
         EXPECT_EQ(content.size(), pictures * size);
         return content.size() == pictures * size ? content : QByteArray();
     }
@@ -107,27 +113,12 @@ public:
         QFile file(m_file);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
+    [[nodiscard]] qint64 writtenBytes() const { return QFile(m_file).size(); }
 
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }
     void kill() { m_process.end(); }
 
 private:
-    QStringList arguments(const Picture& picture, const QString& format, int pictures,
-                          const QStringList& tail)
-    {
-        QStringList arguments{u"-q"_s,
-                              u"--no-fault"_s,
-                              u"pipewiresrc"_s,
-                              u"target-object=pevrix-camera"_s,
-                              u"num-buffers=%1"_s.arg(pictures > 0 ? pictures : -1),
-                              u"!"_s,
-                              u"video/x-raw,format=%1,width=%2,height=%3"_s.arg(format)
-                                  .arg(picture.width())
-                                  .arg(picture.height()),
-                              u"!"_s};
-        return arguments + tail + QStringList{u"filesink"_s, u"location="_s + m_file};
-    }
-
     QTemporaryDir m_folder;
     QString m_file = m_folder.filePath(u"pictures"_s);
     Program m_process;
