@@ -1,11 +1,10 @@
-// The launches of elevated programs, and registering with the system's own tool and registry.
+// The launches of elevated programs, whether the camera is registered, and who can change its files.
 #include "camera/CameraRegistration_win.h"
-#include "tests/camera/RegistrationKey_win.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <optional>
+#include <fstream>
 #include <random>
 #include <sddl.h>
 
@@ -29,40 +28,30 @@ protected:
         std::filesystem::remove_all(folder, ignored);
     }
 
-    void copyTo(const wchar_t* name)
-    {
-        std::filesystem::copy_file(executableFolder() + L"registering_library.dll", folder / name);
-    }
+    void make(const wchar_t* name) const { std::ofstream{folder / name}; }
 
     std::filesystem::path folder = std::filesystem::temp_directory_path() /
                                    (L"pevrix ü " + std::to_wstring(std::random_device()()));
     LaunchCalls calls;
 };
 
-struct Launch
-{
-    std::wstring verb;
-    std::wstring file;
-    std::wstring parameters;
-    ULONG mask = 0;
-    DWORD wait = 0;
-
-    bool operator==(const Launch&) const = default;
-};
-
 TEST_F(LaunchTest, AsksForRightsAndWaitsForTheProgram)
 {
-    std::optional<Launch> launch;
+    // What was launched: verb, file, parameters; and what the process had of the launch.
+    using Launch = std::vector<std::wstring>;
+    Launch launch;
     HANDLE process = nullptr;
     BOOL started = TRUE;
+    DWORD waited = 0;
     calls.shellExecute = [&](SHELLEXECUTEINFOW* info) -> BOOL {
-        launch = {info->lpVerb, info->lpFile, info->lpParameters, info->fMask};
+        launch = {info->lpVerb, info->lpFile, info->lpParameters};
+        EXPECT_EQ(info->fMask, ULONG{SEE_MASK_NOCLOSEPROCESS});
         info->hProcess = process;
         return started;
     };
     calls.waitForSingleObject = [&](HANDLE handle, DWORD wait) -> DWORD {
         EXPECT_EQ(handle, process);
-        launch->wait = wait;
+        waited = wait;
         return WAIT_TIMEOUT;
     };
     calls.getExitCodeProcess = [&](HANDLE handle, DWORD* exitCode) -> BOOL {
@@ -70,65 +59,48 @@ TEST_F(LaunchTest, AsksForRightsAndWaitsForTheProgram)
         *exitCode = 7;
         return TRUE;
     };
-    const auto run = [&](const std::function<DWORD()>& function) {
-        launch.reset();
-        process = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-        return function();
-    };
-    const auto registerCamera = [&] {
-        return launchCameraRegistration(calls, false);
-    };
-    const auto unregisterCamera = [&] {
-        return launchCameraRegistration(calls, true);
-    };
-    const auto allow = [&] {
-        return launchFirewallHelper(calls);
-    };
-
-    for (const auto& function :
-         {std::function<DWORD()>(registerCamera), std::function<DWORD()>(unregisterCamera),
-          std::function<DWORD()>(allow)}) {
-        EXPECT_EQ(run(function), 1U);
-        EXPECT_FALSE(launch) << "there is no file";
-        CloseHandle(process);
-    }
-    copyTo(L"softcam.dll");
-    copyTo(L"pevrix-camsetup.exe");
     const std::wstring library = L'"' + (folder / "softcam.dll").native() + L'"';
-    const std::wstring helper = folder / "pevrix-camsetup.exe";
     const std::wstring tool = systemProgram(L"regsvr32.exe");
     EXPECT_TRUE(std::filesystem::exists(tool));
     const struct
     {
+        const wchar_t* file; // beside the executable
         std::function<DWORD()> function;
         Launch launch;
     } rows[] = {
-        {registerCamera, {L"runas", tool, L"/s " + library, 0x40, 30'000}},
-        {unregisterCamera, {L"runas", tool, L"/s /u " + library, 0x40, 30'000}},
-        {allow, {L"runas", helper, L"--firewall", 0x40, 30'000}},
+        {L"softcam.dll", [&] { return launchCameraRegistration(calls, false); },
+         {L"runas", tool, L"/s " + library}},
+        {L"softcam.dll", [&] { return launchCameraRegistration(calls, true); },
+         {L"runas", tool, L"/s /u " + library}},
+        {L"pevrix-camsetup.exe", [&] { return launchFirewallHelper(calls); },
+         {L"runas", (folder / "pevrix-camsetup.exe").native(), L"--firewall"}},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(run(row.function), 7U);
+        std::filesystem::remove(folder / row.file);
+        launch.clear();
+        EXPECT_EQ(row.function(), 1U);
+        EXPECT_EQ(launch, Launch()) << "there is no file";
+        make(row.file);
+        process = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        EXPECT_EQ(row.function(), 7U);
         EXPECT_EQ(launch, row.launch);
+        EXPECT_EQ(waited, 30'000U);
         DWORD flags = 0;
         EXPECT_FALSE(GetHandleInformation(process, &flags)) << "it must be closed";
     }
 
-    started = FALSE;
-    EXPECT_EQ(run(allow), 1U);
-    EXPECT_EQ(launch->wait, 0U) << "the user refused";
-    CloseHandle(process);
-    started = TRUE;
-    launch.reset();
+    waited = 0;
     process = nullptr;
-    EXPECT_EQ(allow(), 1U);
-    EXPECT_EQ(launch->wait, 0U) << "there is nothing to wait for";
+    EXPECT_EQ(launchFirewallHelper(calls), 1U) << "there is nothing to wait for";
+    started = FALSE;
+    EXPECT_EQ(launchFirewallHelper(calls), 1U) << "the user refused";
+    EXPECT_EQ(waited, 0U);
+    launch.clear();
     calls.executableFolder = [] {
         return std::wstring();
     };
-    launch.reset();
-    EXPECT_EQ(allow(), 1U);
-    EXPECT_FALSE(launch) << "the folder is unknown";
+    EXPECT_EQ(launchFirewallHelper(calls), 1U) << "the folder is unknown";
+    EXPECT_EQ(launch, Launch());
 }
 
 void setAccess(const std::filesystem::path& path, const wchar_t* list)
@@ -146,7 +118,7 @@ TEST_F(LaunchTest, KnowsWhetherOthersCanChangeWhatIsRegistered)
     const wchar_t* const open = L"D:P(A;OICI;FA;;;OW)(A;OICI;FA;;;BA)(A;OICI;FA;;;WD)";
     setAccess(folder, open);
     EXPECT_EQ(openCameraFolder(calls), "") << "there is no library";
-    copyTo(L"softcam.dll");
+    make(L"softcam.dll");
     EXPECT_EQ(openCameraFolder(calls), folder);
     setAccess(folder, closed);
     setAccess(folder / L"softcam.dll", closed);
@@ -159,30 +131,24 @@ TEST_F(LaunchTest, KnowsWhetherOthersCanChangeWhatIsRegistered)
     EXPECT_EQ(openCameraFolder(calls), folder);
 }
 
-// With the system's tool, which writes below a key of the test's own, and without asking for
-// rights, which that key does not need.
-TEST_F(LaunchTest, RegistersTheLibraryAndTakesItBack)
+// Below a key of the test's own: registering needs rights, and is tried by tools/windows.
+TEST(CameraRegistrationTest, KnowsWhetherTheCameraIsRegistered)
 {
+    constexpr auto kClasses = L"Software\\Pevrix registration test";
     HKEY classes = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, PEVRIX_CLASSES, 0, nullptr, 0, KEY_ALL_ACCESS,
-                              nullptr, &classes, nullptr),
-              ERROR_SUCCESS);
+    HKEY camera = nullptr;
+    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, kClasses, &classes), ERROR_SUCCESS);
     ASSERT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, classes), ERROR_SUCCESS);
-    calls.shellExecute = [](SHELLEXECUTEINFOW* info) {
-        info->lpVerb = nullptr;
-        return ShellExecuteExW(info);
-    };
-    copyTo(L"softcam.dll");
-
     EXPECT_FALSE(isCameraRegistered());
-    EXPECT_EQ(launchCameraRegistration(calls, false), 0U);
+    EXPECT_EQ(RegCreateKeyW(classes,
+                            L"CLSID\\{276143AA-B755-440E-834A-93CDEBCA334B}\\InprocServer32",
+                            &camera),
+              ERROR_SUCCESS);
     EXPECT_TRUE(isCameraRegistered());
-    EXPECT_EQ(launchCameraRegistration(calls, true), 0U);
-    EXPECT_FALSE(isCameraRegistered());
-
+    RegCloseKey(camera);
     EXPECT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr), ERROR_SUCCESS);
     RegCloseKey(classes);
-    EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, PEVRIX_CLASSES), ERROR_SUCCESS);
+    EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, kClasses), ERROR_SUCCESS);
 }
 
 } // namespace

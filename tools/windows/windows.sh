@@ -121,7 +121,7 @@ stage_windows_program() {
     mkdir -p "$program"
     cp -l "$bin"/{pevrix.exe,pevrix-camsetup.exe,*.dll,qt.conf} "$program/"
     cp -rl "$bin"/{plugins,qml} "$program/"
-    rm -f "$program"/{testcam*,registering_library,softcam}.dll
+    rm -f "$program"/{testcam*,softcam}.dll
     stage_camera "$program"
 }
 
