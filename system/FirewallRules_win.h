@@ -33,8 +33,4 @@ struct FirewallRule
 [[nodiscard]] bool hasApplicationRule(const std::filesystem::path& applicationPath,
                                       const std::wstring& ruleName);
 
-// Removes all rules for this program, whatever they do. False when some are left or when the rules
-// cannot be listed.
-bool removeRulesForApplication(INetFwRules& rules, const std::filesystem::path& applicationPath);
-
 } // namespace pevrix

@@ -167,6 +167,33 @@ void tellApart(NamedRule& rule, const std::vector<std::wstring>& others)
     }
 }
 
+// Removes the rules for this program, whatever they do, as far as the firewall lets go of them.
+void removeRules(INetFwRules& rules, const std::wstring& applicationPath)
+{
+    for (int pass = 0; pass < kRemovalPasses; ++pass) {
+        std::vector<NamedRule> ours;
+        std::vector<std::wstring> others;
+        visitAllRules(rules, [&](INetFwRule& rule) {
+            Bstr name;
+            if (FAILED(rule.get_Name(name.put()))) {
+                return;
+            }
+            if (isFor(rule, applicationPath)) {
+                ours.push_back({&rule, std::wstring(name.view())});
+            } else {
+                others.emplace_back(name.view());
+            }
+        });
+        if (ours.empty()) {
+            return;
+        }
+        for (NamedRule& rule : ours) {
+            tellApart(rule, others);
+            rules.Remove(Bstr(rule.name).get());
+        }
+    }
+}
+
 } // namespace
 
 bool isFirewallBlocking(const std::filesystem::path& applicationPath)
@@ -196,7 +223,7 @@ bool addApplicationRule(const std::filesystem::path& applicationPath, const std:
         return false;
     }
     // The new rule is wanted even if old ones could not be removed.
-    removeRulesForApplication(session.rules(), applicationPath);
+    removeRules(session.rules(), applicationPath.native());
     return addRule(session.rules(), {ruleName, applicationPath.native()});
 }
 
@@ -212,37 +239,6 @@ bool hasApplicationRule(const std::filesystem::path& applicationPath, const std:
         });
     }
     return found;
-}
-
-bool removeRulesForApplication(INetFwRules& rules, const std::filesystem::path& applicationPath)
-{
-    // Rules for all programs name none; they are not ours to remove.
-    if (applicationPath.empty()) {
-        return false;
-    }
-    for (int pass = 0; pass < kRemovalPasses; ++pass) {
-        std::vector<NamedRule> ours;
-        std::vector<std::wstring> others;
-        const bool listed = visitAllRules(rules, [&](INetFwRule& rule) {
-            Bstr name;
-            if (FAILED(rule.get_Name(name.put()))) {
-                return;
-            }
-            if (isFor(rule, applicationPath.native())) {
-                ours.push_back({&rule, std::wstring(name.view())});
-            } else {
-                others.emplace_back(name.view());
-            }
-        });
-        if (ours.empty()) {
-            return listed;
-        }
-        for (NamedRule& rule : ours) {
-            tellApart(rule, others);
-            rules.Remove(Bstr(rule.name).get());
-        }
-    }
-    return false;
 }
 
 } // namespace pevrix

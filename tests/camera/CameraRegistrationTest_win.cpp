@@ -1,4 +1,5 @@
-// The launches of elevated programs, whether the camera is registered, and who can change its files.
+// The launches of elevated programs, whether the camera is registered, and who can change its
+// files.
 #include "camera/CameraRegistration_win.h"
 
 #include <gmock/gmock.h>
@@ -68,11 +69,14 @@ TEST_F(LaunchTest, AsksForRightsAndWaitsForTheProgram)
         std::function<DWORD()> function;
         Launch launch;
     } rows[] = {
-        {L"softcam.dll", [&] { return launchCameraRegistration(calls, false); },
+        {L"softcam.dll",
+         [&] { return launchCameraRegistration(calls, false); },
          {L"runas", tool, L"/s " + library}},
-        {L"softcam.dll", [&] { return launchCameraRegistration(calls, true); },
+        {L"softcam.dll",
+         [&] { return launchCameraRegistration(calls, true); },
          {L"runas", tool, L"/s /u " + library}},
-        {L"pevrix-camsetup.exe", [&] { return launchFirewallHelper(calls); },
+        {L"pevrix-camsetup.exe",
+         [&] { return launchFirewallHelper(calls); },
          {L"runas", (folder / "pevrix-camsetup.exe").native(), L"--firewall"}},
     };
     for (const auto& row : rows) {

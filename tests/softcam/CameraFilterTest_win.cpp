@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <chrono>
 #include <cstring>
 #include <functional>
@@ -42,6 +43,16 @@ ComPtr<IClassFactory> cameraFactory()
 bool canUnload()
 {
     return exported<HRESULT WINAPI()>("DllCanUnloadNow")() == S_OK;
+}
+
+bool becomes(const std::function<bool()>& condition)
+{
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    bool met = condition();
+    for (; !met && std::chrono::steady_clock::now() < end; met = condition()) {
+        std::this_thread::sleep_for(10ms);
+    }
+    return met;
 }
 
 // A camera that sends test pictures 30 times a second.
@@ -114,18 +125,13 @@ public:
     // Until the last picture that came is one of a sender of this size, or, of no width, none.
     [[nodiscard]] bool sees(int width)
     {
-        const auto end = std::chrono::steady_clock::now() + kPatience;
-        while (std::chrono::steady_clock::now() < end) {
+        return becomes([&] {
             for (const WatchedChange& change : watcher.takeChanges()) {
                 m_seen = change.kind == PictureKind::Live ? change.width : 0;
                 cards += m_seen == 0 ? 1 : 0;
             }
-            if (m_seen == width) {
-                return true;
-            }
-            std::this_thread::sleep_for(5ms);
-        }
-        return false;
+            return m_seen == width;
+        });
     }
 
     [[nodiscard]] std::vector<UniqueMediaType> types() const
@@ -168,16 +174,6 @@ std::size_t allocatedBytes()
     return bytes;
 }
 
-bool becomes(const std::function<bool()>& condition)
-{
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    bool met = condition();
-    for (; !met && std::chrono::steady_clock::now() < end; met = condition()) {
-        std::this_thread::sleep_for(10ms);
-    }
-    return met;
-}
-
 class CameraFilterTest : public testing::Test
 {
 protected:
@@ -206,24 +202,14 @@ TEST_F(CameraFilterTest, ReadersOutliveSenders)
     EXPECT_TRUE(second.sees(640));
     EXPECT_EQ(first->cards, 1);
     EXPECT_EQ(second.cards, 0) << "no card in between";
-    const WatchedInterval seen = second.watcher.takeInterval();
-    EXPECT_EQ(seen.torn + seen.timeBackward + second.sink->pin().shortSamples(), 0);
 
-    EXPECT_NE(scIsConnected(sender->camera()), 0);
     first.reset();
     EXPECT_NE(scIsConnected(sender->camera()), 0);
-    second.filter->Stop();
-    EXPECT_TRUE(becomes([&] { return scIsConnected(sender->camera()) == 0; }));
-
-    second.run();
-    EXPECT_TRUE(second.sees(640));
     second.sink->Stop(); // refuses pictures, which ends the stream
-    std::this_thread::sleep_for(200ms);
+    EXPECT_TRUE(becomes([&] { return scIsConnected(sender->camera()) == 0; }));
     static_cast<void>(second.watcher.takeInterval());
     second.run();
     EXPECT_TRUE(becomes([&] { return second.watcher.takeInterval().pictures > 0; }));
-    sender.reset();
-    EXPECT_TRUE(second.sees(0)) << "the card again";
 }
 
 // What a sender leaves that is killed in the middle of its first words, kept by a reader.
@@ -280,33 +266,14 @@ TEST_F(CameraFilterTest, LeavesNothingBehind)
     EXPECT_TRUE(canUnload());
 }
 
-TEST_F(CameraFilterTest, AnswersAsCaptureFiltersDo)
+TEST_F(CameraFilterTest, KeepsWhatAProgramChoseAndShowsNothingBeforeItRuns)
 {
     Reader reader;
-    ComPtr<IUnknown> object;
-    EXPECT_EQ(cameraFactory()->CreateInstance(reader.filter.Get(), IID_PPV_ARGS(&object)),
-              CLASS_E_NOAGGREGATION);
     EXPECT_FALSE(canUnload());
-
-    ComPtr<IKsPropertySet> properties;
-    ASSERT_EQ(reader.pin.As(&properties), S_OK);
-    GUID category{};
-    DWORD size = 0;
-    EXPECT_EQ(properties->Get(AMPROPSETID_Pin, AMPROPERTY_PIN_CATEGORY, nullptr, 0, &category,
-                              sizeof(category), &size),
-              S_OK);
-    EXPECT_EQ(category, PIN_CATEGORY_CAPTURE);
-    EXPECT_EQ(
-        properties->Get(AMPROPSETID_Pin, AMPROPERTY_PIN_CATEGORY, nullptr, 0, &category, 4, &size),
-        E_UNEXPECTED);
-
     const auto types = reader.types();
     VIDEO_STREAM_CONFIG_CAPS caps{};
-    AM_MEDIA_TYPE* none = nullptr;
-    EXPECT_EQ(reader.config->GetStreamCaps(static_cast<int>(types.size()), &none,
-                                           reinterpret_cast<BYTE*>(&caps)),
-              S_FALSE);
-    EXPECT_EQ(reader.config->GetStreamCaps(-1, &none, reinterpret_cast<BYTE*>(&caps)),
+    AM_MEDIA_TYPE* type = nullptr;
+    EXPECT_EQ(reader.config->GetStreamCaps(-1, &type, reinterpret_cast<BYTE*>(&caps)),
               E_INVALIDARG);
 
     // Browsers change the rate of a listed format.
@@ -314,85 +281,50 @@ TEST_F(CameraFilterTest, AnswersAsCaptureFiltersDo)
     reinterpret_cast<VIDEOINFOHEADER*>(chosen.pbFormat)->AvgTimePerFrame = 400'000;
     ASSERT_EQ(reader.config->SetFormat(&chosen), S_OK);
     ASSERT_EQ(reader.connect(), S_OK);
-    AM_MEDIA_TYPE* now = nullptr;
-    ASSERT_EQ(reader.config->GetFormat(&now), S_OK);
-    EXPECT_EQ(videoFormat(*UniqueMediaType(now)).interval, 400'000);
+    ASSERT_EQ(reader.config->GetFormat(&type), S_OK);
+    EXPECT_EQ(videoFormat(*UniqueMediaType(type)).interval, 400'000);
 
-    FILTER_STATE state{};
     EXPECT_EQ(reader.connect(), VFW_E_ALREADY_CONNECTED);
     EXPECT_EQ(reader.filter->Pause(), S_OK);
-    EXPECT_EQ(reader.filter->GetState(0, &state), VFW_S_CANT_CUE);
-    EXPECT_EQ(state, State_Paused);
     EXPECT_EQ(reader.config->SetFormat(&chosen), VFW_E_NOT_STOPPED);
     EXPECT_EQ(reader.pin->Disconnect(), VFW_E_NOT_STOPPED);
     std::this_thread::sleep_for(100ms);
-    EXPECT_EQ(reader.watcher.takeInterval().pictures, 0) << "nothing before it runs";
+    EXPECT_EQ(reader.watcher.takeInterval().pictures, 0);
     reader.run();
     EXPECT_TRUE(reader.sees(0));
-    EXPECT_EQ(reader.filter->Stop(), S_OK);
-    EXPECT_EQ(reader.filter->Stop(), S_OK);
 }
 
 TEST_F(CameraFilterTest, RefusesTypesThatItDoesNotMake)
 {
     const Reader reader;
     const auto types = reader.types();
-    using Change = void (*)(AM_MEDIA_TYPE&, VIDEOINFOHEADER&);
-    const struct
+    struct Type
     {
-        const char* what;
-        Change change;
-    } rows[] = {
-        {"audio",
-         [](auto& type, auto&) {
-             type.majortype = MEDIATYPE_Audio;
-         }},
-        {"another subtype",
-         [](auto& type, auto&) {
-             type.subtype = MEDIASUBTYPE_RGB32;
-         }},
-        {"another format",
-         [](auto& type, auto&) {
-             type.formattype = FORMAT_VideoInfo2;
-         }},
-        {"short format",
-         [](auto& type, auto&) {
-             type.cbFormat = sizeof(VIDEOINFOHEADER) - 1;
-         }},
-        {"other pixels",
-         [](auto&, auto& info) {
-             info.bmiHeader.biCompression ^= 1;
-         }},
-        {"negative width",
-         [](auto&, auto& info) {
-             info.bmiHeader.biWidth = MINLONG;
-         }},
-        {"too wide",
-         [](auto&, auto& info) {
-             info.bmiHeader.biWidth = 8194;
-         }},
-        {"odd width",
-         [](auto&, auto& info) {
-             info.bmiHeader.biWidth = 641;
-         }},
-        {"lowest height",
-         [](auto&, auto& info) {
-             info.bmiHeader.biHeight = MINLONG;
-         }},
-        {"a part",
-         [](auto&, auto& info) {
-             info.rcTarget = {0, 0, 16, 16};
-         }},
+        AM_MEDIA_TYPE type;
+        VIDEOINFOHEADER info;
     };
-    for (const auto& row : rows) {
-        AM_MEDIA_TYPE changed = *types.front();
-        VIDEOINFOHEADER info{};
-        std::memcpy(&info, changed.pbFormat, sizeof(info));
-        changed.pbFormat = reinterpret_cast<BYTE*>(&info);
-        EXPECT_EQ(reader.pin->QueryAccept(&changed), S_OK);
-        row.change(changed, info);
-        EXPECT_EQ(reader.pin->QueryAccept(&changed), S_FALSE) << row.what;
-        EXPECT_EQ(reader.config->SetFormat(&changed), VFW_E_INVALIDMEDIATYPE) << row.what;
+    Type listed{*types.front(), {}};
+    std::memcpy(&listed.info, types.front()->pbFormat, sizeof(listed.info));
+    std::array<Type, 10> wrong;
+    wrong.fill(listed);
+    wrong[0].type.majortype = MEDIATYPE_Audio;
+    wrong[1].type.subtype = MEDIASUBTYPE_RGB32;
+    wrong[2].type.formattype = FORMAT_VideoInfo2;
+    wrong[3].type.cbFormat = sizeof(VIDEOINFOHEADER) - 1;
+    wrong[4].info.bmiHeader.biCompression ^= 1;
+    wrong[5].info.bmiHeader.biWidth = MINLONG;
+    wrong[6].info.bmiHeader.biWidth = 8194;
+    wrong[7].info.bmiHeader.biWidth = 641; // odd
+    wrong[8].info.bmiHeader.biHeight = MINLONG;
+    wrong[9].info.rcTarget = {0, 0, 16, 16}; // a part
+    const auto answer = [&](Type& type) {
+        type.type.pbFormat = reinterpret_cast<BYTE*>(&type.info);
+        return reader.pin->QueryAccept(&type.type);
+    };
+    EXPECT_EQ(answer(listed), S_OK);
+    for (std::size_t row = 0; row < wrong.size(); ++row) {
+        EXPECT_EQ(answer(wrong[row]), S_FALSE) << row;
+        EXPECT_EQ(reader.config->SetFormat(&wrong[row].type), VFW_E_INVALIDMEDIATYPE) << row;
     }
 }
 

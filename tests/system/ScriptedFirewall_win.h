@@ -18,15 +18,7 @@ struct Rule
 {
     std::map<std::string, std::wstring> texts{};
     std::map<std::string, long> numbers{};
-    std::string failing{};              // the property that can be neither read nor written
-    std::vector<std::string> written{}; // in this order
-    enum class Kind
-    {
-        Rule,
-        Number,
-        Nothing,
-        OtherObject
-    } kind = Kind::Rule;
+    std::string failing{}; // the property that can be neither read nor written
 };
 
 // What the scripted firewall shall do, and what was done with it.
@@ -39,11 +31,10 @@ struct FirewallScript
     HRESULT addResult = S_OK;
     std::string failing{}; // property of a new rule
     LONG profiles = NET_FW_PROFILE2_PRIVATE;
-    bool rulesStay = false; // whatever is removed
-    std::vector<std::shared_ptr<Rule>> rules{};
+    bool rulesStay = false;                     // whatever is removed
+    std::vector<std::shared_ptr<Rule>> rules{}; // null: something that is none
 
-    int listed = 0;
-    std::vector<std::wstring> removed{};
+    int removals = 0;
     int living = 0; // objects
 };
 
@@ -127,7 +118,6 @@ private:
     template <typename Value>
     HRESULT put(const char* name, Value value)
     {
-        m_rule->written.emplace_back(name);
         if (m_rule->failing == name) {
             return E_FAIL;
         }
@@ -149,7 +139,6 @@ public:
         : m_script(script)
     {
         ++m_script.living;
-        ++m_script.listed;
     }
     ~ScriptedList() override { --m_script.living; }
 
@@ -160,11 +149,11 @@ public:
             return S_FALSE;
         }
         const auto rule = m_script.rules[m_next++];
-        V_VT(item) = rule->kind == Rule::Kind::Number ? VT_I4 : VT_DISPATCH;
-        V_DISPATCH(item) =
-            rule->kind == Rule::Kind::Rule ? new ScriptedRule(m_script, rule) : nullptr;
-        if (rule->kind == Rule::Kind::OtherObject) {
-            V_DISPATCH(item) = new ScriptedObject<IDispatch>(m_script);
+        V_VT(item) = rule == nullptr ? VT_I4 : VT_DISPATCH;
+        if (rule == nullptr) {
+            V_I4(item) = 1;
+        } else {
+            V_DISPATCH(item) = new ScriptedRule(m_script, rule);
         }
         return S_OK;
     }
@@ -192,7 +181,7 @@ public:
     }
     STDMETHODIMP Remove(BSTR name) override
     {
-        m_script.removed.emplace_back(name);
+        ++m_script.removals;
         const auto found = std::ranges::find_if(
             m_script.rules, [&](const auto& rule) { return rule->texts["Name"] == name; });
         if (m_script.rulesStay || found == m_script.rules.end()) {

@@ -181,7 +181,7 @@ TEST_F(H264DecoderContract, ShowsNothingBrokenWhenItJoinsAnywhere)
 {
     const Stream stream("live");
     std::mt19937 random(1);
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 60; ++round) {
         ASSERT_TRUE(m_decoder.initialize(160, 96));
         const std::size_t joined = random() % (stream.units.size() - 40);
         const auto unit = stream.units[joined].bytes;

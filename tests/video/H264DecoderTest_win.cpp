@@ -58,7 +58,11 @@ class H264DecoderScripted : public testing::Test
 protected:
     Script m_script{.types = {{.subtype = MFVideoFormat_I420, .width = 2, .height = 2},
                               {.width = 8, .height = 4, .stride = 8}}};
-    ScriptedDecoderClass m_class{m_script};
+    const HRESULT m_apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+    ScriptedClass m_class{CLSID_CMSH264DecoderMFT, [this](HRESULT& result) -> IUnknown* {
+                              result = m_script.createResult;
+                              return FAILED(result) ? nullptr : new ScriptedTransform(m_script);
+                          }};
     std::vector<Picture> m_pictures;
     std::optional<H264Decoder> m_decoder{
         std::in_place,

@@ -193,29 +193,4 @@ private:
     bool m_changed = false;
 };
 
-// While it lives, CoCreateInstance() makes the scripted transform for the class of the system's
-// H.264 decoder.
-class ScriptedDecoderClass
-{
-public:
-    explicit ScriptedDecoderClass(Script& script)
-        : m_class(CLSID_CMSH264DecoderMFT, [&script](HRESULT& result) -> IUnknown* {
-            result = script.createResult;
-            return FAILED(result) ? nullptr : new ScriptedTransform(script);
-        })
-    {}
-
-private:
-    struct Apartment
-    {
-        Apartment() { CoInitializeEx(nullptr, COINIT_MULTITHREADED); }
-        ~Apartment() { CoUninitialize(); }
-        Apartment(const Apartment&) = delete;
-        Apartment& operator=(const Apartment&) = delete;
-    };
-
-    Apartment m_apartment; // first, because the class is registered in it
-    ScriptedClass m_class;
-};
-
 } // namespace pevrix
