@@ -371,7 +371,7 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
     m_app->regeneratePairing();
     EXPECT_TRUE(m_app->firewallBlocked());
 
-    m_firewallInterval = 100ms;
+    m_firewallInterval = 50ms;
     startApp();
     blocking = false;
     EXPECT_TRUE(waitUntil([&] { return !m_app->firewallBlocked(); }));
@@ -380,7 +380,7 @@ TEST_F(AppControllerTest, AsksTheSystemForTheCameraAndTheFirewall)
     const auto simulated = wifiPhone();
     ASSERT_TRUE(waitForPhones(1));
     firewallTests = 0;
-    letEventsRunFor(500ms);
+    letEventsRunFor(250ms);
     EXPECT_EQ(firewallTests, 0) << "with a phone there is no need to know";
 }
 

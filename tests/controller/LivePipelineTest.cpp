@@ -26,10 +26,8 @@ class RecordingSink final : public IVirtualCameraSink
 public:
     bool start(int width, int height, float) override
     {
-        const std::lock_guard lock(m_mutex);
-        m_active = m_active || available;
-        sizes.append(QSize(width, height));
-        return m_active;
+        sizes.append(QSize(width, height)); // no card is being sent then
+        return m_active = m_active || available;
     }
 
     void sendFrame(const std::uint8_t* pixels) override
@@ -40,18 +38,8 @@ public:
         m_pictures.emplace_back(pixels, pixels + bytes);
     }
 
-    void stop() override
-    {
-        const std::lock_guard lock(m_mutex);
-        m_active = false;
-    }
-
-    [[nodiscard]] bool isActive() const override
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_active;
-    }
-
+    void stop() override { m_active = false; }
+    [[nodiscard]] bool isActive() const override { return m_active; }
     [[nodiscard]] bool isAppConnected() const override { return false; }
 
     [[nodiscard]] std::vector<Pixels> take()

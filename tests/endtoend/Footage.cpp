@@ -103,11 +103,6 @@ std::vector<std::uint64_t> sentHashes(const std::vector<CameraRecord>& log)
     return hashes;
 }
 
-int countEvents(const std::vector<CameraRecord>& log, CameraEvent event)
-{
-    return static_cast<int>(std::ranges::count(log, event, &CameraRecord::event));
-}
-
 std::string played(const QString& file)
 {
     Program probe(u"ffprobe"_s, words("-v error -count_frames -show_entries "

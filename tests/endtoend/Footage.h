@@ -53,7 +53,6 @@ private:
 // What the camera library wrote down.
 [[nodiscard]] std::vector<CameraRecord> readCameraLog(const QString& file);
 [[nodiscard]] std::vector<std::uint64_t> sentHashes(const std::vector<CameraRecord>& log);
-[[nodiscard]] int countEvents(const std::vector<CameraRecord>& log, CameraEvent event);
 
 // The size and number of the pictures that another program finds in the file: "160,120,31".
 [[nodiscard]] std::string played(const QString& file);

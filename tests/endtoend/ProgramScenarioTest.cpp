@@ -94,16 +94,6 @@ protected:
         EXPECT_TRUE(waitUntil([this] { return !QFile::exists(path("press")); })) << name.data();
     }
 
-    // Asks the program to quit; what its camera saw.
-    [[nodiscard]] std::vector<CameraRecord> quit()
-    {
-        m_program->terminate();
-        EXPECT_EQ(m_program->awaitExit(), kDone) << qPrintable(m_program->errors());
-        auto log = readCameraLog(path("camera.log"));
-        expectNeverStarved(log, m_holdUps);
-        return log;
-    }
-
     QTemporaryDir m_folder{QStringLiteral(PEVRIX_BIN_DIR "/endtoend-XXXXXX")};
     QTemporaryDir m_elsewhere;
     std::optional<Program> m_program;
@@ -130,9 +120,13 @@ TEST_F(ProgramScenarioTest, ShowsAPhoneThatPausesAndTheNextOneAndEndsWhileItIsLi
     first->phone.leave();
     waitForLog("disconnected(.|\n)*first picture of the stream");
     letEventsRunFor(500ms);
-    const auto log = quit();
+    m_program->terminate();
+    EXPECT_EQ(m_program->awaitExit(), kDone) << qPrintable(m_program->errors());
     waitForLog("stopped after \\d+ access units received");
-    EXPECT_EQ(countEvents(log, CameraEvent::Created), 2); // the card's and the phones' size
+    const auto log = readCameraLog(path("camera.log"));
+    expectNeverStarved(log, m_holdUps);
+    // Of the card's and of the phones' size.
+    EXPECT_EQ(std::ranges::count(log, CameraEvent::Created, &CameraRecord::event), 2);
     m_footage.addPhone(u"first"_s, first->video);
     m_footage.addPhone(u"second"_s, second->video);
     EXPECT_EQ(m_footage.story(sentHashes(log), true), "idle first paused first second");

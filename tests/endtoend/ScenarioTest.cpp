@@ -87,7 +87,7 @@ protected:
     }
 
     // Pictures of this size come, from now on.
-    [[nodiscard]] bool waitForPictures(QSize size, std::ptrdiff_t count = 20)
+    [[nodiscard]] bool waitForPictures(QSize size, std::ptrdiff_t count = 12)
     {
         const auto until = std::ssize(m_delivered) + count;
         return waitUntil([&] { return std::ssize(m_delivered) >= until && m_imageSize == size; });
@@ -177,7 +177,7 @@ TEST_F(ScenarioTest, RecordsUntilTheSizeChangesAndUntilTheProgramEnds)
     m_app->toggleRecording();
     m_app->toggleOutput(); // recording goes on
     const qint64 sent = m_app->framesSent();
-    ASSERT_TRUE(waitForPictures(kLarge));
+    ASSERT_TRUE(waitForPictures(kLarge, 20));
     EXPECT_EQ(m_app->framesSent(), sent);
     m_app->toggleOutput();
     const QString second = m_app->lastRecordingPath();

@@ -141,22 +141,6 @@ TEST_F(PhoneServerTest, TellsARefusedPhoneWhyAndListensToItNoMore)
     EXPECT_EQ(server->framesReceived(), 0);
 }
 
-TEST_F(PhoneServerTest, RemembersPairedPhonesUntilTheyAreCleared)
-{
-    TestPhone phone(server->port());
-    ASSERT_TRUE(phone.sendAndSettle(helloMessage("D") + helloMessage("D")));
-    server->setToken(u"NEW"_s);
-    ASSERT_TRUE(phone.sendAndSettle(helloMessage("D", "T")));
-    ASSERT_TRUE(phone.sendAndSettle(helloMessage("D", "NEW")));
-    EXPECT_EQ(log.filter(u"paired"_s), (QStringList{u"paired D T"_s, u"paired D NEW"_s}));
-
-    server->setTrusted({{u"E"_s, u"old"_s}});
-    ASSERT_TRUE(phone.sendAndSettle(helloMessage("E", "old")));
-    server->clearTrusted();
-    EXPECT_FALSE(phone.sendAndSettle(helloMessage("E", "old")));
-    EXPECT_EQ(log.last(), u"disconnected 1"_s);
-}
-
 TEST_F(PhoneServerTest, ForgetsThePhoneThatWasUnusedForLongestWhenManyArePaired)
 {
     server->setTrusted({{u"never seen"_s, u"T"_s}, {u"used"_s, u"T"_s}});
@@ -179,34 +163,6 @@ TEST_F(PhoneServerTest, ForgetsThePhoneThatWasUnusedForLongestWhenManyArePaired)
     EXPECT_EQ(server->trusted().size(), PhoneServer::kMaxTrusted);
     EXPECT_TRUE(server->trusted().contains(u"connected"_s));
     EXPECT_FALSE(server->trusted().contains(u"used"_s));
-}
-
-TEST_F(PhoneServerTest, KeepsOneConnectionOfAPhoneAndPrefersUsb)
-{
-    TestPhone first(server->port());
-    ASSERT_TRUE(first.sendAndSettle(helloMessage("D")));
-    TestPhone second(server->port());
-    ASSERT_TRUE(second.sendAndSettle(helloMessage("D")));
-    TestPhone other(server->port());
-    ASSERT_TRUE(other.sendAndSettle(helloMessage("E")));
-    ASSERT_TRUE(waitUntil([&] { return first.closed(); }));
-
-    TestPhone cable;
-    server->addUsbSocket(openTunnel(cable));
-    ASSERT_TRUE(cable.sendAndSettle(helloMessage("D")));
-    ASSERT_TRUE(waitUntil([&] { return second.closed(); }));
-
-    TestPhone third(server->port());
-    third.socket.write(helloMessage("D"));
-    ASSERT_TRUE(waitUntil([&] { return third.closed(); }));
-    EXPECT_EQ(third.received, "\x03\x00\x3b\x00\x00\x00"
-                              R"({"code":"DUPLICATE","message":"Already connected over USB"})"_ba);
-    EXPECT_EQ(
-        log, (QStringList{u"paired D T"_s, connected(1, u"D"_s, false), u"disconnected 1"_s,
-                          connected(2, u"D"_s, false), u"paired E T"_s, connected(3, u"E"_s, false),
-                          u"disconnected 2"_s, connected(4, u"D"_s, true)}));
-    EXPECT_TRUE(cable.sendAndSettle({}));
-    EXPECT_TRUE(other.sendAndSettle({}));
 }
 
 TEST_F(PhoneServerTest, GreetsUsbPhonesAndReportsTheirGoodbye)

@@ -218,17 +218,14 @@ TEST_F(UsbMuxClientTest, FindsTheDaemonAgainAfterLosingIt)
 TEST_F(UsbMuxClientTest, SurvivesAHostileDaemon)
 {
     std::mt19937 random(20240229);
-    const auto below = [&](qsizetype n) {
-        return static_cast<qsizetype>(random()) % n;
-    };
-    const auto damaged = [&](QByteArray bytes, qsizetype bytesToChange) {
+    const auto damaged = [&](QByteArray bytes, std::uint_fast32_t bytesToChange) {
         for (; bytesToChange > 0; --bytesToChange) {
-            bytes[below(bytes.size())] = static_cast<char>(random());
+            bytes[static_cast<qsizetype>(random()) % bytes.size()] = static_cast<char>(random());
         }
         return bytes;
     };
     daemon.answer = [&](int) {
-        return damaged(MuxDaemon::result(0), below(3));
+        return damaged(MuxDaemon::result(0), random() % 3);
     };
     QObject::connect(&client, &UsbMuxClient::tunnelReady, &client,
                      [](QTcpSocket* socket) { socket->deleteLater(); });
@@ -237,8 +234,8 @@ TEST_F(UsbMuxClientTest, SurvivesAHostileDaemon)
     for (int restart = 0; restart < 40; ++restart) {
         for (int i = 0; i < 250; ++i) {
             const QByteArray& seed = seeds[i % std::ssize(seeds)];
-            const QByteArray payload = damaged(seed.mid(kMuxHeaderSize), below(4));
-            daemon.announce(seed.first(kMuxHeaderSize) + payload);
+            daemon.announce(seed.first(kMuxHeaderSize) +
+                            damaged(seed.mid(kMuxHeaderSize), random() % 4));
         }
         // The rest of this stream has no framing any more.
         daemon.announce(damaged(seeds[0], 9) + damaged(seeds[1], 9));
