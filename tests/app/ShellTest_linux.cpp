@@ -150,6 +150,22 @@ TEST_F(ShellTest, TheTrayShowsWhatHappensAndSteersTheProgram)
     EXPECT_FALSE(m_shell->window()->property("trayAvailable").toBool());
 }
 
+// When a session ends nothing is destroyed once the event loop has ended.
+TEST_F(ShellTest, CompletesARecordingBeforeItEnds)
+{
+    start();
+    AppController& controller = m_shell->controller();
+    const auto phone = startPhone(u"Phone"_s);
+    ASSERT_TRUE(waitUntil([&] { return controller.framesDecoded() > 3; }));
+    controller.toggleRecording();
+    ASSERT_TRUE(waitUntil([&] { return controller.framesDecoded() > 20; }));
+    QSignalSpy ends(&controller, &AppController::recordingEnded);
+    QTimer::singleShot(0, &*m_shell, [this] { entry("Quit")->trigger(); });
+    EXPECT_EQ(run(), 0);
+    ASSERT_EQ(ends.size(), 1);
+    EXPECT_EQ(ends[0][0], u"saved"_s);
+}
+
 // The delay is far beyond this test's patience.
 TEST_F(ShellTest, TakesAPictureSoonAfterTheFirstFrameOfTheWantedPhone)
 {

@@ -9,10 +9,8 @@
 
 #include <gmock/gmock.h>
 
-#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -47,13 +45,6 @@ protected:
         environment.insert(u"XDG_CONFIG_HOME"_s, path("config"));
         environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
         environment.insert(QString::fromLatin1(kCameraLogVariable), path("camera.log"));
-        environment.insert(u"QT_PLUGIN_PATH"_s, QStringLiteral(PEVRIX_BIN_DIR "/hand"));
-        environment.insert(u"QT_QPA_GENERIC_PLUGINS"_s, u"hand:"_s + path("press"));
-        std::filesystem::create_directories(folder / "config" / "Pevrix");
-        QFile settings(path("config/Pevrix/Pevrix.ini"));
-        ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-        settings.write("[recording]\nfolder=" + path("recordings").toUtf8() + '\n');
-        settings.close();
         m_program.emplace(path("pevrix"), QStringList(), environment);
         m_port = waitForLog("listening on port (\\d+)").toUShort();
         ASSERT_GT(m_port, 0);
@@ -84,14 +75,6 @@ protected:
         auto filmed = std::make_unique<FilmedPhone>(name, kSize);
         filmed->connectTo(m_port, path("pairing-token.txt"));
         return filmed;
-    }
-
-    // The hand inside the program presses this, as soon as it can be pressed.
-    void press(const QByteArray& name) const
-    {
-        QSaveFile file(path("press"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(name) > 0 && file.commit());
-        EXPECT_TRUE(waitUntil([this] { return !QFile::exists(path("press")); })) << name.data();
     }
 
     QTemporaryDir m_folder{QStringLiteral(PEVRIX_BIN_DIR "/endtoend-XXXXXX")};
@@ -141,23 +124,6 @@ TEST_F(ProgramScenarioTest, ShowsAPhoneThatPausesAndTheNextOneAndEndsWhileItIsLi
     // The camera takes a picture up to one of its intervals after it was decoded.
     EXPECT_GE(still, StallDetector::kLimit - 40ms);
     EXPECT_LE(still, StallDetector::kLimit + StallDetector::kCheckInterval + 1s);
-}
-
-// With the tray's own entry, as the window hides when it is asked to close; and nothing is
-// destroyed once the event loop has ended.
-TEST_F(ProgramScenarioTest, CompletesARecordingWhenTheSessionEnds)
-{
-    const auto filmed = phone(u"phone"_s);
-    waitForLog("first picture of the stream");
-    press("recordButton");
-    const QDir folder(path("recordings"));
-    ASSERT_TRUE(waitUntil([&] { return folder.entryList(QDir::Files).size() == 1; }));
-    letEventsRunFor(700ms);
-    press("Quit");
-    EXPECT_EQ(m_program->awaitExit(), kDone) << qPrintable(m_program->errors());
-    waitForLog("stopped after \\d+ access units received");
-    EXPECT_THAT(played(folder.filePath(folder.entryList(QDir::Files).value(0))),
-                testing::MatchesRegex("320,240,[1-9][0-9]*"));
 }
 
 } // namespace pevrix
