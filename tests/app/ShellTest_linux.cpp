@@ -139,14 +139,22 @@ TEST_F(ShellTest, TheTrayShowsWhatHappensAndSteersTheProgram)
     translator.value<Translator*>()->setLanguage(u"de"_s);
     EXPECT_TRUE(entry("Beenden") && !entry("Quit"));
 
-    QSignalSpy sizes(&window, &QWindow::heightChanged);
-    window.setGeometry(30, 40, 600, 660);
-    EXPECT_TRUE(waitUntil([&] { return !sizes.empty(); }));
+    const QRect place(30, 40, 600, 660);
+    window.setGeometry(place);
+    EXPECT_TRUE(waitUntil([&] { return controller.settings().windowState().geometry == place; }));
+    window.showMaximized();
+    letEventsRunFor(1ms);
     QTimer::singleShot(0, &*m_shell, [this] { entry("Beenden")->trigger(); });
     EXPECT_EQ(run(), 0);
     m_shell.reset();
     start();
-    EXPECT_EQ(m_shell->window()->geometry(), QRect(30, 40, 600, 660));
+    EXPECT_EQ(m_shell->window()->visibility(), QWindow::Maximized);
+    const WindowPlace kept(m_shell->controller().settings());
+    const QVariantMap as = kept.initialProperties(false);
+    EXPECT_EQ(QRect(as[u"x"_s].toInt(), as[u"y"_s].toInt(), as[u"width"_s].toInt(),
+                    as[u"height"_s].toInt()),
+              place); // to go back to
+    EXPECT_EQ(kept.initialProperties(true)[u"visible"_s], QVariant(false));
     EXPECT_FALSE(m_shell->window()->property("trayAvailable").toBool());
 }
 

@@ -1,18 +1,8 @@
 #include "app/WindowPlace.h"
 
-#include "tools/doubles/WaitUntil.h"
-
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-#include <QWindow>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 using pevrix::placeOnScreens;
-using pevrix::Settings;
-using pevrix::WindowPlace;
 
 TEST(WindowPlace, LiesWithinTheScreenThatHoldsMostOfIt)
 {
@@ -42,28 +32,4 @@ TEST(WindowPlace, LiesWithinTheScreenThatHoldsMostOfIt)
         EXPECT_EQ(place, one.place)
             << place.x() << ' ' << place.y() << ' ' << place.width() << ' ' << place.height();
     }
-}
-
-TEST(WindowPlace, IsRememberedWithTheMaximisedState)
-{
-    const QTemporaryDir folder;
-    Settings settings(folder.filePath(u"settings.ini"_s));
-    EXPECT_TRUE(WindowPlace(settings).initialProperties(false).isEmpty());
-    {
-        WindowPlace place(settings);
-        QWindow window;
-        window.setGeometry(20, 30, 500, 600);
-        window.show();
-        place.follow(window);
-        window.resize(520, 610);
-        EXPECT_TRUE(pevrix::waitUntil([&] { return settings.windowState().geometry.isValid(); }));
-        window.showMaximized();
-        EXPECT_TRUE(pevrix::waitUntil([&] { return settings.windowState().maximized; }));
-    }
-    const QVariantMap properties = WindowPlace(settings).initialProperties(false);
-    EXPECT_EQ(QRect(properties[u"x"_s].toInt(), properties[u"y"_s].toInt(),
-                    properties[u"width"_s].toInt(), properties[u"height"_s].toInt()),
-              QRect(20, 30, 520, 610));
-    EXPECT_EQ(properties[u"visibility"_s].value<QWindow::Visibility>(), QWindow::Maximized);
-    EXPECT_EQ(WindowPlace(settings).initialProperties(true)[u"visible"_s], QVariant(false));
 }

@@ -20,57 +20,44 @@ WindowTestCase {
 
     function test_aSilentPhoneIsShownAsSuch(row) {
         controller.connectPhones()
-        verify(texts(part("outputChip")).includes("LIVE"))
-        verify(part("recordButton").enabled)
+        verify(says("LIVE", part("outputChip")) && part("recordButton").enabled)
         controller.videoWaiting = row.tag === "waiting"
         controller.videoStalled = row.tag === "stalled"
         tryVerify(() => says(row.overlay))
-        verify(says(row.card))
-        verify(texts(part("outputChip")).includes(row.chip))
-        verify(!says("LIVE"))
+        verify(says(row.card) && says(row.chip, part("outputChip")) && !says("LIVE"))
         verify(!part("recordButton").enabled)
         controller.recording = true
         verify(part("recordButton").enabled, "a recording can always be stopped")
-        controller.recording = false
-        controller.outputEnabled = false
+        controller.recording = controller.outputEnabled = false
         verify(says("Camera output paused") && !says(row.overlay))
         controller.outputEnabled = true
         controller.videoWaiting = controller.videoStalled = false
         verify(!says(row.overlay) && says("LIVE") && part("recordButton").enabled)
     }
 
-    function test_everyEndOfARecordingIsTold_data() {
-        const file = "/videos/Pevrix_1.mp4"
-        return [
-            { tag: "saved", outcome: "saved", started: true, title: "Recording saved",
-              text: "Pevrix_1.mp4 · 3:07", action: "Show in folder" },
-            { tag: "no picture", outcome: "empty", started: true,
-              title: "The recording has ended", action: "" },
-            { tag: "folder gone", outcome: "folderGone", started: true,
-              title: "The recording has ended", action: "Choose folder" },
-            { tag: "disk full", outcome: "diskFull", started: true,
-              title: "The recording has ended", action: "Show in folder" },
-            { tag: "not to be written to", outcome: "folderGone", started: false,
-              title: "The recording could not start", action: "Choose folder",
-              text: "Pevrix cannot write to the folder /videos." },
-            { tag: "no encoder", outcome: "writeFailed", started: false,
-              title: "The recording could not start", action: "Choose folder" }
-        ].map(row => Object.assign(row, { file: file }))
-    }
-
-    function test_everyEndOfARecordingIsTold(row) {
-        controller.recordingEnded(row.outcome, row.started, row.file, 187)
-        const notice = part("notice")
-        verify(says(row.title))
-        verify(!row.text || says(row.text))
-        compare(controlsIn(notice).map(item => item.text)[0], row.action)
-        if (row.action === "Choose folder") {
-            mouseClick(button(row.action))
-            compare(part("settings").tab, 1)
-        } else {
-            mouseClick(button("Dismiss", notice))
+    function test_everyEndOfARecordingIsTold() {
+        const [saved, ended, refused] = ["Recording saved", "The recording has ended",
+                                         "The recording could not start"]
+        for (const [outcome, started, title, action, text] of [
+                 ["saved", true, saved, "Show in folder", "Pevrix_1.mp4 · 3:07"],
+                 ["empty", true, ended, ""], ["folderGone", true, ended, "Choose folder"],
+                 ["diskFull", true, ended, "Show in folder"],
+                 ["folderGone", false, refused, "Choose folder",
+                  "Pevrix cannot write to the folder /videos."],
+                 ["writeFailed", false, refused, "Choose folder"]]) {
+            controller.recordingEnded(outcome, started, "/videos/Pevrix_1.mp4", 187)
+            const notice = part("notice")
+            verify(says(title) && (!text || says(text)), outcome)
+            compare(controlsIn(notice)[0].text, action)
+            if (action === "Choose folder") {
+                mouseClick(button(action))
+                compare(part("settings").tab, 1)
+                part("settings").close()
+            } else {
+                mouseClick(button("Dismiss", notice))
+            }
+            verify(!notice.visible)
         }
-        verify(!notice.visible)
     }
 
     function test_withoutACameraThereIsNoCodeButAnotherTry() {
