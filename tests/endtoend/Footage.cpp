@@ -1,6 +1,5 @@
 #include "tests/endtoend/Footage.h"
 
-#include "controller/Card.h"
 #include "picture/PictureSize.h"
 #include "tools/doubles/AnnexB.h"
 #include "tools/doubles/Program.h"
@@ -46,16 +45,6 @@ void Footage::addPhone(const QString& name, const QByteArray& video)
 void Footage::addCard(const QString& name, const std::vector<std::uint8_t>& pixels)
 {
     m_origins[pictureHash(pixels.data(), pixels.size())] = {name, 0};
-}
-
-void Footage::addIdleCard(QSize size, const QString& address)
-{
-    addCard(u"idle"_s, drawIdleCard(size, address));
-}
-
-void Footage::addPausedCard(QSize size)
-{
-    addCard(u"paused"_s, drawPausedCard(size));
 }
 
 std::string Footage::story(std::span<const std::uint64_t> hashes, bool repeats)

@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QSize>
 #include <QString>
 
 #include <chrono>
@@ -24,8 +23,7 @@ class Footage
 public:
     // `video` is every H.264 byte that the phone sent. Fails when two pictures of it are alike.
     void addPhone(const QString& name, const QByteArray& video);
-    void addIdleCard(QSize size, const QString& address);
-    void addPausedCard(QSize size);
+    void addCard(const QString& name, const std::vector<std::uint8_t>& pixels);
 
     // Who is seen, one after the other; "?" for a picture that nobody sent. Fails when pictures of
     // a phone come twice (in a row they may with `repeats`) or not in the order in which they were
@@ -42,8 +40,6 @@ private:
         QString name;
         int number = 0; // of a phone's picture, from 1; 0 for a card
     };
-
-    void addCard(const QString& name, const std::vector<std::uint8_t>& pixels);
 
     std::map<std::uint64_t, Origin> m_origins;
     QHash<QString, int> m_sent;

@@ -48,9 +48,7 @@ protected:
         const Clip* clip = nullptr;
         int stepsPerPicture = 1;
         std::size_t next = 0; // access unit
-        int leaves = 0;       // times in steps
-        int stalls = 0;
-        int resumes = 0;
+        bool stalled = false;
     };
 
     void SetUp() override
@@ -63,7 +61,7 @@ protected:
     }
 
     int between(int low, int high) { return std::uniform_int_distribution(low, high)(m_random); }
-    int secondsFromNow(int low, int high) { return m_step + kStepsPerSecond * between(low, high); }
+    bool onceIn(int seconds) { return between(1, seconds * kStepsPerSecond) == 1; }
 
     // IVideoSwitch
     void askForVideo(int id, bool) override { m_phones[id].next = 0; }
@@ -73,12 +71,8 @@ protected:
 
     void join()
     {
-        const int stalls = secondsFromNow(1, 40);
         m_phones[++m_lastId] = {.clip = &m_clips[static_cast<std::size_t>(between(0, 3))],
-                                .stepsPerPicture = between(1, 2),
-                                .leaves = secondsFromNow(2, 60),
-                                .stalls = stalls,
-                                .resumes = stalls + between(3, 50)};
+                                .stepsPerPicture = between(1, 2)};
         m_live.add({m_lastId, QString::number(m_lastId % 7), {}, {}, {}, {}, between(0, 1) == 1});
         announce(m_lastId);
     }
@@ -100,14 +94,13 @@ protected:
     void send(int id)
     {
         Phone& phone = m_phones[id];
-        if (m_step >= phone.resumes) {
-            phone.stalls = secondsFromNow(5, 40);
-            phone.resumes = phone.stalls + between(3, 50);
+        if (onceIn(12)) {
+            phone.stalled = !phone.stalled;
             if (between(0, 1) == 1) { // or it goes on where it was
                 announce(id);
             }
         }
-        if (m_step >= phone.stalls || m_step % phone.stepsPerPicture != 0) {
+        if (phone.stalled || m_step % phone.stepsPerPicture != 0) {
             return;
         }
         if (between(0, 500) == 0) {
@@ -133,13 +126,11 @@ protected:
     {
         ++m_step;
         m_now += std::chrono::nanoseconds(1s) / kStepsPerSecond;
-        if (m_phones.size() < 3 && between(0, 20 * kStepsPerSecond) == 0) {
+        if (m_phones.size() < 3 && onceIn(20)) {
             join();
         }
-        for (const auto& [id, phone] : std::map(m_phones)) {
-            if (m_step >= phone.leaves) {
-                leave(id);
-            }
+        if (!m_phones.empty() && onceIn(25)) {
+            leave((between(0, 1) == 1 ? m_phones.begin() : std::prev(m_phones.end()))->first);
         }
         if (!m_phones.empty()) {
             send(m_live.roster().activeId());
@@ -148,7 +139,7 @@ protected:
         if (m_step % (kStepsPerSecond * 2 / 5) == 0) {
             m_pipeline.checkStall();
         }
-        if (between(0, 5 * kStepsPerSecond) == 0) {
+        if (onceIn(5)) {
             click();
         }
         ++m_steps[m_pipeline.state()];

@@ -2,7 +2,7 @@
 // down what it was sent.
 #include "controller/Card.h"
 #include "controller/LivePipeline.h"
-#include "pairing/Pairing.h"
+#include "pairing/LanEndpoints.h"
 #include "tests/endtoend/FilmedPhone.h"
 #include "tests/endtoend/Footage.h"
 #include "tools/doubles/Program.h"
@@ -48,10 +48,10 @@ protected:
         m_program.emplace(path("pevrix"), QStringList(), environment);
         m_port = waitForLog("listening on port (\\d+)").toUShort();
         ASSERT_GT(m_port, 0);
-        m_address = refreshPairing(m_elsewhere.path(), m_port, false).addressText;
-        m_footage.addIdleCard({1280, 720}, m_address);
-        m_footage.addIdleCard(kSize, m_address);
-        m_footage.addPausedCard(kSize);
+        const QString address = findLanEndpoints(m_port).value(0);
+        m_footage.addCard(u"idle"_s, drawIdleCard({1280, 720}, address));
+        m_footage.addCard(u"idle"_s, drawIdleCard(kSize, address));
+        m_footage.addCard(u"paused"_s, drawPausedCard(kSize));
     }
 
     [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
@@ -78,10 +78,8 @@ protected:
     }
 
     QTemporaryDir m_folder{QStringLiteral(PEVRIX_BIN_DIR "/endtoend-XXXXXX")};
-    QTemporaryDir m_elsewhere;
     std::optional<Program> m_program;
     quint16 m_port = 0;
-    QString m_address;
     Footage m_footage;
     HoldUps m_holdUps;
 };

@@ -1,5 +1,6 @@
 // The whole way of the video in one process with the test's clicks: real phones, controller and
 // sink, and a camera library that writes down what it was sent.
+#include "controller/Card.h"
 #include "tests/endtoend/FilmedPhone.h"
 #include "tests/endtoend/Footage.h"
 #include "tests/softcam/PipeWireSession.h"
@@ -57,7 +58,7 @@ protected:
         m_app->setRecordingFolder(path("recordings"));
         m_app->start();
         ASSERT_TRUE(m_app->cameraReady());
-        m_footage.addIdleCard({1280, 720}, m_app->pairAddress());
+        m_footage.addCard(u"idle"_s, drawIdleCard({1280, 720}, m_app->pairAddress()));
     }
 
     void note(const QImage& image)
@@ -151,7 +152,7 @@ TEST_F(ScenarioTest, SwitchesBetweenPhonesAndGoesIdleWhenTheLastOneLeaves)
     ASSERT_TRUE(waitForPictures(kSmall));
     dismiss(*second);
     ASSERT_TRUE(waitUntil([&] { return !m_app->live(); }));
-    m_footage.addIdleCard(kSmall, m_app->pairAddress());
+    m_footage.addCard(u"idle"_s, drawIdleCard(kSmall, m_app->pairAddress()));
     ASSERT_TRUE(waitForCamera());
 
     const std::string phones = "first second first third first second";
@@ -257,7 +258,7 @@ TEST_F(ScenarioTest, SendsPicturesFromACableAtOnceAndEvensOutTheNetwork)
     EXPECT_EQ(m_footage.story(m_delivered, false), "cable wifi");
     EXPECT_LT(m_footage.seen(u"wifi"_s), m_footage.sent(u"wifi"_s))
         << "the oldest pictures are dropped";
-    m_footage.addIdleCard(kSmall, m_app->pairAddress());
+    m_footage.addCard(u"idle"_s, drawIdleCard(kSmall, m_app->pairAddress()));
     ASSERT_TRUE(waitForCamera());
     EXPECT_EQ(cameraStory(), "idle cable wifi idle");
 }
