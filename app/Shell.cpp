@@ -17,6 +17,8 @@ Shell::Shell(const ShellOptions& options, SingleInstance& instance)
     , m_instance(instance)
     , m_controller(options.controller)
     , m_updater(options.site)
+    // Before the interface loads, so that it speaks the right language from its first word.
+    , m_translator(QCoreApplication::instance(), &m_engine)
     , m_place(m_controller.settings())
 {
     // Nothing is destroyed when a session ends: a recording is completed while there is time.
@@ -31,15 +33,16 @@ bool Shell::start()
                   "Pevrix: Main.qml failed to load (see %%LOCALAPPDATA%%\\Pevrix\\pevrix.log).");
         return false;
     }
-    m_tray.emplace();
+    m_tray = std::make_unique<Tray>();
     connectTray();
     m_tray->icon().show();
     addNativeWindowStyles(*m_window);
     checkForUpdates();
-    m_hidden.emplace(*m_window, m_options.isTrayAvailable, m_options.trayInterval);
+    m_hidden = std::make_unique<HiddenWindow>(*m_window, m_options.isTrayAvailable,
+                                              m_options.trayInterval);
     connectWindow();
     if (m_options.picture) {
-        m_capture.emplace(*m_options.picture, m_controller, m_window);
+        m_capture = std::make_unique<CaptureMode>(*m_options.picture, m_controller, m_window);
     } else {
         m_place.follow(*m_window);
     }
@@ -52,9 +55,7 @@ bool Shell::load()
     QQmlContext& context = *m_engine.rootContext();
     context.setContextProperty(u"app"_s, &m_controller);
     context.setContextProperty(u"updater"_s, &m_updater);
-    // Before the interface loads, so that it speaks the right language from its first word.
-    m_translator.emplace(QCoreApplication::instance(), &m_engine);
-    context.setContextProperty(u"i18n"_s, &*m_translator);
+    context.setContextProperty(u"i18n"_s, &m_translator);
     if (!m_options.picture) {
         m_engine.setInitialProperties(m_place.initialProperties(m_options.inTray));
     }
@@ -70,12 +71,12 @@ void Shell::connectTray()
                           .live = m_controller.live(),
                           .outputEnabled = m_controller.outputEnabled()});
     };
-    connect(&m_controller, &AppController::changed, &*m_tray, showState);
-    connect(&*m_translator, &Translator::languageChanged, &*m_tray, &Tray::retranslate);
-    connect(&*m_tray, &Tray::showRequested, this, &Shell::showWindow);
-    connect(&*m_tray, &Tray::pauseRequested, &m_controller, &AppController::toggleOutput);
+    connect(&m_controller, &AppController::changed, m_tray.get(), showState);
+    connect(&m_translator, &Translator::languageChanged, m_tray.get(), &Tray::retranslate);
+    connect(m_tray.get(), &Tray::showRequested, this, &Shell::showWindow);
+    connect(m_tray.get(), &Tray::pauseRequested, &m_controller, &AppController::toggleOutput);
     // Not quit(), which would ask the window first: it hides instead of closing.
-    connect(&*m_tray, &Tray::quitRequested, this, [] { QCoreApplication::exit(0); });
+    connect(m_tray.get(), &Tray::quitRequested, this, [] { QCoreApplication::exit(0); });
     showState();
 }
 
@@ -87,12 +88,12 @@ void Shell::connectWindow()
         showWindow();
     });
     // After a start in the notification area that is minimised, else as it was.
-    connect(&*m_hidden, &HiddenWindow::lost, this, [this] { m_window->setVisible(true); });
+    connect(m_hidden.get(), &HiddenWindow::lost, this, [this] { m_window->setVisible(true); });
     // Asked anew each time: a desktop that starts us with it may get its tray after us.
     connect(m_window, &QWindow::activeChanged, this,
             [this] { m_window->setProperty("trayAvailable", m_options.isTrayAvailable()); });
-    connect(m_window, SIGNAL(hiddenToTray()), &*m_hidden, SIGNAL(hiddenByUser()));
-    connect(&*m_hidden, &HiddenWindow::hiddenByUser, this, &Shell::tellOfFirstHide);
+    connect(m_window, SIGNAL(hiddenToTray()), m_hidden.get(), SIGNAL(hiddenByUser()));
+    connect(m_hidden.get(), &HiddenWindow::hiddenByUser, this, &Shell::tellOfFirstHide);
 }
 
 // Once the window is seen: encryption takes some hundred milliseconds to load.

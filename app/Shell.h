@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QQuickWindow;
@@ -25,10 +26,10 @@ class SingleInstance;
 // other places.
 struct ShellOptions
 {
-    ControllerOptions controller = {};
-    UpdateSite site = {};
-    std::optional<CaptureOptions> picture = {}; // take it and end
-    bool inTray = false;                        // begin without the window
+    ControllerOptions controller;
+    UpdateSite site;
+    std::optional<CaptureOptions> picture; // take it and end
+    bool inTray = false;                   // begin without the window
     std::function<bool()> isTrayAvailable = &QSystemTrayIcon::isSystemTrayAvailable;
     std::chrono::milliseconds trayInterval = HiddenWindow::kInterval;
 };
@@ -66,12 +67,12 @@ private:
     AppController m_controller;
     UpdateChecker m_updater;
     QQmlApplicationEngine m_engine;
-    std::optional<Translator> m_translator;
+    Translator m_translator;
     WindowPlace m_place;
-    std::optional<Tray> m_tray;
+    std::unique_ptr<Tray> m_tray;
     QQuickWindow* m_window = nullptr;
-    std::optional<HiddenWindow> m_hidden;
-    std::optional<CaptureMode> m_capture;
+    std::unique_ptr<HiddenWindow> m_hidden;
+    std::unique_ptr<CaptureMode> m_capture;
 };
 
 } // namespace pevrix
