@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QStyleHints>
 #include <QUrl>
@@ -237,6 +238,15 @@ void AppController::onRecordingEnded(const RecordingReport& report)
 {
     Q_EMIT changed();
     Q_EMIT recordingEnded(outcomeName(report.outcome), report.started, report.path, report.seconds);
+}
+
+QUrl AppController::folderToChooseFrom() const
+{
+    QString folder = QDir::cleanPath(recordingFolder());
+    while (!folder.isEmpty() && !QFileInfo(folder).isDir() && folder != QFileInfo(folder).path()) {
+        folder = QFileInfo(folder).path();
+    }
+    return QUrl::fromLocalFile(folder);
 }
 
 void AppController::openRecordingsFolder()

@@ -16,6 +16,7 @@
 #include <QObject>
 #include <QSysInfo>
 #include <QTimer>
+#include <QUrl>
 #include <QVariantList>
 
 #include <chrono>
@@ -71,6 +72,7 @@ class AppController final : public QObject, private IVideoSwitch
     Q_PROPERTY(bool recording READ recording NOTIFY changed)
     Q_PROPERTY(QString lastRecordingPath READ lastRecordingPath NOTIFY changed)
     Q_PROPERTY(QString recordingFolder READ recordingFolder WRITE setRecordingFolder NOTIFY changed)
+    Q_PROPERTY(QUrl folderToChooseFrom READ folderToChooseFrom NOTIFY changed)
     Q_PROPERTY(bool minimizeToTray READ minimizeToTray WRITE setMinimizeToTray NOTIFY changed)
     Q_PROPERTY(bool usbAvailable READ usbAvailable NOTIFY changed)
     Q_PROPERTY(bool firewallBlocked READ firewallBlocked NOTIFY changed)
@@ -114,6 +116,8 @@ public:
     // Full path of the last recording that was started.
     [[nodiscard]] QString lastRecordingPath() const { return m_pipeline.lastRecordingPath(); }
     [[nodiscard]] QString recordingFolder() const { return m_settings.recordingFolder(); }
+    // The recordings folder or, while there is none, the nearest one above it.
+    [[nodiscard]] QUrl folderToChooseFrom() const;
     [[nodiscard]] bool minimizeToTray() const { return m_settings.minimizeToTray(); }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }
     // Whether the firewall keeps phones out, by its last answer.

@@ -20,6 +20,7 @@ QtObject {
     readonly property bool appConnected: controller.appConnected
     readonly property bool recording: controller.recording
     readonly property string recordingFolder: controller.recordingFolder
+    readonly property url folderToChooseFrom: controller.folderToChooseFrom ?? ""
     readonly property string qrDataUrl: controller.qrDataUrl
     readonly property string pairAddress: controller.pairAddress
     readonly property string pcName: controller.pcName

@@ -8,6 +8,7 @@ Column {
 
     readonly property bool registered: visible && App.isCameraRegistered() // asked while it is seen
     readonly property bool registrable: App.cameraNeedsRegistration
+    readonly property bool choosing: folderDialog.visible // the folder, in a window of its own
     property bool asking: false // whether to forget every phone
     property bool regenerated: false
 
@@ -86,7 +87,10 @@ Column {
                 //: Button: chooses another recordings folder.
                 text: qsTr("Change")
                 Accessible.name: qsTr("Change the recordings folder")
-                onClicked: folderDialog.open()
+                onClicked: {
+                    folderDialog.currentFolder = App.folderToChooseFrom
+                    folderDialog.open()
+                }
             }
         }
 

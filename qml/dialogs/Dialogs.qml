@@ -41,7 +41,7 @@ Item {
         sourceComponent: SettingsDialog {
             objectName: "settings"
             theme: root.window
-            covered: registration.shown
+            covered: registration.shown || choosing
             homeUrl: App.siteUrl
             languageName: Languages.nameOf(App.language)
             onLanguageClicked: {

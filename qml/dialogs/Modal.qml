@@ -9,7 +9,7 @@ Item {
 
     property var theme: null // the window, for its colours; without one the light colours
     property bool shown: false
-    property bool covered: false // by another dialog, which the keys are for
+    property bool covered: false // by another dialog or a window, which the keys are for
     property string title: ""
     property int panelWidth: 360
     property int panelMaxHeight: 620

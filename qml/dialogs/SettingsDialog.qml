@@ -5,6 +5,7 @@ import QtQuick
 Modal {
     id: root
 
+    readonly property alias choosing: camera.choosing
     required property string languageName
     required property string homeUrl
     property int tab: 0

@@ -184,12 +184,13 @@ Item {
                 width: parent.width
                 visible: root.listening || address !== ""
                 address: root.pairAddress
+                opacity: root.covered ? 0 : 1 // a dialog's edge would go through the middle of the line
             }
 
             Row {
                 anchors.horizontalCenter: parent.horizontalCenter
                 spacing: Theme.sp2
-                opacity: root.covered ? 0 : 1 // a dialog's edge would go through the middle of the line
+                opacity: root.covered ? 0 : 1
 
                 ElidedText {
                     anchors.verticalCenter: parent.verticalCenter
