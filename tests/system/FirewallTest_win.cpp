@@ -35,24 +35,8 @@ std::shared_ptr<Rule> blockRule(const std::map<std::string, long>& others = {},
 class FirewallTest : public testing::Test
 {
 protected:
-    void SetUp() override { enter(COINIT_APARTMENTTHREADED); }
-    void TearDown() override { leave(); }
-
-    void enter(DWORD model)
-    {
-        ASSERT_EQ(CoInitializeEx(nullptr, model), S_OK);
-        policy.emplace(__uuidof(NetFwPolicy2), [this](HRESULT& result) -> IUnknown* {
-            result = script.policyResult;
-            return FAILED(result) ? nullptr : new ScriptedPolicy(script);
-        });
-        newRule.emplace(__uuidof(NetFwRule), [this](HRESULT&) -> IUnknown* {
-            return new ScriptedRule(script,
-                                    std::make_shared<Rule>(Rule{.failing = script.failing}));
-        });
-    }
-
-    // The routines must have left the apartment as often as they entered it, and no object.
-    void leave()
+    // The routines must leave the apartment as often as they enter it, and no object.
+    ~FirewallTest() override
     {
         policy.reset();
         newRule.reset();
@@ -63,9 +47,18 @@ protected:
         EXPECT_EQ(CoGetApartmentType(&type, &qualifier), CO_E_NOTINITIALIZED);
     }
 
+    const HRESULT apartment = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     FirewallScript script;
-    std::optional<ScriptedClass> policy;
-    std::optional<ScriptedClass> newRule;
+    std::optional<ScriptedClass> policy{
+        std::in_place, __uuidof(NetFwPolicy2), [this](HRESULT& result) -> IUnknown* {
+            result = script.policyResult;
+            return FAILED(result) ? nullptr : new ScriptedPolicy(script);
+        }};
+    std::optional<ScriptedClass> newRule{
+        std::in_place, __uuidof(NetFwRule), [this](HRESULT&) -> IUnknown* {
+            return new ScriptedRule(script,
+                                    std::make_shared<Rule>(Rule{.failing = script.failing}));
+        }};
 };
 
 TEST_F(FirewallTest, BlocksWhenAnActiveInboundRuleForTheProgramDoes)
@@ -119,14 +112,6 @@ TEST_F(FirewallTest, DoesNothingWithAFirewallThatCannotBeAsked)
     }
     script.policyResult = E_FAIL;
     EXPECT_FALSE(addApplicationRule(kProgram, L"Pevrix"));
-}
-
-TEST_F(FirewallTest, WorksInAThreadOfTheOtherApartmentModel)
-{
-    leave();
-    enter(COINIT_MULTITHREADED);
-    script.rules = {blockRule()};
-    EXPECT_TRUE(isFirewallBlocking(kProgram));
 }
 
 TEST_F(FirewallTest, PutsOneRuleInThePlaceOfAllForTheProgram)

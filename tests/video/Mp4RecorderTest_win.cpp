@@ -27,7 +27,6 @@ struct WriterScript
     bool fragments = true;          // whether the system can write fragmented files
     std::vector<GUID> containers{}; // that were asked for; GUID_NULL: by the file's name
     UINT32 throttlingDisabled = 0;
-    ComPtr<IMFMediaType> outputType{};
     ComPtr<IMFMediaType> inputType{};
     std::vector<ComPtr<IMFSample>> samples{};
     MF_SINK_WRITER_STATISTICS statistics{};
@@ -46,9 +45,8 @@ public:
         : m_script(script)
     {}
 
-    STDMETHODIMP AddStream(IMFMediaType* type, DWORD* index) override
+    STDMETHODIMP AddStream(IMFMediaType*, DWORD* index) override
     {
-        m_script.outputType = type;
         *index = kStream;
         return m_script.step("AddStream");
     }
@@ -122,19 +120,13 @@ protected:
     void write() { m_recorder.writeFrame(m_picture.data()); }
 };
 
-TEST_F(Mp4RecorderScripted, DescribesWhatItWritesAndWhatItGives)
+TEST_F(Mp4RecorderScripted, AsksForAFileOfFragmentsAndNeverToWait)
 {
     ASSERT_TRUE(m_recorder.open(m_path, 640, 360, 25));
     EXPECT_EQ(m_script.throttlingDisabled, 1);
     EXPECT_THAT(m_script.containers, ElementsAre(MFTranscodeContainerType_FMPEG4));
-    for (IMFMediaType* type : {m_script.outputType.Get(), m_script.inputType.Get()}) {
-        EXPECT_EQ(MFGetAttributeUINT64(type, MF_MT_FRAME_SIZE, 0), UINT64{640} << 32 | 360);
-        EXPECT_EQ(MFGetAttributeUINT64(type, MF_MT_FRAME_RATE, 0), UINT64{25} << 32 | 1);
-    }
     const auto stride = MFGetAttributeUINT32(m_script.inputType.Get(), MF_MT_DEFAULT_STRIDE, 0);
     EXPECT_EQ(stride, 640 * 4) << "top row first";
-    const auto rate = MFGetAttributeUINT32(m_script.outputType.Get(), MF_MT_AVG_BITRATE, 0);
-    EXPECT_EQ(rate, 6'000'000);
 }
 
 TEST_F(Mp4RecorderScripted, StampsPicturesWithTheTimeThatHasPassed)
