@@ -15,7 +15,9 @@ namespace pevrix {
 // One caller at a time. Nothing is logged and nothing thrown: data that cannot be decoded is
 // dropped. Nothing is shown before the first keyframe. Later a damaged picture is shown as far as
 // it could be restored, for a short blemish disturbs less than a frozen picture; the next clean
-// keyframe ends it. Only 8-bit 4:2:0 pictures of at most kMaxPicturePixels are delivered.
+// keyframe ends it. (Damaged parameter sets may also announce pictures out of order, which are then
+// held back until the stream begins anew.) Only 8-bit 4:2:0 pictures of at most kMaxPicturePixels
+// are delivered.
 class H264Decoder
 {
 public:
