@@ -169,7 +169,7 @@ TEST_F(HostilePeersTest, StrangersHoldABoundedAmountTogether)
         ASSERT_TRUE(goodPhoneIsServed(20));
         highest = std::max(highest, heapBytes() - before - stream.size());
         std::printf("seven strangers held %.0f MiB\n", static_cast<double>(highest) / kMiB);
-        EXPECT_LT(highest, PhoneServer::kMaxStrangersBytes + 24 * kMiB);
+        EXPECT_LT(highest, PhoneServer::kMaxStrangersBytes + 2 * kMaxPayload);
     }
 }
 
