@@ -73,14 +73,7 @@ public:
 
     [[nodiscard]] QString path(const QString& name) const { return m_home.filePath(name); }
 
-    // Asks the program to quit and returns its exit code.
-    [[nodiscard]] int quit()
-    {
-        m_process->terminate();
-        return waitForExit();
-    }
-
-    [[nodiscard]] int waitForExit() { return m_process->awaitExit(); }
+    [[nodiscard]] Program& process() { return *m_process; }
 
     // One more process in the same folder.
     [[nodiscard]] std::unique_ptr<Program> start(QStringList arguments = {}) const
@@ -88,8 +81,6 @@ public:
         return std::make_unique<Program>(
             path(u"pevrix"_s), arguments.replaceInStrings(u"%1"_s, m_home.path()), m_environment);
     }
-
-    void crash() { m_process->end(); }
 
 private:
     QTemporaryDir m_home{QStringLiteral(PEVRIX_BIN_DIR "/program-XXXXXX")};
@@ -121,14 +112,15 @@ TEST(Program, SaysWhyItCannotDecodeAndGoesOn)
     EXPECT_NE(program.waitForLog(u"neither decoded nor recorded: .*libpevrix-ffmpeg.so"_s),
               QString());
     EXPECT_NE(program.waitForLog(u"there is no decoder for the stream"_s), QString());
-    EXPECT_EQ(program.quit(), 0);
+    program.process().terminate();
+    EXPECT_EQ(program.process().awaitExit(), 0);
 }
 
 TEST(Program, TakesAPictureOfItsWindowAndSaysWhenItCannotBeWritten)
 {
     Pevrix dated(words("--shot 620x700 --lang ja --shot-active Nobody --shot-delay 1000 "
                        "--shot-view addphone --shot-theme 1"));
-    EXPECT_EQ(dated.waitForExit(), 0);
+    EXPECT_EQ(dated.process().awaitExit(), 0);
     const QDir pictures(dated.path(u"Pictures/Pevrix"_s));
     const QStringList found = pictures.entryList(QDir::Files);
     ASSERT_EQ(found.size(), 1) << qPrintable(dated.log());
@@ -141,7 +133,7 @@ TEST(Program, TakesAPictureOfItsWindowAndSaysWhenItCannotBeWritten)
     dated.expectNoWarnings();
 
     Pevrix nowhere(words("--shot --shot-delay 200 --out %1/none/shot.png"));
-    EXPECT_EQ(nowhere.waitForExit(), 0);
+    EXPECT_EQ(nowhere.process().awaitExit(), 0);
     EXPECT_TRUE(
         nowhere.log().contains(u"Pevrix: shot FAILED for "_s + nowhere.path(u"none/shot.png"_s)));
 }
@@ -163,7 +155,7 @@ TEST(Program, SecondStartShowsTheFirstOnesWindowAndEnds)
         return program.log().count(u"Pevrix: listening on port"_s);
     };
     const auto before = listened();
-    program.crash();
+    program.process().end(); // a crash
     const auto next = program.start();
     EXPECT_TRUE(waitUntil([&] { return listened() > before; })) << qPrintable(program.log());
     next->terminate();

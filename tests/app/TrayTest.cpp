@@ -70,11 +70,11 @@ TEST(Tray, DrawsASignForEachSizeThatIsAskedFor)
     tray.setState({.live = true});
     for (const int side : {16, 20, 24, 32}) {
         const QSize size(side, side);
-        const QImage drawn(u":/assets/icons/app-icon-%1.png"_s.arg(side));
-        if (!drawn.isNull()) {
+        if (side < 32) {
             const auto format = QImage::Format_ARGB32_Premultiplied;
-            EXPECT_EQ(plain.pixmap(size, 1.0).toImage().convertToFormat(format),
-                      drawn.convertToFormat(format));
+            EXPECT_EQ(
+                plain.pixmap(size, 1.0).toImage().convertToFormat(format),
+                QImage(u":/assets/icons/app-icon-%1.png"_s.arg(side)).convertToFormat(format));
         }
         const QImage picture = tray.icon().icon().pixmap(size, 1.0).toImage();
         EXPECT_EQ(picture.size(), size);

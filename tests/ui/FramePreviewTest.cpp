@@ -17,18 +17,16 @@ QImage picture(int width, int height, QColor color = Qt::red)
     return image;
 }
 
-struct FitCase
-{
-    QSizeF item;
-    QSize picture;
-    QRectF expected;
-};
-
 } // namespace
 
 TEST(FramePreview, FitsThePictureCentredIntoTheItem)
 {
-    const FitCase cases[] = {
+    struct
+    {
+        QSizeF item;
+        QSize picture;
+        QRectF expected;
+    } const cases[] = {
         {{508, 400}, {1080, 1920}, {141.5, 0, 225, 400}}, // portrait: bars at the sides
         {{400, 400}, {1280, 720}, {0, 87.5, 400, 225}},   // landscape: bars above and below
         {{640, 360}, {1280, 720}, {0, 0, 640, 360}},      // the same shape
@@ -36,9 +34,8 @@ TEST(FramePreview, FitsThePictureCentredIntoTheItem)
         {{640, 360}, {0, 0}, {0, 0, 640, 360}},           // nothing to fit
         {{0, 360}, {16, 9}, {0, 0, 0, 360}},              // nowhere to fit it
     };
-    for (const FitCase& c : cases) {
-        EXPECT_EQ(FramePreview::aspectFit(c.item, c.picture), c.expected)
-            << c.item.width() << " x " << c.item.height();
+    for (const auto& [item, picture, expected] : cases) {
+        EXPECT_EQ(FramePreview::aspectFit(item, picture), expected) << expected.width();
     }
 }
 

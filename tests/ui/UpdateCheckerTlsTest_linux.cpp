@@ -22,12 +22,11 @@ struct Identity
 {
     explicit Identity(const QString& name)
     {
-        QFile certificateFile(u"" PEVRIX_TEST_DATA "/tls/"_s + name + u".pem"_s);
-        QFile keyFile(u"" PEVRIX_TEST_DATA "/tls/"_s + name + u".key"_s);
-        EXPECT_TRUE(certificateFile.open(QIODevice::ReadOnly));
-        EXPECT_TRUE(keyFile.open(QIODevice::ReadOnly));
-        certificate = QSslCertificate(&certificateFile);
-        key = QSslKey(&keyFile, QSsl::Ec);
+        const QString path = u"" PEVRIX_TEST_DATA "/tls/"_s + name;
+        certificate = QSslCertificate::fromPath(path + u".pem"_s).value(0);
+        QFile file(path + u".key"_s);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        key = QSslKey(&file, QSsl::Ec);
     }
 
     QSslCertificate certificate;
