@@ -59,10 +59,6 @@ struct Sent
     int value = 0;                   // of every byte, -1 if they differ
 
     bool operator==(const Sent&) const = default;
-    friend std::ostream& operator<<(std::ostream& out, const Sent& sent)
-    {
-        return out << sent.value << " at " << sent.time / 1us << " us";
-    }
 };
 
 class SoftcamSinkTest : public testing::Test

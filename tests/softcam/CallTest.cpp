@@ -27,7 +27,7 @@ TEST(Call, GoesOnInItsOwnFormatWhileCamerasOfOtherSizesFollow)
     session.startDaemon();
     auto camera = std::make_unique<TestCamera>(pictures.front());
     static_cast<void>(session.waitForCamera(320));
-    Reader reader(*camera, u"NV12"_s, 0);
+    Reader reader(camera->picture(), u"NV12"_s, 0);
     ASSERT_TRUE(waitUntil([&] { return camera->isConnected(); }));
 
     QElapsedTimer clock;

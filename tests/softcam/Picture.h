@@ -1,5 +1,7 @@
 #pragma once
 
+#include "softcam/PictureConverter.h"
+
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -51,6 +53,10 @@ public:
     [[nodiscard]] int width() const { return m_width; }
     [[nodiscard]] int height() const { return m_height; }
     [[nodiscard]] const std::uint8_t* bytes() const { return m_bytes.data(); }
+    [[nodiscard]] BgrPicture bgr() const
+    {
+        return {bytes(), static_cast<std::uint32_t>(m_width), static_cast<std::uint32_t>(m_height)};
+    }
 
 private:
     template <typename ColorAt>

@@ -52,9 +52,7 @@ TEST_P(Conversions, KeepColoursAndProportionsBetweenBlackBars)
         // The picture in between leaves its traces, were anything of it kept.
         const Picture other = Picture::quadrants(height, width, 9);
         for (const Picture* next : {&picture, &other, &picture}) {
-            converter.convert({next->bytes(), static_cast<std::uint32_t>(next->width()),
-                               static_cast<std::uint32_t>(next->height())},
-                              std::span(converted).first(size));
+            converter.convert(next->bgr(), std::span(converted).first(size));
         }
         EXPECT_EQ(wrongPlaces(converted.data(), layout, reader, picture), 0)
             << "layout " << static_cast<int>(layout);
@@ -84,9 +82,7 @@ TEST_P(Scaling, LeavesFlatColoursAsTheyAre)
         std::vector<std::uint8_t> converted(pictureSize(layout, reader));
         // In the middle of a flat picture: the mean over an area, for scaling may dither by one.
         const auto middle = [&](const Picture& picture) {
-            converter.convert({picture.bytes(), static_cast<std::uint32_t>(picture.width()),
-                               static_cast<std::uint32_t>(picture.height())},
-                              converted);
+            converter.convert(picture.bgr(), converted);
             std::array<double, 3> means{};
             for (int i = 0; i < 32 * 32; ++i) {
                 const Samples samples =

@@ -93,9 +93,6 @@ public:
                                 u"!"_s} +
                         tail + QStringList{u"filesink"_s, u"location="_s + m_file})
     {}
-    Reader(const TestCamera& camera, const QString& format, int pictures)
-        : Reader(camera.picture(), format, pictures)
-    {}
 
     // All of the `pictures` that were asked for, each of `size` bytes.
     [[nodiscard]] QByteArray wait(int pictures, qsizetype size)
