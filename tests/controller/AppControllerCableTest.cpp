@@ -4,6 +4,8 @@
 #include "tools/phonesim/MuxDaemon.h"
 #include "usb/MuxPacket.h"
 
+#include <QThread>
+
 #include <map>
 
 namespace pevrix {
@@ -54,6 +56,10 @@ TEST_F(AppControllerCableTest, ShowsPhonesOnCablesWithoutPairing)
     m_daemon.attach(2);
     ASSERT_TRUE(waitForPhones(2));
     ASSERT_TRUE(waitForVideo());
+    // Over a cable whoever takes the picture counts as well.
+    QObject::connect(m_app.get(), &AppController::frameReady, m_app.get(),
+                     [] { QThread::msleep(5); });
+    EXPECT_TRUE(waitUntil([&] { return m_app->decodeMs() >= 5; }));
     EXPECT_TRUE(phone(0)[u"usb"_s].toBool() && phone(1)[u"usb"_s].toBool());
     EXPECT_NE(phone(0)[u"deviceId"_s], phone(1)[u"deviceId"_s]);
     const QByteArray greeting = m_heard[MessageType::UsbHello];
