@@ -50,15 +50,15 @@ TEST_F(AppControllerTest, OnePhoneStreamsAndTheOthersHold)
     ASSERT_TRUE(second->sendAndSettle(helloMessage("d2", token().toUtf8())));
     ASSERT_TRUE(waitForPhones(3));
     EXPECT_EQ(phone(1)[u"deviceId"_s], u"d2"_s);
-    second->socket.write(buildMessage(MessageType::Bye));
-    ASSERT_TRUE(waitForPhones(2));
-    EXPECT_EQ(m_app->activeId(), 3);
-
     third->socket.write(buildMessage(MessageType::Bye));
+    ASSERT_TRUE(waitForPhones(2));
+    EXPECT_EQ(m_app->activeId(), 1);
+    EXPECT_EQ(second->orders(), "");
+    EXPECT_EQ(cameraSize(), QSize(160, 96)) << "what it announced is still true";
+    second->socket.write(buildMessage(MessageType::Bye));
     ASSERT_TRUE(waitForPhones(1));
     EXPECT_EQ(m_app->activeId(), 1);
     EXPECT_EQ(first->orders(), "send hold send");
-    EXPECT_EQ(cameraSize(), QSize(160, 96)) << "what it announced is still true";
     first->socket.write(buildMessage(MessageType::Bye));
     ASSERT_TRUE(waitForPhones(0));
     EXPECT_EQ(greet("d3")->orders(), "send");
