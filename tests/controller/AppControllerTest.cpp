@@ -197,6 +197,11 @@ TEST_F(AppControllerTest, TellsWhetherVideoFlowsIsAwaitedOrStandsStill)
     ASSERT_TRUE(waitForPhones(2));
     m_app->setActive(2);
     EXPECT_TRUE(m_app->videoWaiting()) << "the first phone's pictures are not the second one's";
+    m_app->setActive(1);
+    ASSERT_TRUE(waitForVideo());
+    first->leave();
+    ASSERT_TRUE(waitForPhones(1));
+    EXPECT_TRUE(m_app->videoWaiting()) << "nor are they when it has left";
 }
 
 TEST_F(AppControllerTest, TellsHowEachRecordingWent)
