@@ -10,12 +10,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// What is read at once where no longer payload is under way: some small messages, or the head of a
-// large one. Little enough that copying it once more costs nothing.
-constexpr std::size_t kReadAhead = std::size_t{16} * 1024;
-
-// What Qt may hold of the bytes of a tunnel, whose socket is a buffered one.
+// What a socket may hold of a phone's bytes before we read them; TCP slows the phone down beyond
+// it. Below 1 MiB the throughput suffers from the many small turns.
 constexpr qint64 kReadBufferSize = qint64{1024} * 1024;
+
+// The same for a stranger, whose throughput does not matter. There may be many of them.
+constexpr qint64 kStrangerReadBufferSize = qint64{64} * 1024;
 
 // How long a phone, and a stranger, may keep the event loop busy before the others get their turn.
 constexpr auto kTurn = 8ms;
@@ -44,7 +44,7 @@ PhoneConnection::PhoneConnection(int id, QTcpSocket* socket, bool usb,
     m_clock.start();
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    socket->setReadBufferSize(kReadBufferSize);
+    socket->setReadBufferSize(usb ? kReadBufferSize : kStrangerReadBufferSize);
     connect(socket, &QTcpSocket::readyRead, this, &PhoneConnection::onReadyRead);
     connect(socket, &QTcpSocket::bytesWritten, this, &PhoneConnection::onBytesWritten);
     connect(socket, &QTcpSocket::disconnected, this, &PhoneConnection::onDisconnected);
@@ -72,7 +72,7 @@ qint64 PhoneConnection::maxBacklog() const
 
 qint64 PhoneConnection::heldBytes() const
 {
-    return m_splitter.heldBytes() + std::ssize(m_readAhead) + m_socket->bytesToWrite();
+    return m_splitter.heldBytes() + m_socket->bytesAvailable() + m_socket->bytesToWrite();
 }
 
 std::chrono::milliseconds PhoneConnection::silence() const
@@ -85,6 +85,7 @@ void PhoneConnection::accept(const Hello& hello)
     if (open()) {
         m_hello = hello;
         m_state = State::Handshaken;
+        m_socket->setReadBufferSize(kReadBufferSize);
     }
 }
 
@@ -161,7 +162,6 @@ void PhoneConnection::takeTurn()
         return;
     }
     m_turn = Turn::Running;
-    m_more = true;
     const bool more = readMessages();
     m_turn = Turn::None;
     if (open() && more) {
@@ -199,47 +199,16 @@ MessageSplitter::Result PhoneConnection::readMessage(QElapsedTimer::Duration now
 {
     for (;;) {
         const std::span<char> target = m_splitter.writable();
-        const qsizetype count = target.empty() ? 0 : read(target);
+        const qint64 count = m_socket->read(target.data(), std::ssize(target));
         if (count <= 0 && !target.empty()) {
             return MessageSplitter::Result::NeedMore;
         }
         m_lastSign = now;
         const MessageSplitter::Result result = m_splitter.commit(count);
-        if (result != MessageSplitter::Result::NeedMore) {
+        if (result != MessageSplitter::Result::NeedMore || count < std::ssize(target)) {
             return result;
         }
     }
-}
-
-// From what was read ahead, else from the socket: a large payload straight into its own memory.
-qsizetype PhoneConnection::read(std::span<char> target)
-{
-    if (m_ahead.empty() && target.size() >= kReadAhead) {
-        return readSocket(target);
-    }
-    if (m_ahead.empty()) {
-        m_readAhead.resize(kReadAhead);
-        const qsizetype count = readSocket(m_readAhead);
-        if (count <= 0) {
-            return count;
-        }
-        m_ahead = std::span(m_readAhead).first(static_cast<std::size_t>(count));
-    }
-    const std::size_t count = std::min(target.size(), m_ahead.size());
-    std::ranges::copy(m_ahead.first(count), target.begin());
-    m_ahead = m_ahead.subspan(count);
-    return static_cast<qsizetype>(count);
-}
-
-// After less than was asked for there is no more, which need not be asked: readyRead tells.
-qsizetype PhoneConnection::readSocket(std::span<char> target)
-{
-    if (!m_more) {
-        return 0;
-    }
-    const qint64 count = m_socket->read(target.data(), std::ssize(target));
-    m_more = count == std::ssize(target);
-    return count;
 }
 
 void PhoneConnection::onBytesWritten(qint64 count)
@@ -259,7 +228,7 @@ void PhoneConnection::onDisconnected()
 {
     if (m_turn == Turn::Running) {
         m_state = State::Closing; // closed by the receiver of a message
-    } else if (open() && (m_socket->bytesAvailable() > 0 || !m_ahead.empty())) {
+    } else if (open() && m_socket->bytesAvailable() > 0) {
         wantTurn(); // what the peer sent before it ended the connection still counts
     }
     endWhenOver();

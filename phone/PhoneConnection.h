@@ -9,8 +9,6 @@
 
 #include <chrono>
 #include <optional>
-#include <span>
-#include <vector>
 
 namespace pevrix {
 
@@ -104,8 +102,6 @@ private:
     [[nodiscard]] bool readMessages();
     [[nodiscard]] qint64 maxBacklog() const;
     [[nodiscard]] MessageSplitter::Result readMessage(QElapsedTimer::Duration now);
-    [[nodiscard]] qsizetype read(std::span<char> target);
-    [[nodiscard]] qsizetype readSocket(std::span<char> target);
     void onBytesWritten(qint64 count);
     void onDisconnected();
     void endWhenOver();
@@ -116,9 +112,6 @@ private:
     Host& m_host;
     QTcpSocket* const m_socket; // a child of this
     MessageSplitter m_splitter;
-    std::vector<char> m_readAhead; // memory, made with the first byte
-    std::span<const char> m_ahead; // in it: what no message has yet
-    bool m_more = false;           // in this turn: the socket may have more
     State m_state = State::Adopted;
     Turn m_turn = Turn::None;
     std::optional<Hello> m_hello;

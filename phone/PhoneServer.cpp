@@ -52,14 +52,6 @@ PhoneServer::PhoneServer(const PhoneServerTimings& timings, QObject* parent)
 
 PhoneServer::~PhoneServer() = default;
 
-void PhoneServer::Listener::incomingConnection(qintptr descriptor)
-{
-    auto* const socket = new QTcpSocket(this);
-    socket->setSocketDescriptor(descriptor, QAbstractSocket::ConnectedState,
-                                QIODevice::ReadWrite | QIODevice::Unbuffered);
-    addPendingConnection(socket);
-}
-
 bool PhoneServer::listen(quint16 port)
 {
     if (!m_server.listen(QHostAddress::Any, port)) {

@@ -130,13 +130,7 @@ private:
     void onAcceptError();
 
     PhoneServerTimings m_timings;
-    // Its sockets keep no bytes of their own: a payload is read from the system straight into the
-    // memory of its message.
-    class Listener final : public QTcpServer
-    {
-        void incomingConnection(qintptr descriptor) override;
-    };
-    Listener m_server;
+    QTcpServer m_server;
     std::map<int, PhoneConnection*> m_connections; // by id, the oldest first; children of this
     std::deque<int> m_strangerTurns; // ids of those with bytes to read, first come, first served
     QTimer m_strangersTimer;

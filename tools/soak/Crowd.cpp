@@ -160,7 +160,8 @@ int holdConnections(const Address& address, int count, bool trickle, std::atomic
 
 void flood(const Address& address, int count, const std::atomic<bool>& stop)
 {
-    const QByteArray stream = buildMessage(MessageType::StreamInfo, "{}").repeated(20'000);
+    // More than is worked off while it lasts, and not so much that it takes minutes afterwards.
+    const QByteArray stream = buildMessage(MessageType::StreamInfo, "{}").repeated(60'000);
     std::vector<Flooder> flooders;
     for (int i = 0; i < count; ++i) {
         flooders.push_back({RawPeer(address.port)});
@@ -168,7 +169,7 @@ void flood(const Address& address, int count, const std::atomic<bool>& stop)
     }
     while (!stop) {
         const auto pushed = std::ranges::count_if(
-            flooders, [&](Flooder& flooder) { return flooder.push(stream, true); });
+            flooders, [&](Flooder& flooder) { return flooder.push(stream, false); });
         std::this_thread::sleep_for(pushed > 0 ? 0ms : 1ms);
     }
 }

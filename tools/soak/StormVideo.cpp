@@ -23,7 +23,7 @@ constexpr int kFlooders = 120;
 constexpr auto kStop = 5s;
 
 constexpr auto kRecordingTime = 2s;
-constexpr auto kFloodTime = 1s; // what it leaves in the buffers of the system takes a minute
+constexpr auto kFloodTime = 2s;
 constexpr auto kPlugLimit = 20s;
 
 double msSince(std::chrono::steady_clock::time_point begin,
