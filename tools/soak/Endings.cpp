@@ -138,9 +138,9 @@ void Endings::fillTheDisk(const Build& build, int count)
     int going = 0;
     double mostLost = 0;
     for (int i = 0; i < count; ++i) {
-        // 1 to 4 MB of 0.75 MB a second, in a file system that only this program sees.
+        // Full after 5 to 16 seconds of 75 kB, in a file system that only this program sees.
         const QString mount =
-            u"mount -t tmpfs -o size=%1k none \"$1\""_s.arg(1024 + i * 3072 / count);
+            u"mount -t tmpfs -o size=%1k none \"$1\""_s.arg(400 + i * 800 / count);
         Subject subject(build, folderOf("full"), {mount, words("unshare -Urm")});
         const bool started = subject.awaitStart();
         const auto phone = started ? phoneFor(subject) : nullptr;
