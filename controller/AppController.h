@@ -116,7 +116,8 @@ public:
     // Full path of the last recording that was started.
     [[nodiscard]] QString lastRecordingPath() const { return m_pipeline.lastRecordingPath(); }
     [[nodiscard]] QString recordingFolder() const { return m_settings.recordingFolder(); }
-    // The recordings folder or, while there is none, the nearest one above it.
+    // The recordings folder or, while there is none, the nearest one above it. The disk is asked at
+    // each read.
     [[nodiscard]] QUrl folderToChooseFrom() const;
     [[nodiscard]] bool minimizeToTray() const { return m_settings.minimizeToTray(); }
     [[nodiscard]] bool usbAvailable() const { return m_usb.available(); }

@@ -35,7 +35,8 @@ struct RecordingReport
     friend bool operator==(const RecordingReport&, const RecordingReport&) = default;
 };
 
-// "saved", "resized", "diskFull", "folderGone" or "writeFailed": what the interface knows it by.
+// What the interface knows it by: "saved", "resized", "empty", "diskFull", "folderGone" or
+// "writeFailed".
 [[nodiscard]] QString outcomeName(RecordingReport::Outcome outcome);
 
 // The path of a recording that begins now, in `folder`: named by the time, and so that a second one

@@ -20,7 +20,6 @@ QtObject {
     readonly property bool appConnected: controller.appConnected
     readonly property bool recording: controller.recording
     readonly property string recordingFolder: controller.recordingFolder
-    readonly property url folderToChooseFrom: controller.folderToChooseFrom ?? ""
     readonly property string qrDataUrl: controller.qrDataUrl
     readonly property string pairAddress: controller.pairAddress
     readonly property string pcName: controller.pcName
@@ -54,6 +53,7 @@ QtObject {
 
     // The system is asked at each read, and each change of the controller reads.
     function isCameraRegistered(): bool { return controller.cameraRegistered }
+    function folderToChooseFrom(): url { return controller.folderToChooseFrom ?? "" } // the disk is asked
 
     function setActive(id: int): void { controller.setActive(id) }
     function renamePhone(id: int, name: string): void { controller.renamePhone(id, name) }

@@ -88,7 +88,7 @@ Column {
                 text: qsTr("Change")
                 Accessible.name: qsTr("Change the recordings folder")
                 onClicked: {
-                    folderDialog.currentFolder = App.folderToChooseFrom
+                    folderDialog.currentFolder = App.folderToChooseFrom()
                     folderDialog.open()
                 }
             }
