@@ -5,6 +5,7 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -12,7 +13,8 @@
 namespace pevrix {
 
 // A thread that does the same work once per period, by absolute deadlines (see FrameClock), until
-// it is stopped. start(), stop() and destruction belong to one thread at a time.
+// it is stopped. Work that runs out of memory is left out until the next period. start(), stop()
+// and destruction belong to one thread at a time.
 class PacedThread
 {
 public:
@@ -52,7 +54,10 @@ private:
     {
         FrameClock clock(period, m_time.now());
         while (m_running) {
-            work();
+            try {
+                work();
+            } catch (const std::bad_alloc&) { // there may be some the next time
+            }
             if (const auto deadline = clock.advance(m_time.now())) {
                 m_time.sleepUntil(*deadline);
             }

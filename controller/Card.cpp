@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QStringList>
 
+#include <new>
 #include <span>
 
 namespace pevrix {
@@ -119,12 +120,15 @@ std::vector<std::uint8_t> packedPixels(const QImage& rgb32)
 }
 
 std::vector<std::uint8_t> draw(QSize size, const CardText& card)
-{
+try {
     if (!isPictureSize(size.width(), size.height())) {
         return {};
     }
     substituteMissingFonts();
     QImage canvas(size, QImage::Format_RGB32);
+    if (canvas.isNull()) { // no memory
+        return {};
+    }
     canvas.setDotsPerMeterX(kDotsPerMeter);
     canvas.setDotsPerMeterY(kDotsPerMeter);
     canvas.fill(kBackground);
@@ -132,6 +136,8 @@ std::vector<std::uint8_t> draw(QSize size, const CardText& card)
     paint(painter, card);
     painter.end();
     return packedPixels(canvas);
+} catch (const std::bad_alloc&) {
+    return {};
 }
 
 } // namespace

@@ -11,7 +11,7 @@ namespace pevrix {
 
 // Each draws one card and returns its packed 3-byte pixels in the order blue, green, red, top row
 // first: exactly width * height * 3 bytes, to be shared and never written to while a camera shows
-// them. Empty for a size that isPictureSize() refuses.
+// them. Empty for a size that isPictureSize() refuses, and when there is no memory for it.
 //
 // For the GUI thread, once there is a QGuiApplication. A font that this computer lacks is replaced
 // by a similar one; the size of text follows neither the desktop's resolution nor its scaling.

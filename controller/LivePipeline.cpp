@@ -8,6 +8,7 @@
 #include "video/VideoBackEnd.h"
 
 #include <cstring>
+#include <new>
 #include <span>
 
 namespace pevrix {
@@ -22,6 +23,9 @@ constexpr auto kDefaultPacing = 33ms; // 30 pictures a second
 // turned to and fro never needs more; one that does so on purpose gets no more.
 constexpr int kResizesAtOnce = 4;
 constexpr auto kResizeInterval = 500ms;
+
+// Phones send some ten bytes.
+constexpr qsizetype kMaxParameterSets = qsizetype{4} * 1024;
 
 bool isPadding(QSize size)
 {
@@ -79,7 +83,9 @@ void LivePipeline::setPairAddress(const QString& address)
 
 void LivePipeline::feedCard(std::vector<std::uint8_t> pixels)
 {
-    m_cards.setCard(sharePicture(cameraSize().width(), cameraSize().height(), std::move(pixels)));
+    const QSize size = cameraSize();
+    m_cards.setCard(pixels.empty() ? nullptr
+                                   : sharePicture(size.width(), size.height(), std::move(pixels)));
     m_cards.start();
 }
 
@@ -142,6 +148,7 @@ void LivePipeline::startStream(QSize size, bool direct)
         QMetaObject::invokeMethod(this, &LivePipeline::startDecoder, Qt::QueuedConnection);
     }
     m_decoderSize = size;
+    m_parameterSets.clear();
     clearQueue();
     m_pool.clear();
     m_direct = direct;
@@ -160,6 +167,21 @@ void LivePipeline::startDecoder()
         if (const auto note = m_streamLines.admit()) {
             qCWarning(videoLog, "Pevrix: there is no decoder for the stream%s", note->c_str());
         }
+    }
+}
+
+// There was no memory for the decoder or the camera, say, when the stream began, but there may be
+// now.
+void LivePipeline::retry()
+{
+    if (!m_camera.exists() && (isLive() || m_state == State::Idle)) {
+        static_cast<void>(m_camera.create());
+    }
+    const QSize size = cameraSize();
+    if (isLive() && !m_decoderSize && !m_decoder.initialized() &&
+        m_decoder.initialize(static_cast<std::uint32_t>(size.width()),
+                             static_cast<std::uint32_t>(size.height()))) {
+        decode(m_parameterSets, 0);
     }
 }
 
@@ -184,6 +206,8 @@ void LivePipeline::feed(QByteArrayView accessUnit, qint64 ptsUsec)
 void LivePipeline::feedParameterSets(QByteArrayView annexB)
 {
     startDecoder();
+    m_parameterSets =
+        annexB.size() <= kMaxParameterSets ? annexB.toByteArray() : QByteArray(); // for a retry
     decode(annexB, 0);
 }
 
@@ -203,7 +227,15 @@ void LivePipeline::onPicture(const std::uint8_t* pixels, QSize size)
     if (!isLive() || size.isEmpty()) {
         return;
     }
-    SharedPicture picture = fitToCamera(pixels, size);
+    SharedPicture picture;
+    try {
+        picture = fitToCamera(pixels, size);
+    } catch (const std::bad_alloc&) {
+        if (const auto note = m_streamLines.admit()) {
+            qCWarning(videoLog, "Pevrix: no memory for a picture of %d x %d%s", size.width(),
+                      size.height(), note->c_str());
+        }
+    }
     ++m_framesDecoded;
     if (!m_firstFrameSeen) {
         m_firstFrameSeen = true;
@@ -301,6 +333,7 @@ void LivePipeline::Preview::show(const SharedPicture& picture)
 void LivePipeline::checkStall()
 {
     m_recording.check();
+    retry();
     if (isLive()) {
         follow(m_stall.check(m_time.now(), m_framesDecoded));
     }

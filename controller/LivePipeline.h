@@ -8,6 +8,7 @@
 #include "phone/LogLimiter.h"
 #include "video/H264Decoder.h"
 
+#include <QByteArray>
 #include <QByteArrayView>
 #include <QImage>
 #include <QObject>
@@ -127,7 +128,8 @@ public:
     };
     DecodeTime takeDecodeTime() { return std::exchange(m_decodeTime, {}); }
 
-    // The timers' work: delivers the oldest queued picture; looks for a stall or its end.
+    // The timers' work: delivers the oldest queued picture; looks for a stall or its end, and makes
+    // what could not be made before.
     void pacingTick();
     void checkStall();
 
@@ -159,6 +161,7 @@ private:
     void clearQueue();
     bool resizeCamera(QSize size);
     void startDecoder();
+    void retry();
     bool decode(QByteArrayView annexB, qint64 ptsUsec);
     void onPicture(const std::uint8_t* pixels, QSize size);
     SharedPicture fitToCamera(const std::uint8_t* pixels, QSize size);
@@ -188,6 +191,7 @@ private:
     StallDetector m_stall;
     QTimer m_stallTimer;
     std::optional<QSize> m_decoderSize; // of a stream that the decoder does not know of yet
+    QByteArray m_parameterSets;         // of the stream
     Allowance m_resizes;
     std::jthread m_loading;
     LogLimiter m_streamLines; // a phone may describe streams as often as it likes

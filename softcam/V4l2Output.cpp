@@ -83,7 +83,7 @@ std::optional<V4l2Output> V4l2Output::openFirstFree(const CameraFormat& format)
 }
 
 std::optional<V4l2Output> V4l2Output::open(const std::string& path, const CameraFormat& format)
-{
+try {
     Device device(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
     if (device.descriptor() < 0) {
         return std::nullopt;
@@ -92,6 +92,8 @@ std::optional<V4l2Output> V4l2Output::open(const std::string& path, const Camera
         return std::nullopt;
     }
     return V4l2Output(std::move(device), format);
+} catch (const std::bad_alloc&) { // PipeWire's callbacks are C
+    return std::nullopt;
 }
 
 V4l2Output::V4l2Output(Device device, const CameraFormat& format)

@@ -40,7 +40,7 @@ public:
         int m_descriptor;
     };
 
-    // Feeds a device that takes pictures of this format.
+    // Feeds a device that takes pictures of this format. Throws std::bad_alloc.
     V4l2Output(Device device, const CameraFormat& format);
 
     // The first loopback device that nobody feeds yet and that takes pictures of this format.

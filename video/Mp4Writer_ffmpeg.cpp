@@ -103,8 +103,19 @@ bool Mp4Writer::openFile()
     avformat_alloc_output_context2(&output, nullptr, "mp4", nullptr);
     m_output.reset(output);
     // With the protocol named, a colon in the path means nothing.
-    return m_output != nullptr &&
-           avio_open(&m_output->pb, ("file:" + m_path.string()).c_str(), AVIO_FLAG_WRITE) >= 0;
+    if (m_output == nullptr) {
+        return false;
+    }
+    if (avio_open(&m_output->pb, ("file:" + m_path.string()).c_str(), AVIO_FLAG_WRITE) >= 0) {
+        return true;
+    }
+    // It may have made the file, and then had no memory for its buffer.
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(m_path, ignored) &&
+        std::filesystem::is_empty(m_path, ignored)) {
+        std::filesystem::remove(m_path, ignored);
+    }
+    return false;
 }
 
 bool Mp4Writer::startFile()

@@ -304,13 +304,18 @@ TEST_F(LivePipelineTest, KeepsNoPictureWaitingForGoodAfterAPause)
     EXPECT_FALSE(m_sink.hasPictures()) << "a picture stood in the queue";
 }
 
-TEST_F(LivePipelineTest, GoesOnWithoutACamera)
+TEST_F(LivePipelineTest, GoesOnWithoutACameraUntilThereIsOne)
 {
     m_sink.available = false;
     EXPECT_FALSE(m_pipeline.createCamera());
     m_pipeline.startStream({160, 96}, true);
     feed(m_live, 0, 5);
     EXPECT_EQ(m_pipeline.framesDecoded(), 5);
+    m_sink.available = true;
+    pass(400ms);
+    (void)m_sink.take();
+    feed(m_live, 5, 1);
+    EXPECT_TRUE(m_sink.hasPictures());
 }
 
 TEST_F(LivePipelineTest, TakesTheSizeFromThePicturesWhenTheAnnouncedOneIsOfNoUse)

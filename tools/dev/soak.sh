@@ -26,7 +26,7 @@ command_soak() {
         *) fail "'$part' is no part of it" "./dev soak --help tells more" ;;
     esac
     ensure_environment
-    build_preset native --target pevrix softcam pevrix-ffmpeg pevrix_soak
+    build_preset native --target pevrix softcam pevrix-ffmpeg pevrix_soak pevrix-shortage
     build_preset asan --target pevrix softcam pevrix-ffmpeg
     rm -rf out/soak
     mkdir -p out/soak

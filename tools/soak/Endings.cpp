@@ -1,15 +1,12 @@
 #include "tools/soak/Endings.h"
 
 #include "tools/phonesim/Phone.h"
-#include "tools/soak/CameraReader.h"
 #include "tools/soak/Crowd.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
-
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -21,8 +18,6 @@ using namespace std::chrono_literals;
 
 constexpr double kQuitLimitMs = 2000;
 constexpr auto kMediaLimit = 20s;
-constexpr rlim_t kLittleMemory = rlim_t{10} * 1024 * 1024;
-constexpr int kLargePhones = 4;
 constexpr int kMoreThanFit = 60; // what is not accepted waits in a queue of 50
 
 double secondsOf(const QElapsedTimer& clock)
@@ -210,39 +205,6 @@ void Endings::runOutOfDescriptors(const Build& build)
                  greeted ? u"greeted in %1 s"_s.arg(seconds, 0, 'f', 1) : u"not greeted"_s)
             .arg(end.code),
         told && streams && greeted && seconds <= 3 && end.code == 0);
-}
-
-// While it records, it gets no more memory than it has, and a little; then phones send messages
-// that do not fit.
-void Endings::runOutOfMemory(const Build& build)
-{
-    Subject subject(build, folderOf("memory"));
-    const bool started = subject.awaitStart();
-    const auto phone = started ? phoneFor(subject) : nullptr;
-    if (!started || !subject.awaitLog(u"first picture"_s, 10s)) {
-        m_verdicts.add(27, u"little memory"_s, u"video flows"_s, u"it does not"_s, false);
-        return;
-    }
-    subject.pressRecord();
-    (void)awaitRecording(subject);
-    letEventsRunFor(1s);
-    const rlim_t limit = subject.addressSpace() + kLittleMemory;
-    const rlimit tight{.rlim_cur = limit, .rlim_max = limit};
-    ::prlimit(static_cast<pid_t>(subject.processId()), RLIMIT_AS, &tight, nullptr);
-    const Address address{.port = subject.port(), .token = subject.token()};
-    const int turnedAway = inBackground([&] { return sendLargest(address, kLargePhones); });
-    const qint64 before = phone->framesSent();
-    letEventsRunFor(1s);
-    const bool streams = subject.isRunning() && phone->framesSent() > before + 15;
-    const auto end = subject.quit();
-    const auto playable = play(subject.recordings().value(0));
-    m_verdicts.add(27, u"10 MB and %1 messages of 16"_s.arg(kLargePhones),
-                   u"those end that do not fit; the phone streams on; quits; the file plays"_s,
-                   u"%1 ended; %2; code %3; %4"_s.arg(turnedAway)
-                       .arg(streams ? u"streams"_s : u"broken"_s)
-                       .arg(end.code)
-                       .arg(playable ? u"plays"_s : u"does not play"_s),
-                   turnedAway > 0 && streams && end.code == 0 && playable);
 }
 
 void Endings::restartTheMedia(const Build& build, Media& media, int count)

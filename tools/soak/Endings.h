@@ -9,6 +9,9 @@
 
 namespace pevrix {
 
+class Phone;
+class SharedShortage;
+
 // Programs that are started and ended, or get less than they need. Each of these adds its rows.
 class Endings
 {
@@ -28,13 +31,17 @@ public:
     // 64 descriptors, and a crowd that wants more.
     void runOutOfDescriptors(const Build& build);
     void runOutOfMemory(const Build& build);
+    // Large allocations fail, one after the other, while it streams, records and feeds a camera.
+    void failAllocations(const Build& build, int count);
     // The media service dies and comes again.
     void restartTheMedia(const Build& build, Media& media, int count);
     // Network interfaces that come and go.
     void flapInterfaces(const Build& build, int count);
 
 private:
-    [[nodiscard]] std::unique_ptr<class Phone> phoneFor(const Subject& subject) const;
+    [[nodiscard]] std::unique_ptr<Phone> phoneFor(const Subject& subject) const;
+    [[nodiscard]] std::unique_ptr<Phone> takeMemory(Subject& subject,
+                                                    const SharedShortage& shortage, int count);
     [[nodiscard]] int between(int low, int high);
     [[nodiscard]] QString folderOf(const char* name) const;
 

@@ -149,6 +149,7 @@ void runEndings(const Plan& plan, const Clips& clips, Media& media, Verdicts& ve
     Endings endings(plan.folder, clips, verdicts);
     endings.runOutOfDescriptors(plan.release);
     endings.runOutOfMemory(plan.release);
+    endings.failAllocations(plan.release, plan.share(1000));
     endings.flapInterfaces(plan.release, plan.share(50));
     endings.restartTheMedia(plan.release, media, plan.share(10));
     endings.fillTheDisk(plan.release, plan.share(20));
