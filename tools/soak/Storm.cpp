@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -21,13 +22,20 @@ constexpr auto kQuietTime = 2s;
 // they are gone: on a busy machine that takes a while.
 constexpr auto kWorkOffLimit = 180s;
 constexpr int kFewDescriptors = 10; // more than before the first round
-constexpr int kRounds = 3;          // at least
+constexpr std::size_t kRounds = 3;  // at least
 constexpr std::size_t kWarmUp = 2;  // rounds
 constexpr double kGrowth = 2;       // megabytes
 
-double worstAfterWarmUp(const std::vector<Resources>& samples)
+// What it came down to in the first and in the second half after the warm-up, in megabytes: from
+// round to round it goes up and down by more than what a leak adds.
+std::pair<double, double> leastOfHalves(const std::vector<Resources>& samples)
 {
-    return samples.back().megabytes - samples[kWarmUp - 1].megabytes;
+    const std::span rounds = std::span(samples).subspan(kWarmUp - 1);
+    const std::size_t half = (rounds.size() + 1) / 2;
+    const auto least = [](std::span<const Resources> part) {
+        return std::ranges::min(part, {}, &Resources::megabytes).megabytes;
+    };
+    return {least(rounds.first(half)), least(rounds.subspan(half))};
 }
 
 // What the system lets wait on the way between two sockets, in megabytes.
@@ -118,7 +126,7 @@ void Storm::run(std::chrono::seconds time)
     letEventsRunFor(kQuietTime); // its first reader has come
     m_before = m_subject.resources();
     const QDeadlineTimer end(time);
-    while (m_subject.isRunning() && (!end.hasExpired() || m_round < kRounds)) {
+    while (m_subject.isRunning() && (!end.hasExpired() || m_samples.size() < kRounds)) {
         ++m_round;
         round();
         quiet();
@@ -160,19 +168,17 @@ void Storm::round()
 // Nobody is there but the camera's first reader and the daemon without a phone.
 void Storm::quiet()
 {
-    m_visitors.setComing(false);
     m_good.reset();
     m_second.reset();
-    m_daemonRestarts = false;
-    m_daemon.detach(1);
-    (void)waitUntil([this] { return m_visitors.areGone() && !m_daemon.listeners.isEmpty(); },
-                    QDeadlineTimer(30s));
-    m_cable.reset();
     (void)waitUntil(
         [this] {
             return m_subject.resources().descriptors <= m_before.descriptors + kFewDescriptors;
         },
         QDeadlineTimer(kWorkOffLimit));
+    m_visitors.setComing(false);
+    m_daemonRestarts = false;
+    (void)waitUntil([this] { return m_visitors.areGone() && !m_daemon.listeners.isEmpty(); },
+                    QDeadlineTimer(30s));
     letEventsRunFor(kQuietTime);
     Resources now = m_subject.resources();
     if (m_samples.size() >= kWarmUp) { // what has just been closed may take a moment to go
@@ -200,8 +206,8 @@ void Storm::judge()
                        demanded, seen, held);
     };
     row(26, "the program", u"runs to the end"_s, u"%1 rounds"_s.arg(m_round),
-        m_subject.isRunning() && m_samples.size() >= kWarmUp);
-    if (!m_subject.isRunning() || m_samples.size() < kWarmUp) {
+        m_subject.isRunning() && m_samples.size() >= kRounds);
+    if (!m_subject.isRunning() || m_samples.size() < kRounds) {
         return;
     }
     const Resources& warm = m_samples[kWarmUp - 1];
@@ -212,10 +218,10 @@ void Storm::judge()
             .arg(last.descriptors)
             .arg(last.threads),
         warm.descriptors == last.descriptors && warm.threads == last.threads);
-    const double growth = worstAfterWarmUp(m_samples);
-    row(26, "resident memory", u"at most +%1 MB after the warm-up"_s.arg(kGrowth),
-        u"%1 MB, then %2 MB"_s.arg(warm.megabytes, 0, 'f', 1).arg(last.megabytes, 0, 'f', 1),
-        growth <= kGrowth);
+    const auto [before, after] = leastOfHalves(m_samples);
+    row(26, "resident memory", u"at most +%1 MB in the second half"_s.arg(kGrowth),
+        u"at least %1 MB, then %2 MB"_s.arg(before, 0, 'f', 1).arg(after, 0, 'f', 1),
+        after - before <= kGrowth);
     const auto [slowest, fastest] = std::ranges::minmax(m_rates);
     row(10, "the camera's rate", u"30 +-0.5, times that rise"_s,
         u"%1 to %2%3"_s.arg(slowest, 0, 'f', 2)

@@ -199,6 +199,8 @@ void Storm::plugIn()
     clocked(m_tally.cableAfterDaemon);
     m_daemon.detach(1);
     letEventsRunFor(300ms);
+    m_cable.reset();
+    m_daemonRestarts = true;
 }
 
 // The good phone is alone, and goes in good order or not.
