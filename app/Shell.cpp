@@ -46,6 +46,7 @@ bool Shell::start()
     } else {
         m_place.follow(*m_window);
     }
+    showFirstFrame();
     m_controller.start();
     return true;
 }
@@ -62,6 +63,14 @@ bool Shell::load()
     m_engine.load(QUrl(u"qrc:/qml/Main.qml"_s));
     m_window = qobject_cast<QQuickWindow*>(m_engine.rootObjects().value(0));
     return m_window != nullptr;
+}
+
+// Where the system wants the window drawn by now it is, and camera, port and pairing code come a
+// moment later. What others want of the program waits for the event loop, which alone can be quit.
+void Shell::showFirstFrame()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                    QEventLoop::ExcludeSocketNotifiers);
 }
 
 void Shell::connectTray()

@@ -56,6 +56,7 @@ public:
 
 private:
     [[nodiscard]] bool load();
+    static void showFirstFrame();
     void connectTray();
     void connectWindow();
     void checkForUpdates();

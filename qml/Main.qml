@@ -21,7 +21,8 @@ Window {
     readonly property bool dark: themeMode === 0 ? App.osDark : themeMode === 2
     property bool contrast: SystemPreferences.moreContrast
     readonly property bool onLive: App.phoneConnected
-    property alias renamingCard: liveView.renamingCard
+    readonly property LiveView liveView: live.item as LiveView // while there is one
+    readonly property PhoneCard renamingCard: liveView?.renamingCard ?? null
 
     property int recSeconds: 0
     readonly property string recClock: Math.floor(recSeconds / 60) + ":"
@@ -132,7 +133,7 @@ Window {
         enabled: root.visibility !== Window.Hidden && root.visibility !== Window.Minimized
 
         function onFrameReady(image: var): void {
-            liveView.setFrame(image)
+            root.liveView?.setFrame(image)
         }
     }
 
@@ -216,17 +217,22 @@ Window {
                 onStopRecordingClicked: App.toggleRecording()
             }
 
-            LiveView {
-                id: liveView
+            // Made with the first phone, so that the window appears sooner.
+            Loader {
+                id: live
                 objectName: "liveView"
 
                 anchors.fill: parent
+                active: root.onLive || item !== null
                 visible: root.onLive
                 enabled: visible
-                clock: root.recClock
-                onAddPhoneClicked: root.openDialog("addphone")
-                onMenuRequested: (field, x, y) => editMenu.openFor(field, x, y)
-                onMenuAsked: field => editMenu.openByKey(field)
+
+                sourceComponent: LiveView {
+                    clock: root.recClock
+                    onAddPhoneClicked: root.openDialog("addphone")
+                    onMenuRequested: (field, x, y) => editMenu.openFor(field, x, y)
+                    onMenuAsked: field => editMenu.openByKey(field)
+                }
             }
         }
 
@@ -235,7 +241,7 @@ Window {
             id: notice
 
             anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom }
-            anchors.bottomMargin: root.onLive ? liveView.bottomBarHeight + 40 : 16
+            anchors.bottomMargin: root.onLive && root.liveView ? root.liveView.bottomBarHeight + 40 : 16
             width: Math.min(parent.width - 56, 440)
             active: false
             source: "RecordingNotice.qml"

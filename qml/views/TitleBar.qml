@@ -52,9 +52,9 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             width: 22
             height: 22
-            source: "qrc:/assets/icons/app-icon-256.png"
+            source: "qrc:/assets/icons/app-icon-64.png"
+            sourceSize: Qt.size(44, 44)
             smooth: true
-            mipmap: true
         }
 
         Text {

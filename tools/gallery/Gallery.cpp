@@ -56,8 +56,6 @@ bool Gallery::load()
                                 {u"app"_s, QVariant::fromValue(m_app.get())},
                                 {u"updater"_s, QVariant::fromValue(m_updater.get())}});
     m_window->resize(m_options.size);
-    QMetaObject::invokeMethod(m_app.get(), "frameReady",
-                              Q_ARG(QVariant, QVariant::fromValue(paintScene())));
     return true;
 }
 
@@ -68,8 +66,10 @@ QStringList Gallery::takePictures()
     const QLatin1StringView theme = m_options.dark ? "dark"_L1 : "light"_L1;
     const QStringList names =
         m_options.views.isEmpty() ? m_views->property("names").toStringList() : m_options.views;
+    const QVariant scene = QVariant::fromValue(paintScene());
     for (const QString& name : names) {
         QMetaObject::invokeMethod(m_views.get(), "arrange", Q_ARG(QString, name));
+        QMetaObject::invokeMethod(m_app.get(), "frameReady", Q_ARG(QVariant, scene));
         QTest::qWait(kSettleMs);
         const QString file = folder.filePath(name + m_options.suffix + u'-' + theme + ".png"_L1);
         if (!folder.mkpath(u"."_s) || !m_window->grabWindow().save(file)) {

@@ -117,7 +117,9 @@ QtObject {
     // What appeared for the view before.
     function hideHints(): void {
         const hint = find(window.contentItem, "callHintPlace")
-        hint.due = hint.done = false
+        if (hint !== null) {
+            hint.due = hint.done = false
+        }
         find(window.contentItem, "addressRow").open = false
         const notice = find(window.contentItem, "notice")
         if (notice !== null) {
