@@ -45,8 +45,8 @@ bool Shell::start()
         m_capture = std::make_unique<CaptureMode>(*m_options.picture, m_controller, m_window);
     } else {
         m_place.follow(*m_window);
+        showFirstFrame(); // a capture may end the program with any event
     }
-    showFirstFrame();
     m_controller.start();
     return true;
 }

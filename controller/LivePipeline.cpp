@@ -7,7 +7,6 @@
 #include "system/Memory.h"
 #include "video/VideoBackEnd.h"
 
-#include <cstring>
 #include <new>
 #include <span>
 
@@ -23,9 +22,6 @@ constexpr auto kDefaultPacing = 33ms; // 30 pictures a second
 // turned to and fro never needs more; one that does so on purpose gets no more.
 constexpr int kResizesAtOnce = 4;
 constexpr auto kResizeInterval = 500ms;
-
-// Phones send some ten bytes.
-constexpr qsizetype kMaxParameterSets = qsizetype{4} * 1024;
 
 bool isPadding(QSize size)
 {
@@ -170,17 +166,15 @@ void LivePipeline::startDecoder()
     }
 }
 
-// There was no memory for the decoder or the camera, say, when the stream began, but there may be
-// now.
+// Camera or decoder may have found no memory when the stream began.
 void LivePipeline::retry()
 {
     if (!m_camera.exists() && (isLive() || m_state == State::Idle)) {
         static_cast<void>(m_camera.create());
     }
-    const QSize size = cameraSize();
-    if (isLive() && !m_decoderSize && !m_decoder.initialized() &&
-        m_decoder.initialize(static_cast<std::uint32_t>(size.width()),
-                             static_cast<std::uint32_t>(size.height()))) {
+    if (isLive() && !m_decoderSize && !m_decoder.initialized()) {
+        m_decoderSize = cameraSize();
+        startDecoder();
         decode(m_parameterSets, 0);
     }
 }
@@ -206,8 +200,8 @@ void LivePipeline::feed(QByteArrayView accessUnit, qint64 ptsUsec)
 void LivePipeline::feedParameterSets(QByteArrayView annexB)
 {
     startDecoder();
-    m_parameterSets =
-        annexB.size() <= kMaxParameterSets ? annexB.toByteArray() : QByteArray(); // for a retry
+    constexpr qsizetype kMost = 4096; // phones send some ten bytes
+    m_parameterSets = annexB.size() <= kMost ? annexB.toByteArray() : QByteArray();
     decode(annexB, 0);
 }
 
@@ -271,13 +265,8 @@ SharedPicture LivePipeline::fitToCamera(const std::uint8_t* pixels, QSize size)
         return picture;
     }
     if (isPadding(padding)) {
-        const auto from = static_cast<std::size_t>(size.width()) * 3;
-        const auto to = static_cast<std::size_t>(camera.width()) * 3;
-        const auto picture = m_pool.take(camera.width(), camera.height());
-        for (std::size_t y = 0; y < static_cast<std::size_t>(camera.height()); ++y) {
-            std::memcpy(&picture->pixels[y * to], pixels + y * from, to);
-        }
-        return picture;
+        return m_pool.takeCopy(pixels, pictureBytes(size.width(), 1), camera.width(),
+                               camera.height());
     }
     const QSize adopted = withoutPadding(size);
     // The card's thread may be sending a card of the old size to the old camera.

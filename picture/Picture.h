@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -53,6 +54,19 @@ public:
         picture->width = width;
         picture->height = height;
         picture->pixels.resize(pictureBytes(width, height));
+        return picture;
+    }
+
+    // The same with a copy of the top left part of larger pixels, which have rows of `stride`
+    // bytes.
+    [[nodiscard]] std::shared_ptr<Picture> takeCopy(const std::uint8_t* pixels, std::size_t stride,
+                                                    int width, int height)
+    {
+        auto picture = take(width, height);
+        const std::size_t row = pictureBytes(width, 1);
+        for (std::size_t y = 0; y < static_cast<std::size_t>(height); ++y) {
+            std::memcpy(&picture->pixels[y * row], pixels + y * stride, row);
+        }
         return picture;
     }
 

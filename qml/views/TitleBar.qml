@@ -48,12 +48,15 @@ Rectangle {
         anchors { left: parent.left; leftMargin: 14; verticalCenter: parent.verticalCenter }
         spacing: 10
 
+        // Of about its size: a large picture with mipmaps would take a tenth of the window's first frame.
         Image {
+            readonly property int side: Math.ceil(width * Math.max(2, Screen.devicePixelRatio))
+
             anchors.verticalCenter: parent.verticalCenter
             width: 22
             height: 22
             source: "qrc:/assets/icons/app-icon-64.png"
-            sourceSize: Qt.size(44, 44)
+            sourceSize: Qt.size(side, side)
             smooth: true
         }
 
