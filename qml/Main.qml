@@ -109,23 +109,9 @@ Window {
         }
     }
 
-    Binding {
-        target: Theme
-        property: "dark"
-        value: root.dark
-    }
-
-    Binding {
-        target: Theme
-        property: "contrast"
-        value: root.contrast
-    }
-
-    Binding {
-        target: Motion
-        property: "still"
-        value: root.captureMode || SystemPreferences.lessMotion
-    }
+    Binding { target: Theme; property: "dark"; value: root.dark }
+    Binding { target: Theme; property: "contrast"; value: root.contrast }
+    Binding { target: Motion; property: "still"; value: root.captureMode || SystemPreferences.lessMotion }
 
     // Nobody sees the pictures of a window that is hidden: they are not even looked at.
     Connections {

@@ -102,10 +102,10 @@ bool Mp4Writer::openFile()
     AVFormatContext* output = nullptr;
     avformat_alloc_output_context2(&output, nullptr, "mp4", nullptr);
     m_output.reset(output);
-    // With the protocol named, a colon in the path means nothing.
     if (m_output == nullptr) {
         return false;
     }
+    // With the protocol named, a colon in the path means nothing.
     if (avio_open(&m_output->pb, ("file:" + m_path.string()).c_str(), AVIO_FLAG_WRITE) >= 0) {
         return true;
     }

@@ -25,11 +25,6 @@ double secondsOf(const QElapsedTimer& clock)
     return static_cast<double>(clock.nsecsElapsed()) / 1e9;
 }
 
-bool awaitRecording(const Subject& subject)
-{
-    return waitUntil([&] { return !subject.recordings().isEmpty(); }, QDeadlineTimer(5s));
-}
-
 } // namespace
 
 int Endings::between(int low, int high)
@@ -107,7 +102,7 @@ void Endings::killWhileRecording(const Build& build, int count)
         }
         letEventsRunFor(200ms);
         subject.pressRecord();
-        if (!awaitRecording(subject)) {
+        if (!subject.awaitRecording()) {
             continue;
         }
         QElapsedTimer clock;
@@ -143,7 +138,7 @@ void Endings::fillTheDisk(const Build& build, int count)
             continue;
         }
         subject.pressRecord();
-        if (!awaitRecording(subject)) {
+        if (!subject.awaitRecording()) {
             continue;
         }
         QElapsedTimer clock;

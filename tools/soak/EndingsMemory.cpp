@@ -70,19 +70,14 @@ constexpr int kRarest = 25;
 constexpr auto kRecovery = 5s;
 constexpr int kPicturesAgain = 30;
 
-bool awaitRecording(const Subject& subject, qsizetype before)
-{
-    return waitUntil([&] { return subject.recordings().size() > before; }, QDeadlineTimer(5s));
-}
-
 // Whether a recording begins, and then ends.
 bool recordAgain(Subject& subject)
 {
     const qsizetype before = subject.recordings().size();
     subject.pressRecord();
-    if (!awaitRecording(subject, before)) { // one was running
+    if (!subject.awaitRecording(before)) { // one was running
         subject.pressRecord();
-        if (!awaitRecording(subject, before)) {
+        if (!subject.awaitRecording(before)) {
             return false;
         }
     }
@@ -112,7 +107,7 @@ void Endings::runOutOfMemory(const Build& build)
         return;
     }
     subject.pressRecord();
-    (void)awaitRecording(subject, 0);
+    (void)subject.awaitRecording();
     letEventsRunFor(1s);
     const rlim_t limit = subject.addressSpace() + kLittleMemory;
     const rlimit tight{.rlim_cur = limit, .rlim_max = limit};

@@ -40,7 +40,7 @@ void Storm::streamAndRecord()
     letEventsRunFor(1s);
     const auto before = m_subject.recordings().size();
     m_subject.pressRecord();
-    if (!waitUntil([&] { return m_subject.recordings().size() > before; }, QDeadlineTimer(5s))) {
+    if (!m_subject.awaitRecording(before)) {
         ++m_tally.recordings; // which does not play
         return;
     }

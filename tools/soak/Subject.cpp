@@ -17,7 +17,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kStartLimit = 60s; // a sanitized program on a busy machine
-constexpr auto kQuitLimit = 60s;  // the search for leaks is part of it
+constexpr auto kRecordingLimit = 5s;
+constexpr auto kQuitLimit = 60s; // the search for leaks is part of it
 
 int entries(const QString& folder)
 {
@@ -152,6 +153,11 @@ QStringList Subject::recordings() const
         files += folder.filePath(name);
     }
     return files;
+}
+
+bool Subject::awaitRecording(qsizetype before) const
+{
+    return waitUntil([&] { return recordings().size() > before; }, QDeadlineTimer(kRecordingLimit));
 }
 
 Subject::End Subject::quit()

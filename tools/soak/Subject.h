@@ -58,6 +58,8 @@ public:
     void pressRecord();
     // Full paths, the newest last.
     [[nodiscard]] QStringList recordings() const;
+    // Waits until there are more than `before`; false when there are not, after 5 s.
+    [[nodiscard]] bool awaitRecording(qsizetype before = 0) const;
 
     struct End
     {
