@@ -2,7 +2,9 @@
 
 namespace pevrix {
 
-// The heap returns blocks of a picture's size at once when they are freed.
+// The heap does so anyway.
+void returnLargeBlocksAtOnce() {}
+
 void returnFreeMemory() {}
 
 } // namespace pevrix

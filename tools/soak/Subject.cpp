@@ -65,8 +65,6 @@ QProcessEnvironment Subject::environmentIn(const Build& build, const QString& fo
     // Freed memory that is kept to catch its late users is bounded, or it would look like a leak.
     environment.insert(u"ASAN_OPTIONS"_s,
                        u"quarantine_size_mb=16:allocator_release_to_os_interval_ms=500"_s);
-    // One heap instead of one per thread, each of which keeps some for later.
-    environment.insert(u"MALLOC_ARENA_MAX"_s, u"1"_s);
     if (build.sanitized) { // it would report the leaks of the graphics driver
         environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
     }
