@@ -4,7 +4,6 @@
 #include "app/SingleInstance.h"
 #include "qml/Interface.h"
 #include "system/Console.h"
-#include "system/Memory.h"
 #include "system/Pace.h"
 
 #include <QApplication>
@@ -24,7 +23,6 @@ int main(int argc, char** argv)
         return 0;
     }
     installLogHandler();
-    returnLargeBlocksAtOnce();
     keepPaceWhileHidden();
     QQuickWindow::setDefaultAlphaBuffer(true);
     QApplication application(argc, argv);

@@ -2,9 +2,7 @@
 
 namespace pevrix {
 
-// The heap does so anyway.
-void returnLargeBlocksAtOnce() {}
-
+// The heap returns blocks of a picture's size at once when they are freed.
 void returnFreeMemory() {}
 
 } // namespace pevrix

@@ -65,6 +65,9 @@ QProcessEnvironment Subject::environmentIn(const Build& build, const QString& fo
     // Freed memory that is kept to catch its late users is bounded, or it would look like a leak.
     environment.insert(u"ASAN_OPTIONS"_s,
                        u"quarantine_size_mb=16:allocator_release_to_os_interval_ms=500"_s);
+    // A picture goes back to the system when it is freed. The program itself lets the heap keep such
+    // blocks, which saves it work with every picture but hides what a leak adds.
+    environment.insert(u"MALLOC_MMAP_THRESHOLD_"_s, u"1048576"_s);
     if (build.sanitized) { // it would report the leaks of the graphics driver
         environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
     }
